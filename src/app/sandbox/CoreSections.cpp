@@ -1,0 +1,88 @@
+#include "SandboxCommands.h"
+#include "SandboxSession.h"
+#include "ScriptRunner.h"
+
+#include "core/app/AppDelegate.h"
+#include "core/foundation/DefaultsStore.h"
+#include "core/foundation/PlistJson.h"
+#include "core/settings/LanguageManager.h"
+#include "core/settings/PrefKey.h"
+#include "core/settings/Preferences.h"
+#include "platform/sim/SimLoginItems.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+
+namespace ravlin::sandbox {
+namespace {
+
+QJsonArray sortedArray(const QSet<QString>& set)
+{
+    QStringList list(set.cbegin(), set.cend());
+    list.sort();
+    return QJsonArray::fromStringList(list);
+}
+
+QJsonValue preferencesSection(SandboxSession& s, bool)
+{
+    const Preferences& p = s.app().preferences();
+    QJsonArray systemIDs;
+    for (std::int64_t id : p.hiddenSystemItemIDs())
+        systemIDs.append(qint64(id));
+    return QJsonObject{
+        {QStringLiteral("launchAtLogin"), p.launchAtLogin()},
+        {QStringLiteral("autoRehide"), p.autoRehide()},
+        {QStringLiteral("rehideInterval"), p.rehideInterval()},
+        {QStringLiteral("enableAlwaysHidden"), p.enableAlwaysHidden()},
+        {QStringLiteral("revealOnHover"), p.revealOnHover()},
+        {QStringLiteral("appLanguage"), p.appLanguage()},
+        {QStringLiteral("tileStyle"), tileStyleRawValue(p.tileStyle())},
+        {QStringLiteral("showSystemTiles"), p.showSystemTiles()},
+        {QStringLiteral("showWeather"), p.showWeather()},
+        {QStringLiteral("hiddenItemKeys"), sortedArray(p.hiddenItemKeys())},
+        {QStringLiteral("barPinnedKeys"), sortedArray(p.barPinnedKeys())},
+        {QStringLiteral("hiddenBundleIDs"), sortedArray(p.hiddenBundleIDs())},
+        {QStringLiteral("hiddenSystemItemIDs"), systemIDs},
+        {QStringLiteral("hideSpotlight"), p.hideSpotlight()},
+    };
+}
+
+QJsonValue processSection(SandboxSession& s, bool)
+{
+    const ProcessState& p = s.process();
+    return QJsonObject{
+        {QStringLiteral("running"), p.running},
+        {QStringLiteral("exitCode"), p.exitCode ? QJsonValue(*p.exitCode) : QJsonValue()},
+        {QStringLiteral("terminateRequested"), p.terminateRequested},
+        {QStringLiteral("activationPolicy"), p.activationPolicy},
+    };
+}
+
+QJsonValue languageSection(SandboxSession& s, bool)
+{
+    const LanguageManager& lm = s.app().languageManager();
+    const PlistValue apple = s.defaults().persistentValue(PrefKey::appleLanguages);
+    return QJsonObject{
+        {QStringLiteral("activeCode"), lm.activeCode()},
+        {QStringLiteral("isRTL"), lm.isRTL()},
+        {QStringLiteral("appleLanguages"), PlistJson::toJson(apple)},
+    };
+}
+
+} // namespace
+
+void registerCoreSections(ScriptRunner& runner)
+{
+    runner.addSection(QStringLiteral("time"), [](SandboxSession& s, bool) { return QJsonValue(s.scheduler().now()); });
+    runner.addSection(QStringLiteral("process"), processSection);
+    runner.addSection(QStringLiteral("preferences"), preferencesSection);
+    runner.addSection(QStringLiteral("defaults"), [](SandboxSession& s, bool) {
+        return PlistJson::toJson(PlistValue(s.defaults().persistentDomain()));
+    });
+    runner.addSection(QStringLiteral("language"), languageSection);
+    runner.addSection(QStringLiteral("login"), [](SandboxSession& s, bool) {
+        return QJsonValue(QJsonObject{{QStringLiteral("status"), loginItemStatusName(s.login().status())}});
+    });
+}
+
+} // namespace ravlin::sandbox

@@ -1,0 +1,127 @@
+// ravlin-sandbox: the whole application over a simulated macOS desktop.
+//   --script FILE   run a sandbox script headless, in virtual time
+//   (no --script)   with a display: the sandbox window; without: the built-in demo
+
+#include "DemoScript.h"
+#include "SandboxCommands.h"
+#include "SandboxSession.h"
+#include "ScriptRunner.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QTextStream>
+#include <QVBoxLayout>
+
+#include <cstdio>
+#include <unistd.h>
+
+namespace {
+
+using namespace ravlin::sandbox;
+
+bool hasDisplay()
+{
+    if (qEnvironmentVariable("QT_QPA_PLATFORM") == u"offscreen")
+        return false;
+    return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+}
+
+int runScript(const QString& script, const SandboxSession::Options& options, bool narrate)
+{
+    QTextStream out(stdout);
+    QTextStream errStream(stderr);
+    // The narrated demo keeps its story and its output in one stream, in order.
+    QTextStream& err = narrate ? out : errStream;
+    SandboxSession session(options);
+    ScriptRunner runner(session, out, err);
+    registerAll(runner);
+    runner.setEcho(narrate);
+    const int status = runner.run(script);
+    if (narrate) {
+        err << "\nRavlin sandbox ran headless (no display found): " << runner.commandsRun()
+            << " commands over the simulated desktop in " << session.scheduler().now() << " virtual seconds"
+            << (status == 0 ? ", every expectation held." : ", and stopped early.") << '\n'
+            << "With a display, the same command opens the sandbox window.\n";
+    }
+    return status;
+}
+
+int showWindow(const SandboxSession::Options& options)
+{
+    QString log;
+    QTextStream out(&log);
+    QTextStream err(&log);
+    SandboxSession session(options);
+    ScriptRunner runner(session, out, err);
+    registerAll(runner);
+    runner.setEcho(true);
+    runner.run(demoScript());
+
+    QWidget window;
+    window.setWindowTitle(QStringLiteral("Ravlin Sandbox"));
+    auto* layout = new QVBoxLayout(&window);
+    auto* title = new QLabel(QStringLiteral("<b>Ravlin sandbox</b> — the demo ran over the simulated desktop:"));
+    auto* text = new QPlainTextEdit(log);
+    text->setReadOnly(true);
+    text->setFont(QFont(QStringLiteral("monospace")));
+    layout->addWidget(title);
+    layout->addWidget(text);
+    window.resize(900, 600);
+    window.show();
+    return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QStringList rawArgs;
+    for (int i = 1; i < argc; ++i)
+        rawArgs.append(QString::fromLocal8Bit(argv[i]));
+    const bool scripted = rawArgs.contains(QStringLiteral("--script"));
+    const bool headless = scripted || !hasDisplay();
+    if (headless) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
+            const QByteArray runtime = QDir::tempPath().toLocal8Bit() + "/ravlin-runtime-" + QByteArray::number(getuid());
+            QDir().mkpath(QString::fromLocal8Bit(runtime));
+            QFile::setPermissions(QString::fromLocal8Bit(runtime), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+            qputenv("XDG_RUNTIME_DIR", runtime);
+        }
+    }
+
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Ravlin"));
+    QApplication::setOrganizationDomain(QStringLiteral("vexa.de"));
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Ravlin over a simulated macOS desktop."));
+    parser.addHelpOption();
+    QCommandLineOption scriptOption(QStringLiteral("script"), QStringLiteral("Run a sandbox script ('-' for standard input)."), QStringLiteral("FILE"));
+    QCommandLineOption defaultsOption(QStringLiteral("defaults"), QStringLiteral("Use this property-list file as the settings file."), QStringLiteral("PLIST"));
+    QCommandLineOption logDirOption(QStringLiteral("log-dir"), QStringLiteral("Write the self-test logs here."), QStringLiteral("DIR"));
+    parser.addOptions({scriptOption, defaultsOption, logDirOption});
+    parser.process(app);
+
+    SandboxSession::Options options;
+    options.defaultsPath = parser.value(defaultsOption);
+    options.logDir = parser.value(logDirOption);
+
+    if (parser.isSet(scriptOption)) {
+        const QString path = parser.value(scriptOption);
+        QFile file;
+        const bool opened = path == u"-" ? file.open(stdin, QIODevice::ReadOnly) : (file.setFileName(path), file.open(QIODevice::ReadOnly));
+        if (!opened) {
+            std::fprintf(stderr, "cannot read the script %s: %s\n", qPrintable(path), qPrintable(file.errorString()));
+            return 2;
+        }
+        return runScript(QString::fromUtf8(file.readAll()), options, false);
+    }
+    if (headless)
+        return runScript(demoScript(), options, true);
+    return showWindow(options);
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QStringList>
+
+#include <memory>
+
+namespace ravlin {
+
+class LanguageManager;
+class NotificationCenter;
+class Preferences;
+class Resources;
+class Scheduler;
+struct Platform;
+
+// The application object: owns the single instance of each service of the
+// core and runs the start-up sequence over the platform it is given.
+class AppDelegate {
+public:
+    AppDelegate(Platform& platform, Scheduler& scheduler, const Resources& resources);
+    ~AppDelegate();
+
+    // The start-up sequence, with the process's arguments.
+    void applicationDidFinishLaunching(const QStringList& arguments);
+
+    Platform& platform() const { return m_platform; }
+    Scheduler& scheduler() const { return m_scheduler; }
+    NotificationCenter& notificationCenter() const { return *m_notifications; }
+    Preferences& preferences() const { return *m_preferences; }
+    LanguageManager& languageManager() const { return *m_language; }
+    bool launched() const { return m_launched; }
+
+private:
+    Platform& m_platform;
+    Scheduler& m_scheduler;
+    std::unique_ptr<NotificationCenter> m_notifications;
+    std::unique_ptr<Preferences> m_preferences;
+    std::unique_ptr<LanguageManager> m_language;
+    bool m_launched = false;
+};
+
+} // namespace ravlin

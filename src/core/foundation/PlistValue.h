@@ -1,0 +1,73 @@
+#pragma once
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QMap>
+#include <QString>
+#include <QStringList>
+
+#include <cstdint>
+#include <optional>
+#include <variant>
+#include <vector>
+
+namespace ravlin {
+
+class PlistValue;
+using PlistArray = std::vector<PlistValue>;
+using PlistDict = QMap<QString, PlistValue>;
+
+// One property-list value: what the user defaults store and the window server's
+// dictionaries hold. An absent value (null) stands for "no value".
+class PlistValue {
+public:
+    enum class Type { Null, Bool, Integer, Real, String, Date, Data, Array, Dict };
+
+    PlistValue() = default;
+    PlistValue(bool b) : m_v(b) {}
+    PlistValue(int i) : m_v(std::int64_t(i)) {}
+    PlistValue(std::int64_t i) : m_v(i) {}
+    PlistValue(long long i) : m_v(std::int64_t(i)) {}
+    PlistValue(double d) : m_v(d) {}
+    PlistValue(const char*) = delete; // say QStringLiteral or u"…"_s: no implicit ASCII casts
+    PlistValue(QString s) : m_v(std::move(s)) {}
+    PlistValue(QDateTime d) : m_v(std::move(d)) {}
+    PlistValue(QByteArray d) : m_v(std::move(d)) {}
+    PlistValue(PlistArray a) : m_v(std::move(a)) {}
+    PlistValue(PlistDict d) : m_v(std::move(d)) {}
+
+    static PlistValue fromStringList(const QStringList& list);
+
+    Type type() const { return Type(m_v.index()); }
+    bool isNull() const { return type() == Type::Null; }
+    bool isBool() const { return type() == Type::Bool; }
+    bool isInteger() const { return type() == Type::Integer; }
+    bool isReal() const { return type() == Type::Real; }
+    bool isNumber() const { return isInteger() || isReal() || isBool(); }
+    bool isString() const { return type() == Type::String; }
+    bool isArray() const { return type() == Type::Array; }
+    bool isDict() const { return type() == Type::Dict; }
+
+    // Strict accessors: absent unless the value has exactly that shape.
+    std::optional<bool> asBool() const;
+    std::optional<std::int64_t> asInteger() const; // integers, and reals without fraction
+    std::optional<double> asDouble() const;        // any number
+    std::optional<QString> asString() const;
+    const PlistArray* asArray() const;
+    const PlistDict* asDict() const;
+    std::optional<QDateTime> asDate() const;
+    std::optional<QByteArray> asData() const;
+
+    // Dictionary member, or null.
+    const PlistValue& operator[](const QString& key) const;
+
+    bool operator==(const PlistValue& other) const;
+    bool operator!=(const PlistValue& other) const { return !(*this == other); }
+
+private:
+    std::variant<std::monostate, bool, std::int64_t, double, QString, QDateTime, QByteArray,
+                 PlistArray, PlistDict>
+        m_v;
+};
+
+} // namespace ravlin

@@ -1,0 +1,130 @@
+#include "PrintfFormat.h"
+
+namespace ravlin {
+namespace {
+
+struct Spec {
+    qsizetype start = 0;
+    qsizetype end = 0; // one past the conversion character
+    int position = -1; // explicit n$ argument, 0-based
+    QString flags;
+    QString width;
+    QString precision; // with its dot
+    QChar conversion;
+};
+
+bool isLengthChar(QChar c)
+{
+    return c == u'h' || c == u'l' || c == u'q' || c == u'L' || c == u'z' || c == u't' || c == u'j';
+}
+
+bool isConversion(QChar c)
+{
+    static const QString conversions = QStringLiteral("@diouxXfFeEgGaAsScCp");
+    return conversions.contains(c);
+}
+
+// Reads one conversion starting at a '%'; false when the text there is not one.
+bool readSpec(const QString& f, qsizetype at, Spec& spec)
+{
+    spec = Spec{};
+    spec.start = at;
+    qsizetype i = at + 1;
+    qsizetype digits = i;
+    while (digits < f.size() && f[digits].isDigit())
+        ++digits;
+    if (digits > i && digits < f.size() && f[digits] == u'$') {
+        spec.position = f.mid(i, digits - i).toInt() - 1;
+        i = digits + 1;
+    }
+    while (i < f.size() && QStringView(u"-+ #0'").contains(f[i]))
+        spec.flags += f[i++];
+    while (i < f.size() && f[i].isDigit())
+        spec.width += f[i++];
+    if (i < f.size() && f[i] == u'.') {
+        spec.precision += f[i++];
+        while (i < f.size() && f[i].isDigit())
+            spec.precision += f[i++];
+    }
+    while (i < f.size() && isLengthChar(f[i]))
+        ++i;
+    if (i >= f.size() || !isConversion(f[i]))
+        return false;
+    spec.conversion = f[i];
+    spec.end = i + 1;
+    return true;
+}
+
+QString pad(QString text, const Spec& spec)
+{
+    const int width = spec.width.toInt();
+    if (text.size() >= width)
+        return text;
+    return spec.flags.contains(u'-') ? text.leftJustified(width) : text.rightJustified(width);
+}
+
+QString formatOne(const Spec& spec, const QVariant& arg)
+{
+    const QChar c = spec.conversion;
+    const QByteArray cFormat = (u'%' + spec.flags + spec.width + spec.precision).toLatin1();
+    if (c == u'@' || c == u's' || c == u'S')
+        return pad(arg.isValid() ? arg.toString() : QString(), spec);
+    if (c == u'c' || c == u'C')
+        return pad(QString(QChar(char16_t(arg.toUInt()))), spec);
+    if (c == u'd' || c == u'i')
+        return QString::asprintf((cFormat + "lld").constData(), arg.toLongLong());
+    if (c == u'u' || c == u'o' || c == u'x' || c == u'X' || c == u'p')
+        return QString::asprintf((cFormat + "ll" + (c == u'p' ? 'x' : char(c.unicode()))).constData(),
+                                 arg.toULongLong());
+    return QString::asprintf((cFormat + char(c.unicode())).constData(), arg.toDouble());
+}
+
+} // namespace
+
+QString formatPrintf(const QString& format, const QVariantList& args)
+{
+    QString out;
+    out.reserve(format.size() + 16);
+    int next = 0;
+    for (qsizetype i = 0; i < format.size();) {
+        if (format[i] != u'%') {
+            out += format[i++];
+            continue;
+        }
+        if (i + 1 < format.size() && format[i + 1] == u'%') {
+            out += u'%';
+            i += 2;
+            continue;
+        }
+        Spec spec;
+        if (!readSpec(format, i, spec)) {
+            out += format[i++];
+            continue;
+        }
+        const int index = spec.position >= 0 ? spec.position : next++;
+        out += formatOne(spec, index < args.size() ? args[index] : QVariant());
+        i = spec.end;
+    }
+    return out;
+}
+
+QStringList printfPlaceholders(const QString& format)
+{
+    QStringList found;
+    for (qsizetype i = 0; i < format.size(); ++i) {
+        if (format[i] != u'%')
+            continue;
+        if (i + 1 < format.size() && format[i + 1] == u'%') {
+            ++i;
+            continue;
+        }
+        Spec spec;
+        if (readSpec(format, i, spec)) {
+            found.append(format.mid(spec.start, spec.end - spec.start));
+            i = spec.end - 1;
+        }
+    }
+    return found;
+}
+
+} // namespace ravlin

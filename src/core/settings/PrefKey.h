@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QString>
+
+namespace ravlin::PrefKey {
+
+// The stored names of the settings. Note hiddenSystemItems, whose stored name differs.
+inline const QString launchAtLogin = QStringLiteral("launchAtLogin");
+inline const QString autoRehide = QStringLiteral("autoRehide");
+inline const QString rehideInterval = QStringLiteral("rehideInterval");
+inline const QString enableAlwaysHidden = QStringLiteral("enableAlwaysHidden");
+inline const QString revealOnHover = QStringLiteral("revealOnHover");
+inline const QString appLanguage = QStringLiteral("appLanguage");
+inline const QString tileStyle = QStringLiteral("tileStyle");
+inline const QString showSystemTiles = QStringLiteral("showSystemTiles");
+inline const QString showWeather = QStringLiteral("showWeather");
+inline const QString hiddenItems = QStringLiteral("hiddenItems");
+inline const QString barPinnedItems = QStringLiteral("barPinnedItems");
+inline const QString hiddenBundleIDs = QStringLiteral("hiddenBundleIDs");
+inline const QString hiddenSystemItems = QStringLiteral("hiddenSystemItemIDs");
+inline const QString hideSpotlight = QStringLiteral("hideSpotlight");
+
+// Keys kept beside the settings.
+inline const QString appleLanguages = QStringLiteral("AppleLanguages");
+inline const QString seededPositions = QStringLiteral("seededPositionsV1");
+inline const QString tileOrder = QStringLiteral("ravlin.tileOrder");
+inline const QString labelCache = QStringLiteral("ravlin.labelCache");
+
+} // namespace ravlin::PrefKey

@@ -1,0 +1,224 @@
+#include "Preferences.h"
+
+#include "LaunchAtLogin.h"
+#include "PrefKey.h"
+#include "core/foundation/DefaultsStore.h"
+#include "core/foundation/NotificationCenter.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace ravlin {
+namespace {
+
+PlistValue sortedList(const QSet<QString>& set)
+{
+    QStringList list(set.cbegin(), set.cend());
+    list.sort();
+    return PlistValue::fromStringList(list);
+}
+
+// A list element counts when it is a number (its integer value) or text that
+// parses as a decimal integer.
+std::optional<std::int64_t> integerElement(const PlistValue& element)
+{
+    if (element.isBool())
+        return *element.asBool() ? 1 : 0;
+    if (auto i = element.asInteger())
+        return i;
+    if (auto s = element.asString()) {
+        bool ok = false;
+        const qlonglong value = s->trimmed().toLongLong(&ok, 10);
+        if (ok)
+            return value;
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+Preferences::Preferences(DefaultsStore& defaults, NotificationCenter& center, LoginItems* loginItems)
+    : m_defaults(defaults), m_center(center), m_loginItems(loginItems)
+{
+}
+
+void Preferences::registerDefaults()
+{
+    m_defaults.registerDefaults({
+        {PrefKey::launchAtLogin, false},
+        {PrefKey::autoRehide, true},
+        {PrefKey::rehideInterval, 15},
+        {PrefKey::enableAlwaysHidden, false},
+        {PrefKey::revealOnHover, false},
+        {PrefKey::appLanguage, QString()},
+        {PrefKey::tileStyle, tileStyleRawValue(TileStyle::Dashboard)},
+        {PrefKey::showSystemTiles, true},
+        {PrefKey::showWeather, true},
+    });
+}
+
+void Preferences::changed()
+{
+    Q_EMIT willChange();
+    m_center.post(ravlinPrefsChanged);
+}
+
+void Preferences::writeBool(const QString& key, bool on)
+{
+    m_defaults.set(key, on);
+    changed();
+}
+
+bool Preferences::launchAtLogin() const { return m_defaults.boolForKey(PrefKey::launchAtLogin); }
+
+void Preferences::setLaunchAtLogin(bool on)
+{
+    m_defaults.set(PrefKey::launchAtLogin, on);
+    if (m_loginItems)
+        LaunchAtLogin::setEnabled(*m_loginItems, on);
+    changed();
+}
+
+bool Preferences::autoRehide() const { return m_defaults.boolForKey(PrefKey::autoRehide); }
+void Preferences::setAutoRehide(bool on) { writeBool(PrefKey::autoRehide, on); }
+
+int Preferences::rehideInterval() const
+{
+    const std::int64_t stored = m_defaults.integerForKey(PrefKey::rehideInterval);
+    return int(std::clamp<std::int64_t>(stored, 1, std::numeric_limits<int>::max()));
+}
+
+void Preferences::setRehideInterval(std::int64_t seconds)
+{
+    m_defaults.set(PrefKey::rehideInterval, seconds);
+    changed();
+}
+
+bool Preferences::enableAlwaysHidden() const { return m_defaults.boolForKey(PrefKey::enableAlwaysHidden); }
+void Preferences::setEnableAlwaysHidden(bool on) { writeBool(PrefKey::enableAlwaysHidden, on); }
+bool Preferences::revealOnHover() const { return m_defaults.boolForKey(PrefKey::revealOnHover); }
+void Preferences::setRevealOnHover(bool on) { writeBool(PrefKey::revealOnHover, on); }
+
+QString Preferences::appLanguage() const
+{
+    return m_defaults.stringForKey(PrefKey::appLanguage).value_or(QString());
+}
+
+void Preferences::setAppLanguage(const QString& code)
+{
+    m_defaults.set(PrefKey::appLanguage, code);
+    changed();
+}
+
+TileStyle Preferences::tileStyle() const
+{
+    const QString raw = m_defaults.stringForKey(PrefKey::tileStyle).value_or(QString());
+    return tileStyleFromRawValue(raw).value_or(TileStyle::Dashboard);
+}
+
+void Preferences::setTileStyle(TileStyle style)
+{
+    m_defaults.set(PrefKey::tileStyle, tileStyleRawValue(style));
+    changed();
+}
+
+bool Preferences::showSystemTiles() const { return m_defaults.boolForKey(PrefKey::showSystemTiles); }
+void Preferences::setShowSystemTiles(bool on) { writeBool(PrefKey::showSystemTiles, on); }
+bool Preferences::showWeather() const { return m_defaults.boolForKey(PrefKey::showWeather); }
+void Preferences::setShowWeather(bool on) { writeBool(PrefKey::showWeather, on); }
+bool Preferences::hideSpotlight() const { return m_defaults.boolForKey(PrefKey::hideSpotlight); }
+void Preferences::setHideSpotlight(bool on) { writeBool(PrefKey::hideSpotlight, on); }
+
+QSet<QString> Preferences::stringSet(const QString& key) const
+{
+    const QStringList list = m_defaults.stringArrayForKey(key).value_or(QStringList());
+    return QSet<QString>(list.cbegin(), list.cend());
+}
+
+void Preferences::writeStringSet(const QString& key, const QSet<QString>& set)
+{
+    m_defaults.set(key, sortedList(set));
+    changed();
+}
+
+QSet<QString> Preferences::hiddenItemKeys() const { return stringSet(PrefKey::hiddenItems); }
+void Preferences::setHiddenItemKeys(const QSet<QString>& keys) { writeStringSet(PrefKey::hiddenItems, keys); }
+QSet<QString> Preferences::barPinnedKeys() const { return stringSet(PrefKey::barPinnedItems); }
+void Preferences::setBarPinnedKeys(const QSet<QString>& keys) { writeStringSet(PrefKey::barPinnedItems, keys); }
+QSet<QString> Preferences::hiddenBundleIDs() const { return stringSet(PrefKey::hiddenBundleIDs); }
+void Preferences::setHiddenBundleIDs(const QSet<QString>& ids) { writeStringSet(PrefKey::hiddenBundleIDs, ids); }
+
+std::set<std::int64_t> Preferences::hiddenSystemItemIDs() const
+{
+    std::set<std::int64_t> ids;
+    const PlistArray list = m_defaults.arrayForKey(PrefKey::hiddenSystemItems).value_or(PlistArray());
+    for (const PlistValue& element : list) {
+        if (auto id = integerElement(element))
+            ids.insert(*id);
+    }
+    return ids;
+}
+
+void Preferences::setHiddenSystemItemIDs(const std::set<std::int64_t>& ids)
+{
+    PlistArray list;
+    for (std::int64_t id : ids)
+        list.emplace_back(id);
+    m_defaults.set(PrefKey::hiddenSystemItems, PlistValue(std::move(list)));
+    changed();
+}
+
+void Preferences::setItem(const QString& key, bool hidden)
+{
+    QSet<QString> set = hiddenItemKeys();
+    hidden ? void(set.insert(key)) : void(set.remove(key));
+    setHiddenItemKeys(set);
+}
+
+void Preferences::setBundle(const QString& bundleID, bool hidden)
+{
+    QSet<QString> set = hiddenBundleIDs();
+    hidden ? void(set.insert(bundleID)) : void(set.remove(bundleID));
+    setHiddenBundleIDs(set);
+}
+
+void Preferences::setSystemItem(std::int64_t id, bool hidden)
+{
+    std::set<std::int64_t> set = hiddenSystemItemIDs();
+    hidden ? void(set.insert(id)) : void(set.erase(id));
+    setHiddenSystemItemIDs(set);
+}
+
+ItemPlacement Preferences::placement(const QString& key) const
+{
+    if (isPinned(key))
+        return ItemPlacement::Bar;
+    if (isItemHidden(key))
+        return ItemPlacement::Off;
+    return ItemPlacement::Panel;
+}
+
+void Preferences::setPlacement(const QString& key, ItemPlacement placement)
+{
+    QSet<QString> pinned = barPinnedKeys();
+    QSet<QString> hidden = hiddenItemKeys();
+    switch (placement) {
+    case ItemPlacement::Bar:
+        pinned.insert(key);
+        hidden.remove(key);
+        break;
+    case ItemPlacement::Panel:
+        pinned.remove(key);
+        hidden.remove(key);
+        break;
+    case ItemPlacement::Off:
+        pinned.remove(key);
+        hidden.insert(key);
+        break;
+    }
+    m_defaults.set(PrefKey::barPinnedItems, sortedList(pinned));
+    m_defaults.set(PrefKey::hiddenItems, sortedList(hidden));
+    changed();
+}
+
+} // namespace ravlin

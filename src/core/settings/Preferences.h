@@ -1,0 +1,90 @@
+#pragma once
+
+#include "ItemPlacement.h"
+#include "TileStyle.h"
+
+#include <QObject>
+#include <QSet>
+#include <QString>
+
+#include <set>
+
+namespace ravlin {
+
+class DefaultsStore;
+class LoginItems;
+class NotificationCenter;
+class PlistValue;
+
+inline const QString ravlinPrefsChanged = QStringLiteral("de.vexa.Ravlin.prefsChanged");
+
+// The user's settings: every read goes to the defaults store, every setter
+// writes through at once and then announces the change (will-change signal
+// first, then the prefsChanged notification).
+class Preferences : public QObject {
+    Q_OBJECT
+public:
+    Preferences(DefaultsStore& defaults, NotificationCenter& center, LoginItems* loginItems);
+
+    // Registers the defaults that answer reads of keys the user never set (never written to disk).
+    void registerDefaults();
+
+    bool launchAtLogin() const;
+    void setLaunchAtLogin(bool on);
+    bool autoRehide() const;
+    void setAutoRehide(bool on);
+    int rehideInterval() const; // at least 1
+    void setRehideInterval(std::int64_t seconds);
+    bool enableAlwaysHidden() const;
+    void setEnableAlwaysHidden(bool on);
+    bool revealOnHover() const;
+    void setRevealOnHover(bool on);
+    QString appLanguage() const;
+    void setAppLanguage(const QString& code);
+    TileStyle tileStyle() const;
+    void setTileStyle(TileStyle style);
+    bool showSystemTiles() const;
+    void setShowSystemTiles(bool on);
+    bool showWeather() const;
+    void setShowWeather(bool on);
+    bool hideSpotlight() const;
+    void setHideSpotlight(bool on);
+
+    QSet<QString> hiddenItemKeys() const;
+    void setHiddenItemKeys(const QSet<QString>& keys);
+    QSet<QString> barPinnedKeys() const;
+    void setBarPinnedKeys(const QSet<QString>& keys);
+    QSet<QString> hiddenBundleIDs() const;
+    void setHiddenBundleIDs(const QSet<QString>& ids);
+    std::set<std::int64_t> hiddenSystemItemIDs() const;
+    void setHiddenSystemItemIDs(const std::set<std::int64_t>& ids);
+
+    bool isItemHidden(const QString& key) const { return hiddenItemKeys().contains(key); }
+    bool isPinned(const QString& key) const { return barPinnedKeys().contains(key); }
+    bool isBundleHidden(const QString& bundleID) const { return hiddenBundleIDs().contains(bundleID); }
+    bool isSystemItemHidden(std::int64_t id) const { return hiddenSystemItemIDs().count(id) > 0; }
+
+    void setItem(const QString& key, bool hidden);
+    void setBundle(const QString& bundleID, bool hidden);
+    void setSystemItem(std::int64_t id, bool hidden);
+
+    ItemPlacement placement(const QString& key) const;
+    void setPlacement(const QString& key, ItemPlacement placement);
+
+    DefaultsStore& defaults() const { return m_defaults; }
+
+Q_SIGNALS:
+    void willChange();
+
+private:
+    QSet<QString> stringSet(const QString& key) const;
+    void writeStringSet(const QString& key, const QSet<QString>& set);
+    void writeBool(const QString& key, bool on);
+    void changed();
+
+    DefaultsStore& m_defaults;
+    NotificationCenter& m_center;
+    LoginItems* m_loginItems;
+};
+
+} // namespace ravlin

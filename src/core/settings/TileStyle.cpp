@@ -1,0 +1,36 @@
+#include "TileStyle.h"
+
+namespace ravlin {
+
+QString tileStyleRawValue(TileStyle style)
+{
+    switch (style) {
+    case TileStyle::Dashboard: return QStringLiteral("dashboard");
+    case TileStyle::Capsules: return QStringLiteral("capsules");
+    case TileStyle::Grid: return QStringLiteral("grid");
+    case TileStyle::Strip: return QStringLiteral("strip");
+    }
+    return QStringLiteral("dashboard");
+}
+
+std::optional<TileStyle> tileStyleFromRawValue(const QString& raw)
+{
+    for (TileStyle style : allTileStyles) {
+        if (tileStyleRawValue(style) == raw)
+            return style;
+    }
+    return std::nullopt;
+}
+
+QString tileStyleTitle(TileStyle style)
+{
+    switch (style) {
+    case TileStyle::Dashboard: return QStringLiteral("Dashboard (Ringe)");
+    case TileStyle::Capsules: return QStringLiteral("Kapseln");
+    case TileStyle::Grid: return QStringLiteral("Raster");
+    case TileStyle::Strip: return QStringLiteral("Leiste");
+    }
+    return {};
+}
+
+} // namespace ravlin

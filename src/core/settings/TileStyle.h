@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+#include <array>
+#include <optional>
+
+namespace ravlin {
+
+enum class TileStyle { Dashboard, Capsules, Grid, Strip };
+
+inline constexpr std::array<TileStyle, 4> allTileStyles = {TileStyle::Dashboard, TileStyle::Capsules,
+                                                           TileStyle::Grid, TileStyle::Strip};
+
+QString tileStyleRawValue(TileStyle style);
+std::optional<TileStyle> tileStyleFromRawValue(const QString& raw);
+// The fixed titles offered in menus and the settings window (not localised on purpose).
+QString tileStyleTitle(TileStyle style);
+
+} // namespace ravlin

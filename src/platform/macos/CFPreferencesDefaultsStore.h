@@ -1,0 +1,21 @@
+#pragma once
+
+#include "core/foundation/DefaultsStore.h"
+
+namespace ravlin {
+
+// The application's defaults domain through CFPreferences (the same store NSUserDefaults uses).
+class CFPreferencesDefaultsStore final : public DefaultsStore {
+public:
+    explicit CFPreferencesDefaultsStore(QString applicationID = QStringLiteral("de.vexa.Ravlin"));
+
+    PlistValue persistentValue(const QString& key) const override;
+    PlistDict persistentDomain() const override;
+    void set(const QString& key, const PlistValue& value) override;
+    void remove(const QString& key) override;
+
+private:
+    QString m_applicationID;
+};
+
+} // namespace ravlin

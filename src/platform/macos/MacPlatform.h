@@ -1,0 +1,10 @@
+#pragma once
+
+#include "platform/Platform.h"
+
+namespace ravlin::macos {
+
+// The real macOS services.
+Platform makePlatform();
+
+} // namespace ravlin::macos
