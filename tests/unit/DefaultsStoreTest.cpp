@@ -168,3 +168,13 @@ TEST(PlistFileDefaultsStore, AFailedWriteIsLoggedAndTheValueStaysReadable)
     EXPECT_EQ(store.integerForKey(QStringLiteral("k")), 3);
     EXPECT_GE(log.count(QStringLiteral("cannot write the settings file")), 1);
 }
+
+TEST(PlistCodec, RefusesBytesTheLibraryWouldAbortOnAndBinaryLists)
+{
+    QFile nul(QStringLiteral(RAVLIN_TEST_DATA "/plist/nul-in-string.plist"));
+    ASSERT_TRUE(nul.open(QIODevice::ReadOnly));
+    QString error;
+    EXPECT_FALSE(PlistCodec::parse(nul.readAll(), &error).has_value());
+    EXPECT_TRUE(error.contains(QStringLiteral("NUL")));
+    EXPECT_FALSE(PlistCodec::parse(QByteArray("bplist00\x00\x01", 10)).has_value());
+}

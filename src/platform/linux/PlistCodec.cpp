@@ -19,7 +19,7 @@ struct PlistFree {
 using PlistPtr = std::unique_ptr<void, PlistFree>;
 
 struct CFree {
-    void operator()(char* p) const { std::free(p); }
+    void operator()(char* p) const { std::free(p); } // libplist's strings are malloc'd
 };
 using CString = std::unique_ptr<char, CFree>;
 
@@ -43,19 +43,16 @@ PlistValue fromNode(plist_t node, int depth)
         plist_get_real_val(node, &d);
         return d;
     }
-    case PLIST_STRING:
-    case PLIST_KEY: {
-        char* raw = nullptr;
-        plist_get_string_val(node, &raw);
-        CString s(raw);
-        return QString::fromUtf8(s ? s.get() : "");
+    case PLIST_STRING: {
+        // The pointer form: the copying getter asserts on text with an embedded NUL.
+        uint64_t length = 0;
+        const char* text = plist_get_string_ptr(node, &length);
+        return QString::fromUtf8(text ? text : "", text ? qsizetype(length) : 0);
     }
     case PLIST_DATA: {
-        char* raw = nullptr;
         uint64_t length = 0;
-        plist_get_data_val(node, &raw, &length);
-        CString data(raw);
-        return QByteArray(data ? data.get() : "", data ? qsizetype(length) : 0);
+        const char* data = plist_get_data_ptr(node, &length);
+        return QByteArray(data ? data : "", data ? qsizetype(length) : 0);
     }
     case PLIST_DATE: {
         int32_t sec = 0, usec = 0;
@@ -142,11 +139,15 @@ std::optional<PlistValue> parse(const QByteArray& bytes, QString* error)
             *error = bytes.isEmpty() ? QStringLiteral("empty file") : QStringLiteral("file too large");
         return std::nullopt;
     }
+    // Only XML is read. XML never holds a NUL character, and libplist aborts on
+    // keys that contain one, so such bytes are refused before it sees them.
+    if (bytes.contains('\0')) {
+        if (error)
+            *error = QStringLiteral("not an XML property list (it holds NUL bytes)");
+        return std::nullopt;
+    }
     plist_t root = nullptr; // libplist leaves it untouched on some failures
-    if (bytes.startsWith("bplist00"))
-        plist_from_bin(bytes.constData(), uint32_t(bytes.size()), &root);
-    else
-        plist_from_xml(bytes.constData(), uint32_t(bytes.size()), &root);
+    plist_from_xml(bytes.constData(), uint32_t(bytes.size()), &root);
     PlistPtr owner(root);
     if (!root) {
         if (error)
