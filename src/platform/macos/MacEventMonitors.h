@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/EventMonitors.h"
+
+namespace ravlin {
+
+// NSEvent global monitors: they see only events sent to other applications.
+class MacEventMonitors final : public EventMonitors {
+public:
+    std::unique_ptr<Monitor> addGlobalMonitor(int kinds, std::function<void(Kind)> handler) override;
+};
+
+} // namespace ravlin
