@@ -10,6 +10,20 @@ namespace {
 // How long one request may look for a position, in milliseconds.
 constexpr int requestTimeoutMs = 30000;
 
+QString errorText(QGeoPositionInfoSource::Error error)
+{
+    switch (error) {
+    case QGeoPositionInfoSource::AccessError:
+        return QStringLiteral("access to the position source refused (no location service, or the user said no)");
+    case QGeoPositionInfoSource::ClosedError:
+        return QStringLiteral("the position source closed");
+    case QGeoPositionInfoSource::UpdateTimeoutError:
+        return QStringLiteral("no position within the time allowed");
+    default:
+        return QStringLiteral("position source error %1").arg(int(error));
+    }
+}
+
 } // namespace
 
 QtPositioningLocationService::QtPositioningLocationService()
@@ -41,7 +55,7 @@ void QtPositioningLocationService::connectSource()
                          if (error == QGeoPositionInfoSource::AccessError)
                              setStatus(LocationAuthorization::Denied);
                          if (m_delegate)
-                             m_delegate->locationFailed(QStringLiteral("position source error %1").arg(int(error)));
+                             m_delegate->locationFailed(errorText(error));
                      });
 }
 
