@@ -113,6 +113,10 @@ TEST_F(WeatherHttpTest, MissingCodeKeepsTheOldOneAndEmptyListsClearTheRange)
     EXPECT_EQ(weather.code(), 61);
     EXPECT_FALSE(weather.high());
     EXPECT_FALSE(weather.low());
+    // A parsed answer counts as fetched, figures or not.
+    weather.refreshIfStale();
+    scheduler.runDue();
+    EXPECT_EQ(server.requestHeads().size(), 2);
 }
 
 TEST_F(WeatherHttpTest, TheHttpStatusIsNotLookedAtOnlyTheBody)

@@ -67,54 +67,6 @@ TEST_F(WeatherServiceTest, RefreshesAtMostOnceInTenMinutes)
     EXPECT_EQ(http.requests().size(), 2);
 }
 
-TEST_F(WeatherServiceTest, AFailedRequestLeavesEverythingAndTheNextRefreshTriesAgain)
-{
-    refresh();
-    http.setAnswer(std::nullopt);
-    scheduler.advance(601);
-    refresh();
-    EXPECT_EQ(weather.temp(), 12.5);
-    EXPECT_EQ(weather.high(), 15.1);
-    refresh(); // not fresh: the failure did not count as a fetch
-    EXPECT_EQ(http.requests().size(), 3);
-}
-
-TEST_F(WeatherServiceTest, GarbageOrAnErrorPageChangesNothingAndIsRetried)
-{
-    refresh();
-    scheduler.advance(601);
-    for (const char* body : {"garbage", "<html><h1>500 Internal Server Error</h1></html>", "[1,2]"}) {
-        http.setAnswer(QByteArray(body));
-        refresh();
-    }
-    EXPECT_EQ(http.requests().size(), 4);
-    EXPECT_EQ(weather.code(), 3);
-    EXPECT_EQ(weather.low(), 8.2);
-}
-
-TEST_F(WeatherServiceTest, AnAnswerWithoutCodeKeepsTheCodeButCountsAsFetched)
-{
-    refresh();
-    scheduler.advance(601);
-    http.setAnswer(R"({"current":{"temperature_2m":20},"daily":{"temperature_2m_max":[21],"temperature_2m_min":[9]}})");
-    refresh();
-    EXPECT_EQ(weather.temp(), 20.0);
-    EXPECT_EQ(weather.code(), 3);
-    refresh();
-    EXPECT_EQ(http.requests().size(), 2);
-}
-
-TEST_F(WeatherServiceTest, EmptyDailyListsClearHighAndLow)
-{
-    refresh();
-    scheduler.advance(601);
-    http.setAnswer(R"({"current":{"temperature_2m":20,"weather_code":0},"daily":{"temperature_2m_max":[],"temperature_2m_min":[]}})");
-    refresh();
-    EXPECT_FALSE(weather.high());
-    EXPECT_FALSE(weather.low());
-    EXPECT_EQ(weather.code(), 0);
-}
-
 TEST_F(WeatherServiceTest, ThePlaceNameFallsBackToTheWiderAreas)
 {
     struct Case {
