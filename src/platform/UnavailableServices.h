@@ -24,14 +24,20 @@ class UnavailableLocationService final : public LocationService {
 public:
     void setDelegate(LocationServiceDelegate*) override {}
     void setDesiredAccuracy(double) override {}
-    LocationAuthorization authorizationStatus() const override { return LocationAuthorization::Restricted; }
+    LocationAuthorization authorizationStatus() const override
+    {
+        return LocationAuthorization::Restricted;
+    }
     void requestWhenInUseAuthorization() override {}
     void requestLocation() override {}
 };
 
 class UnavailableGeocoder final : public Geocoder {
 public:
-    void reverseGeocode(const Coordinate&, Completion completion) override { completion(std::nullopt); }
+    void reverseGeocode(const Coordinate&, Completion completion) override
+    {
+        completion(std::nullopt);
+    }
 };
 
 class UnavailableHttpClient final : public HttpClient {

@@ -19,7 +19,8 @@ std::optional<Forecast> parse(const char* json)
 
 TEST(ForecastParser, AGoodAnswerGivesAllFourFigures)
 {
-    const auto f = parse(R"({"latitude":52.52,"current":{"time":"2026-01-05T09:00","temperature_2m":-1.4,"weather_code":71},
+    const auto f = parse(
+        R"({"latitude":52.52,"current":{"time":"2026-01-05T09:00","temperature_2m":-1.4,"weather_code":71},
                              "daily":{"time":["2026-01-05"],"temperature_2m_max":[0.5],"temperature_2m_min":[-4.25]}})");
     ASSERT_TRUE(f);
     EXPECT_EQ(*f, (Forecast{-1.4, 71, 0.5, -4.25}));
@@ -27,11 +28,13 @@ TEST(ForecastParser, AGoodAnswerGivesAllFourFigures)
 
 TEST(ForecastParser, MissingOrMistypedMembersAreAbsentOneByOne)
 {
-    const auto noCode = parse(R"({"current":{"temperature_2m":3},"daily":{"temperature_2m_max":[5],"temperature_2m_min":[1]}})");
+    const auto noCode = parse(
+        R"({"current":{"temperature_2m":3},"daily":{"temperature_2m_max":[5],"temperature_2m_min":[1]}})");
     ASSERT_TRUE(noCode);
     EXPECT_EQ(*noCode, (Forecast{3.0, std::nullopt, 5.0, 1.0}));
 
-    const auto strings = parse(R"({"current":{"temperature_2m":"3","weather_code":"2"},"daily":{"temperature_2m_max":5}})");
+    const auto strings = parse(
+        R"({"current":{"temperature_2m":"3","weather_code":"2"},"daily":{"temperature_2m_max":5}})");
     ASSERT_TRUE(strings);
     EXPECT_EQ(*strings, Forecast{});
 
@@ -55,7 +58,8 @@ TEST(ForecastParser, EmptyOrImpureDailyListsGiveNoHighOrLow)
     EXPECT_FALSE(empty->high);
     EXPECT_FALSE(empty->low);
 
-    const auto impure = parse(R"({"daily":{"temperature_2m_max":[4, null],"temperature_2m_min":[2, 3]}})");
+    const auto impure =
+        parse(R"({"daily":{"temperature_2m_max":[4, null],"temperature_2m_min":[2, 3]}})");
     ASSERT_TRUE(impure);
     EXPECT_FALSE(impure->high); // one element that is not a number spoils the list
     EXPECT_EQ(impure->low, 2.0);
@@ -74,23 +78,28 @@ TEST(ForecastParser, AnythingButAJsonObjectIsNoAnswer)
 
 TEST(ForecastRequest, CoordinatesGoWithThreeDecimalsAndTheQueryInItsOrder)
 {
-    const QUrl url = ForecastRequest::url(QUrl(QStringLiteral("https://api.open-meteo.com/v1/forecast")),
-                                          Coordinate{52.52003, -0.1278});
+    const QUrl url =
+        ForecastRequest::url(QUrl(QStringLiteral("https://api.open-meteo.com/v1/forecast")),
+                             Coordinate{52.52003, -0.1278});
     EXPECT_EQ(url.toString(QUrl::FullyEncoded),
-              QStringLiteral("https://api.open-meteo.com/v1/forecast?latitude=52.520&longitude=-0.128"
-                             "&current=temperature_2m,weather_code&daily=temperature_2m_max,temperature_2m_min"
-                             "&timezone=auto&forecast_days=1"));
+              QStringLiteral(
+                  "https://api.open-meteo.com/v1/forecast?latitude=52.520&longitude=-0.128"
+                  "&current=temperature_2m,weather_code&daily=temperature_2m_max,temperature_2m_min"
+                  "&timezone=auto&forecast_days=1"));
 }
 
 TEST(ForecastRequest, TheEndpointCanBeMovedByTheEnvironment)
 {
     const QByteArray saved = qgetenv("RAVLIN_FORECAST_URL");
     qunsetenv("RAVLIN_FORECAST_URL");
-    EXPECT_EQ(ForecastRequest::defaultEndpoint(), QUrl(QStringLiteral("https://api.open-meteo.com/v1/forecast")));
+    EXPECT_EQ(ForecastRequest::defaultEndpoint(),
+              QUrl(QStringLiteral("https://api.open-meteo.com/v1/forecast")));
     qputenv("RAVLIN_FORECAST_URL", "http://127.0.0.1:8123");
-    EXPECT_EQ(ForecastRequest::defaultEndpoint(), QUrl(QStringLiteral("http://127.0.0.1:8123/v1/forecast")));
+    EXPECT_EQ(ForecastRequest::defaultEndpoint(),
+              QUrl(QStringLiteral("http://127.0.0.1:8123/v1/forecast")));
     qputenv("RAVLIN_FORECAST_URL", "http://127.0.0.1:8123/custom/path");
-    EXPECT_EQ(ForecastRequest::defaultEndpoint(), QUrl(QStringLiteral("http://127.0.0.1:8123/custom/path")));
+    EXPECT_EQ(ForecastRequest::defaultEndpoint(),
+              QUrl(QStringLiteral("http://127.0.0.1:8123/custom/path")));
     qputenv("RAVLIN_FORECAST_URL", "not a url at all");
     EXPECT_EQ(ForecastRequest::defaultEndpoint().host(), QStringLiteral("api.open-meteo.com"));
     if (saved.isNull())
@@ -101,10 +110,13 @@ TEST(ForecastRequest, TheEndpointCanBeMovedByTheEnvironment)
 
 TEST(WeatherDescribe, TheTableMapsCodesToSymbolAndGermanText)
 {
-    EXPECT_EQ(WeatherService::describe(std::nullopt), (WeatherDescription{QStringLiteral("cloud.fill"), QStringLiteral("—")}));
-    EXPECT_EQ(WeatherService::describe(4), (WeatherDescription{QStringLiteral("cloud.fill"), QStringLiteral("—")}));
+    EXPECT_EQ(WeatherService::describe(std::nullopt),
+              (WeatherDescription{QStringLiteral("cloud.fill"), QStringLiteral("—")}));
+    EXPECT_EQ(WeatherService::describe(4),
+              (WeatherDescription{QStringLiteral("cloud.fill"), QStringLiteral("—")}));
     EXPECT_EQ(WeatherService::describe(96),
-              (WeatherDescription{QStringLiteral("cloud.bolt.rain.fill"), QStringLiteral("Gewitter mit Hagel")}));
+              (WeatherDescription{QStringLiteral("cloud.bolt.rain.fill"),
+                                  QStringLiteral("Gewitter mit Hagel")}));
     EXPECT_EQ(WeatherService::describe(1).symbol, QStringLiteral("sun.max.fill"));
     EXPECT_EQ(WeatherService::describe(1).text, QStringLiteral("Überwiegend klar"));
     EXPECT_EQ(WeatherService::describe(48).text, QStringLiteral("Nebel"));

@@ -17,8 +17,9 @@ QUrl LocalHttpServer::url(const QString& path) const
 
 void LocalHttpServer::setJson(int status, const QByteArray& body)
 {
-    setResponse("HTTP/1.1 " + QByteArray::number(status) + " X\r\nContent-Type: application/json\r\nContent-Length: "
-                + QByteArray::number(body.size()) + "\r\nConnection: close\r\n\r\n" + body);
+    setResponse("HTTP/1.1 " + QByteArray::number(status) +
+                " X\r\nContent-Type: application/json\r\nContent-Length: " +
+                QByteArray::number(body.size()) + "\r\nConnection: close\r\n\r\n" + body);
 }
 
 QByteArray LocalHttpServer::target(int n) const

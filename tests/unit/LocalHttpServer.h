@@ -20,7 +20,11 @@ public:
     QUrl url(const QString& path = QStringLiteral("/")) const;
 
     // The raw bytes to send back (status line, headers, body).
-    void setResponse(QByteArray raw) { m_response = std::move(raw); m_silent = false; }
+    void setResponse(QByteArray raw)
+    {
+        m_response = std::move(raw);
+        m_silent = false;
+    }
     void setJson(int status, const QByteArray& body);
     // Accept the request and never answer.
     void setSilent() { m_silent = true; }

@@ -1,6 +1,6 @@
 // The Linux readers against sample /proc and /sys trees, odd and truncated ones included.
-#include "platform/linux/LinuxSystemProbe.h"
 #include "platform/linux/ProcReaders.h"
+#include "platform/linux/LinuxSystemProbe.h"
 
 #include <gtest/gtest.h>
 
@@ -157,13 +157,18 @@ TEST(NetworkInterfaces, PacketEntriesWithStatisticsAreListedOthersSkipped)
 
     char eth[] = "eth0", lo[] = "lo", noStats[] = "tun0";
     ifaddrs entries[5]{};
-    entries[0] = {&entries[1], eth, 0, reinterpret_cast<sockaddr*>(&packet), nullptr, nullptr, &ethStats};
-    entries[1] = {&entries[2], eth, 0, &inet, nullptr, nullptr, nullptr};       // an address, not the link
-    entries[2] = {&entries[3], lo, 0, reinterpret_cast<sockaddr*>(&packet), nullptr, nullptr, &loStats};
-    entries[3] = {&entries[4], noStats, 0, reinterpret_cast<sockaddr*>(&packet), nullptr, nullptr, nullptr};
-    entries[4] = {nullptr, lo, 0, nullptr, nullptr, nullptr, &loStats};        // no address at all
+    entries[0] = {&entries[1], eth,     0,        reinterpret_cast<sockaddr*>(&packet),
+                  nullptr,     nullptr, &ethStats};
+    entries[1] = {&entries[2], eth,     0,      &inet,
+                  nullptr,     nullptr, nullptr}; // an address, not the link
+    entries[2] = {&entries[3], lo,      0,       reinterpret_cast<sockaddr*>(&packet),
+                  nullptr,     nullptr, &loStats};
+    entries[3] = {&entries[4], noStats, 0,      reinterpret_cast<sockaddr*>(&packet),
+                  nullptr,     nullptr, nullptr};
+    entries[4] = {nullptr, lo, 0, nullptr, nullptr, nullptr, &loStats}; // no address at all
 
-    const auto list = ProcReaders::packetInterfaces(entries, [](const QString& name) { return name == u"eth0"; });
+    const auto list =
+        ProcReaders::packetInterfaces(entries, [](const QString& name) { return name == u"eth0"; });
     ASSERT_EQ(list.size(), 2);
     EXPECT_EQ(list[0].name, QStringLiteral("eth0"));
     EXPECT_EQ(list[0].rxBytes, 4000000000u);
@@ -175,7 +180,7 @@ TEST(NetworkInterfaces, PacketEntriesWithStatisticsAreListedOthersSkipped)
 
 TEST(VolumeCapacity, BlocksTimesFragmentSizeAndUnprivilegedAvailability)
 {
-    struct statvfs fs{};
+    struct statvfs fs {};
     fs.f_bsize = 4096;
     fs.f_frsize = 1024;
     fs.f_blocks = 1000;
@@ -197,7 +202,7 @@ TEST(VolumeCapacity, BlocksTimesFragmentSizeAndUnprivilegedAvailability)
 TEST(LinuxSystemProbeOnThisMachine, MemoryTotalMatchesSysinfoAndTheRootVolumeIsReadable)
 {
     LinuxSystemProbe probe;
-    struct sysinfo info{};
+    struct sysinfo info {};
     ASSERT_EQ(::sysinfo(&info), 0);
     const auto memory = probe.memory();
     ASSERT_TRUE(memory);

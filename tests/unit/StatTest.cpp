@@ -1,4 +1,5 @@
 // What the statistics tiles show: the Stat records and the rate texts.
+#include "core/sysinfo/Stat.h"
 #include "core/foundation/DefaultsStore.h"
 #include "core/foundation/NotificationCenter.h"
 #include "core/foundation/ResourceBundle.h"
@@ -6,7 +7,6 @@
 #include "core/settings/LanguageManager.h"
 #include "core/settings/Preferences.h"
 #include "core/sysinfo/RateText.h"
-#include "core/sysinfo/Stat.h"
 #include "core/sysinfo/SystemStats.h"
 #include "platform/sim/SimSystemProbe.h"
 
@@ -36,7 +36,8 @@ TEST(RateText, ImpossibleRatesReadAsNoTraffic)
 TEST(RateText, WideAndCompactFormsDifferOnlyInTheGapBeforeTheUpwardArrow)
 {
     EXPECT_EQ(networkRatesText(1.0, 0.5, RateLayout::Wide), QStringLiteral("↓1.0 MB/s  ↑500 KB/s"));
-    EXPECT_EQ(networkRatesText(1.0, 0.5, RateLayout::Compact), QStringLiteral("↓1.0 MB/s ↑500 KB/s"));
+    EXPECT_EQ(networkRatesText(1.0, 0.5, RateLayout::Compact),
+              QStringLiteral("↓1.0 MB/s ↑500 KB/s"));
 }
 
 namespace {
@@ -45,8 +46,7 @@ class StatListTest : public ::testing::Test {
 protected:
     StatListTest()
         : resources(QStringLiteral(RAVLIN_SOURCE_RESOURCES), {QStringLiteral("en")}),
-          preferences(defaults, center, nullptr),
-          language(resources, defaults, preferences)
+          preferences(defaults, center, nullptr), language(resources, defaults, preferences)
     {
         language.apply(QStringLiteral("de"), false);
     }
@@ -75,7 +75,8 @@ TEST_F(StatListTest, WithoutBatteryThreeFiguresAndTheNetwork)
 {
     stats.refresh();
     EXPECT_EQ(keys(makeStats(stats, language)),
-              (QStringList{QStringLiteral("sys.cpu"), QStringLiteral("sys.ram"), QStringLiteral("sys.disk"), QStringLiteral("sys.net")}));
+              (QStringList{QStringLiteral("sys.cpu"), QStringLiteral("sys.ram"),
+                           QStringLiteral("sys.disk"), QStringLiteral("sys.net")}));
 }
 
 TEST_F(StatListTest, TheBatteryStandsBeforeTheNetworkWithItsValueLabelAndAccent)

@@ -1,6 +1,6 @@
 // The sampling rules of SystemStats over a simulated probe, in virtual time.
-#include "core/foundation/VirtualScheduler.h"
 #include "core/sysinfo/SystemStats.h"
+#include "core/foundation/VirtualScheduler.h"
 #include "platform/sim/SimSystemProbe.h"
 
 #include <gtest/gtest.h>
@@ -184,8 +184,9 @@ TEST_F(SystemStatsTest, DiskUsesDecimalGigabytesAndKeepsItsFiguresOnBadReadings)
     EXPECT_DOUBLE_EQ(stats.disk(), 75.0);
     EXPECT_DOUBLE_EQ(stats.diskUsedGB(), 750.0);
     EXPECT_DOUBLE_EQ(stats.diskTotalGB(), 1000.0);
-    for (const auto& bad : {std::optional<VolumeCapacity>(), std::optional(VolumeCapacity{0, 0}),
-                            std::optional(VolumeCapacity{-5, 1}), std::optional(VolumeCapacity{100, std::nullopt})}) {
+    for (const auto& bad :
+         {std::optional<VolumeCapacity>(), std::optional(VolumeCapacity{0, 0}),
+          std::optional(VolumeCapacity{-5, 1}), std::optional(VolumeCapacity{100, std::nullopt})}) {
         probe.setVolume(bad);
         stats.refresh();
         EXPECT_DOUBLE_EQ(stats.disk(), 75.0);
@@ -199,8 +200,10 @@ TEST_F(SystemStatsTest, ObserversHearBeforeAndAfterEachChange)
     QList<double> seenBefore;
     QList<double> seenAfter;
     QObject context;
-    QObject::connect(&stats, &SystemStats::willChange, &context, [&] { seenBefore.append(stats.ram()); });
-    QObject::connect(&stats, &SystemStats::changed, &context, [&] { seenAfter.append(stats.ram()); });
+    QObject::connect(&stats, &SystemStats::willChange, &context,
+                     [&] { seenBefore.append(stats.ram()); });
+    QObject::connect(&stats, &SystemStats::changed, &context,
+                     [&] { seenAfter.append(stats.ram()); });
     stats.refresh();
     ASSERT_FALSE(seenBefore.isEmpty());
     EXPECT_TRUE(seenBefore.contains(0.0));

@@ -45,10 +45,11 @@ public:
     CountingClient(Scheduler& scheduler, int& count) : m_inner(scheduler), m_count(count) {}
     void get(const QUrl& url, Completion completion) override
     {
-        m_inner.get(url, [this, completion = std::move(completion)](std::optional<QByteArray> body) {
-            ++m_count;
-            completion(std::move(body));
-        });
+        m_inner.get(url,
+                    [this, completion = std::move(completion)](std::optional<QByteArray> body) {
+                        ++m_count;
+                        completion(std::move(body));
+                    });
     }
 
 private:
@@ -97,8 +98,10 @@ TEST_F(WeatherHttpTest, AGoodAnswerIsAppliedAndTheRequestCarriesTheCoordinatesAn
     EXPECT_EQ(weather.high(), 15.1);
     EXPECT_EQ(weather.low(), 8.2);
     EXPECT_EQ(weather.city(), QStringLiteral("London"));
-    EXPECT_EQ(server.target(0), QByteArray("/v1/forecast?latitude=52.520&longitude=-0.128&current=temperature_2m,"
-                                           "weather_code&daily=temperature_2m_max,temperature_2m_min&timezone=auto&forecast_days=1"));
+    EXPECT_EQ(server.target(0),
+              QByteArray("/v1/forecast?latitude=52.520&longitude=-0.128&current=temperature_2m,"
+                         "weather_code&daily=temperature_2m_max,temperature_2m_min&timezone=auto&"
+                         "forecast_days=1"));
     EXPECT_TRUE(server.requestHeads().at(0).toLower().contains("user-agent: ravlin/"));
 }
 
@@ -107,7 +110,9 @@ TEST_F(WeatherHttpTest, MissingCodeKeepsTheOldOneAndEmptyListsClearTheRange)
     server.setJson(200, goodAnswer);
     ASSERT_TRUE(refreshAndWait());
     scheduler.advance(601);
-    server.setJson(200, R"({"current":{"temperature_2m":-3},"daily":{"temperature_2m_max":[],"temperature_2m_min":[]}})");
+    server.setJson(
+        200,
+        R"({"current":{"temperature_2m":-3},"daily":{"temperature_2m_max":[],"temperature_2m_min":[]}})");
     ASSERT_TRUE(refreshAndWait());
     EXPECT_EQ(weather.temp(), -3.0);
     EXPECT_EQ(weather.code(), 61);
@@ -130,7 +135,8 @@ TEST_F(WeatherHttpTest, GarbageAndAnErrorPageChangeNothingAndAreRetried)
 {
     server.setResponse("HTTP/1.1 200 OK\r\nContent-Length: 7\r\nConnection: close\r\n\r\ngarbage");
     ASSERT_TRUE(refreshAndWait());
-    server.setResponse("HTTP/1.1 502 Bad Gateway\r\nContent-Type: text/html\r\nContent-Length: 21\r\nConnection: close"
+    server.setResponse("HTTP/1.1 502 Bad Gateway\r\nContent-Type: text/html\r\nContent-Length: "
+                       "21\r\nConnection: close"
                        "\r\n\r\n<h1>Bad Gateway</h1>\n");
     ASSERT_TRUE(refreshAndWait()); // not fresh: the garbage did not count
     EXPECT_EQ(server.requestHeads().size(), 2);
@@ -157,7 +163,8 @@ TEST_F(WeatherHttpTest, AServerThatNeverAnswersIsGivenUpAfterFifteenSeconds)
 
 TEST_F(WeatherHttpTest, AnAnswerOverOneMebibyteIsAbandonedWithOrWithoutItsLength)
 {
-    const QByteArray huge = "{\"pad\":\"" + QByteArray(2 << 20, 'x') + "\",\"current\":{\"temperature_2m\":1}}";
+    const QByteArray huge =
+        "{\"pad\":\"" + QByteArray(2 << 20, 'x') + "\",\"current\":{\"temperature_2m\":1}}";
     server.setJson(200, huge);
     ASSERT_TRUE(refreshAndWait());
     server.setResponse("HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n" + huge);
@@ -170,11 +177,14 @@ TEST(NominatimGeocoder, ReverseAnswersNameTheTownCountyAndState)
 {
     VirtualScheduler scheduler;
     LocalHttpServer server;
-    server.setJson(200, R"({"place_id":1,"address":{"village":"Wernigerode-Nord","county":"Landkreis Harz",
+    server.setJson(
+        200, R"({"place_id":1,"address":{"village":"Wernigerode-Nord","county":"Landkreis Harz",
                            "state":"Sachsen-Anhalt","country":"Deutschland"}})");
-    NominatimGeocoder geocoder(std::make_unique<QtHttpClient>(scheduler), server.url(QStringLiteral("/reverse")));
+    NominatimGeocoder geocoder(std::make_unique<QtHttpClient>(scheduler),
+                               server.url(QStringLiteral("/reverse")));
     std::optional<std::optional<QList<Placemark>>> answer;
-    geocoder.reverseGeocode(Coordinate{51.83, 10.78}, [&](std::optional<QList<Placemark>> p) { answer = p; });
+    geocoder.reverseGeocode(Coordinate{51.83, 10.78},
+                            [&](std::optional<QList<Placemark>> p) { answer = p; });
     ASSERT_TRUE(runUntil(scheduler, [&] { return answer.has_value(); }));
     ASSERT_TRUE(*answer);
     ASSERT_EQ((*answer)->size(), 1);
@@ -182,14 +192,18 @@ TEST(NominatimGeocoder, ReverseAnswersNameTheTownCountyAndState)
     EXPECT_EQ(p.locality, QStringLiteral("Wernigerode-Nord"));
     EXPECT_EQ(p.subAdministrativeArea, QStringLiteral("Landkreis Harz"));
     EXPECT_EQ(p.administrativeArea, QStringLiteral("Sachsen-Anhalt"));
-    EXPECT_EQ(server.target(0), QByteArray("/reverse?format=jsonv2&lat=51.83000&lon=10.78000&zoom=10&addressdetails=1"));
+    EXPECT_EQ(
+        server.target(0),
+        QByteArray("/reverse?format=jsonv2&lat=51.83000&lon=10.78000&zoom=10&addressdetails=1"));
 }
 
 TEST(NominatimGeocoder, CityBeatsTownBeatsVillageAndUnknownPlacesGiveNone)
 {
-    const auto city = NominatimGeocoder::parseReverse(R"({"address":{"village":"V","town":"T","city":"C"}})");
+    const auto city =
+        NominatimGeocoder::parseReverse(R"({"address":{"village":"V","town":"T","city":"C"}})");
     EXPECT_EQ(city->first().locality, QStringLiteral("C"));
-    const auto town = NominatimGeocoder::parseReverse(R"({"address":{"village":"V","town":"T","city":""}})");
+    const auto town =
+        NominatimGeocoder::parseReverse(R"({"address":{"village":"V","town":"T","city":""}})");
     EXPECT_EQ(town->first().locality, QStringLiteral("T"));
     const auto sea = NominatimGeocoder::parseReverse(R"({"error":"Unable to geocode"})");
     ASSERT_TRUE(sea);

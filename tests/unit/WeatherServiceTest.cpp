@@ -1,6 +1,6 @@
 // The weather rules over the simulated location, geocoder and forecast service, in virtual time.
-#include "core/foundation/VirtualScheduler.h"
 #include "core/sysinfo/WeatherService.h"
+#include "core/foundation/VirtualScheduler.h"
 #include "platform/sim/SimGeocoder.h"
 #include "platform/sim/SimHttpClient.h"
 #include "platform/sim/SimLocationService.h"
@@ -77,12 +77,17 @@ TEST_F(WeatherServiceTest, ThePlaceNameFallsBackToTheWiderAreas)
     class FixedGeocoder final : public Geocoder {
     public:
         QList<Placemark> answer;
-        void reverseGeocode(const Coordinate&, Completion completion) override { completion(answer); }
+        void reverseGeocode(const Coordinate&, Completion completion) override
+        {
+            completion(answer);
+        }
     } fixed;
     WeatherService service(scheduler, location, fixed, http);
-    const QString county = QStringLiteral("Landkreis Harz"), state = QStringLiteral("Sachsen-Anhalt");
-    for (const Case& c : {Case{{std::nullopt, county, state}, county}, Case{{std::nullopt, std::nullopt, state}, state},
-                          Case{{}, std::nullopt}}) {
+    const QString county = QStringLiteral("Landkreis Harz"),
+                  state = QStringLiteral("Sachsen-Anhalt");
+    for (const Case& c :
+         {Case{{std::nullopt, county, state}, county},
+          Case{{std::nullopt, std::nullopt, state}, state}, Case{{}, std::nullopt}}) {
         fixed.answer = {c.placemark};
         scheduler.advance(601);
         service.refreshIfStale();
@@ -124,7 +129,8 @@ TEST_F(WeatherServiceTest, OnlyFullAuthorisationCountsWhenInUseIsTreatedAsDenied
     EXPECT_TRUE(http.requests().isEmpty());
     location.setStatus(LocationAuthorization::Denied);
     scheduler.runDue();
-    location.setStatus(LocationAuthorization::AuthorizedWhenInUse); // the callback with 4 changes nothing
+    location.setStatus(
+        LocationAuthorization::AuthorizedWhenInUse); // the callback with 4 changes nothing
     scheduler.runDue();
     EXPECT_TRUE(weather.denied());
     EXPECT_EQ(location.locationRequests(), 0);
@@ -164,11 +170,17 @@ TEST(WeatherServiceLifetime, AnswersArrivingAfterTheServiceIsGoneAreDropped)
     // Services that hold on to their callers until told to answer.
     struct HeldHttp final : HttpClient {
         QList<Completion> pending;
-        void get(const QUrl&, Completion completion) override { pending.append(std::move(completion)); }
+        void get(const QUrl&, Completion completion) override
+        {
+            pending.append(std::move(completion));
+        }
     } http;
     struct HeldGeocoder final : Geocoder {
         QList<Completion> pending;
-        void reverseGeocode(const Coordinate&, Completion completion) override { pending.append(std::move(completion)); }
+        void reverseGeocode(const Coordinate&, Completion completion) override
+        {
+            pending.append(std::move(completion));
+        }
     } geocoder;
     VirtualScheduler scheduler;
     SimLocationService location{scheduler};
@@ -181,7 +193,8 @@ TEST(WeatherServiceLifetime, AnswersArrivingAfterTheServiceIsGoneAreDropped)
     ASSERT_EQ(geocoder.pending.size(), 1);
     weather.reset();
     http.pending[0](goodAnswer);
-    geocoder.pending[0](QList<Placemark>{Placemark{QStringLiteral("X"), std::nullopt, std::nullopt}});
+    geocoder.pending[0](
+        QList<Placemark>{Placemark{QStringLiteral("X"), std::nullopt, std::nullopt}});
     scheduler.advance(1);
     SUCCEED();
 }

@@ -25,8 +25,7 @@ namespace {
 
 using Phase = ScriptRunner::Phase;
 
-template <class T>
-QJsonValue orNull(const std::optional<T>& value)
+template <class T> QJsonValue orNull(const std::optional<T>& value)
 {
     if (!value)
         return QJsonValue();
@@ -42,7 +41,10 @@ std::uint64_t needUnsigned(CommandContext& c, qsizetype i, const QString& what,
     bool ok = false;
     const qulonglong value = c.need(i, what).toULongLong(&ok);
     if (!ok || value > max)
-        c.fail(QStringLiteral("%1 must be a whole number from 0 to %2, not %3").arg(what).arg(max).arg(c.word(i)));
+        c.fail(QStringLiteral("%1 must be a whole number from 0 to %2, not %3")
+                   .arg(what)
+                   .arg(max)
+                   .arg(c.word(i)));
     return value;
 }
 
@@ -102,7 +104,8 @@ void probeCommand(CommandContext& c)
     const QString what = c.need(1, QStringLiteral("what the probe reports"));
     if (what == u"machine") {
         if (!c.session.useMachineProbe())
-            c.fail(QStringLiteral("probe machine must come before anything starts the application"));
+            c.fail(
+                QStringLiteral("probe machine must come before anything starts the application"));
         return;
     }
     SimSystemProbe* probe = c.session.probe();
@@ -117,10 +120,12 @@ void probeCommand(CommandContext& c)
         if (c.word(2) == u"none")
             probe->setBattery(std::nullopt);
         else
-            probe->setBattery(PowerSource{needInteger(c, 2, QStringLiteral("CURRENT")), needInteger(c, 3, QStringLiteral("MAX"))});
+            probe->setBattery(PowerSource{needInteger(c, 2, QStringLiteral("CURRENT")),
+                                          needInteger(c, 3, QStringLiteral("MAX"))});
     } else if (what == u"disk") {
         const std::int64_t total = needInteger(c, 2, QStringLiteral("TOTALBYTES"));
-        probe->setVolume(VolumeCapacity{total, needInteger(c, 3, QStringLiteral("AVAILABLEBYTES"))});
+        probe->setVolume(
+            VolumeCapacity{total, needInteger(c, 3, QStringLiteral("AVAILABLEBYTES"))});
     } else if (what == u"net") {
         const std::uint64_t rx = needUnsigned(c, 2, QStringLiteral("RXBYTES"));
         probe->setNetwork(std::pair{rx, needUnsigned(c, 3, QStringLiteral("TXBYTES"))});
@@ -183,7 +188,8 @@ void statsCommand(CommandContext& c)
     SystemStats& stats = c.session.app().systemStats();
     const QString what = c.need(1, QStringLiteral("start, stop or refresh"));
     if (what == u"start")
-        stats.start(c.wordCount() > 2 ? needReal(c, 2, QStringLiteral("the interval")) : SystemStats::defaultInterval);
+        stats.start(c.wordCount() > 2 ? needReal(c, 2, QStringLiteral("the interval"))
+                                      : SystemStats::defaultInterval);
     else if (what == u"stop")
         stats.stop();
     else if (what == u"refresh")
@@ -203,8 +209,10 @@ QJsonValue statsSection(SandboxSession& s, bool)
     const SystemStats& stats = s.app().systemStats();
     QJsonArray tiles;
     for (const Stat& stat : makeStats(stats, s.app().languageManager())) {
-        tiles.append(QJsonObject{{QStringLiteral("key"), stat.key}, {QStringLiteral("label"), stat.label},
-                                 {QStringLiteral("value"), stat.value}, {QStringLiteral("accent"), colorName(stat.accent)}});
+        tiles.append(QJsonObject{{QStringLiteral("key"), stat.key},
+                                 {QStringLiteral("label"), stat.label},
+                                 {QStringLiteral("value"), stat.value},
+                                 {QStringLiteral("accent"), colorName(stat.accent)}});
     }
     return QJsonObject{
         {QStringLiteral("cpu"), stats.cpu()},
@@ -216,8 +224,10 @@ QJsonValue statsSection(SandboxSession& s, bool)
         {QStringLiteral("netDown"), stats.netDown()},
         {QStringLiteral("netUp"), stats.netUp()},
         {QStringLiteral("sampling"), stats.isSampling()},
-        {QStringLiteral("netText"), networkRatesText(stats.netDown(), stats.netUp(), RateLayout::Wide)},
-        {QStringLiteral("netTextCompact"), networkRatesText(stats.netDown(), stats.netUp(), RateLayout::Compact)},
+        {QStringLiteral("netText"),
+         networkRatesText(stats.netDown(), stats.netUp(), RateLayout::Wide)},
+        {QStringLiteral("netTextCompact"),
+         networkRatesText(stats.netDown(), stats.netUp(), RateLayout::Compact)},
         {QStringLiteral("tiles"), tiles},
     };
 }
@@ -227,8 +237,9 @@ QJsonValue weatherSection(SandboxSession& s, bool)
     const WeatherService& weather = s.app().weatherService();
     const WeatherDescription description = WeatherService::describe(weather.code());
     const SimHttpClient* http = s.http();
-    const QJsonValue last = http && !http->requests().isEmpty() ? QJsonValue(http->requests().last().toString(QUrl::FullyEncoded))
-                                                                : QJsonValue();
+    const QJsonValue last = http && !http->requests().isEmpty()
+                                ? QJsonValue(http->requests().last().toString(QUrl::FullyEncoded))
+                                : QJsonValue();
     const SimLocationService* location = s.location();
     return QJsonObject{
         {QStringLiteral("city"), orNull(weather.city())},
@@ -237,12 +248,15 @@ QJsonValue weatherSection(SandboxSession& s, bool)
         {QStringLiteral("low"), orNull(weather.low())},
         {QStringLiteral("code"), orNull(weather.code())},
         {QStringLiteral("denied"), weather.denied()},
-        {QStringLiteral("requests"), http ? QJsonValue(int(http->requests().size())) : QJsonValue()},
+        {QStringLiteral("requests"),
+         http ? QJsonValue(int(http->requests().size())) : QJsonValue()},
         {QStringLiteral("lastRequest"), last},
         {QStringLiteral("symbol"), description.symbol},
         {QStringLiteral("description"), description.text},
-        {QStringLiteral("authorization"), locationAuthorizationName(s.platform().location->authorizationStatus())},
-        {QStringLiteral("authorizationRequests"), location ? QJsonValue(location->authorizationRequests()) : QJsonValue()},
+        {QStringLiteral("authorization"),
+         locationAuthorizationName(s.platform().location->authorizationStatus())},
+        {QStringLiteral("authorizationRequests"),
+         location ? QJsonValue(location->authorizationRequests()) : QJsonValue()},
     };
 }
 
@@ -252,26 +266,33 @@ QJsonValue probeSection(SandboxSession& s, bool)
     SystemProbe& probe = *s.platform().systemProbe;
     QJsonObject object;
     if (const auto t = probe.cpuTicks()) {
-        object.insert(QStringLiteral("cpuTicks"),
-                      QJsonObject{{QStringLiteral("user"), double(t->user)}, {QStringLiteral("system"), double(t->system)},
-                                  {QStringLiteral("idle"), double(t->idle)}, {QStringLiteral("nice"), double(t->nice)},
-                                  {QStringLiteral("bits"), t->width == CpuTicks::Width::Bits64 ? 64 : 32}});
+        object.insert(
+            QStringLiteral("cpuTicks"),
+            QJsonObject{{QStringLiteral("user"), double(t->user)},
+                        {QStringLiteral("system"), double(t->system)},
+                        {QStringLiteral("idle"), double(t->idle)},
+                        {QStringLiteral("nice"), double(t->nice)},
+                        {QStringLiteral("bits"), t->width == CpuTicks::Width::Bits64 ? 64 : 32}});
     } else {
         object.insert(QStringLiteral("cpuTicks"), QJsonValue());
     }
     const auto m = probe.memory();
-    object.insert(QStringLiteral("memory"), m ? QJsonValue(QJsonObject{{QStringLiteral("usedBytes"), double(m->usedBytes)},
-                                                                      {QStringLiteral("totalBytes"), double(m->totalBytes)}})
-                                              : QJsonValue());
+    object.insert(QStringLiteral("memory"),
+                  m ? QJsonValue(QJsonObject{{QStringLiteral("usedBytes"), double(m->usedBytes)},
+                                             {QStringLiteral("totalBytes"), double(m->totalBytes)}})
+                    : QJsonValue());
     const auto v = probe.rootVolume();
-    object.insert(QStringLiteral("volume"), v ? QJsonValue(QJsonObject{{QStringLiteral("totalBytes"), orNull(v->totalBytes)},
-                                                                      {QStringLiteral("availableBytes"), orNull(v->availableBytes)}})
-                                              : QJsonValue());
+    object.insert(
+        QStringLiteral("volume"),
+        v ? QJsonValue(QJsonObject{{QStringLiteral("totalBytes"), orNull(v->totalBytes)},
+                                   {QStringLiteral("availableBytes"), orNull(v->availableBytes)}})
+          : QJsonValue());
     QJsonValue batteries;
     if (const auto sources = probe.powerSources()) {
         QJsonArray list;
         for (const PowerSource& p : *sources)
-            list.append(QJsonObject{{QStringLiteral("current"), orNull(p.currentCapacity)}, {QStringLiteral("max"), orNull(p.maxCapacity)}});
+            list.append(QJsonObject{{QStringLiteral("current"), orNull(p.currentCapacity)},
+                                    {QStringLiteral("max"), orNull(p.maxCapacity)}});
         batteries = list;
     }
     object.insert(QStringLiteral("powerSources"), batteries);
@@ -279,8 +300,10 @@ QJsonValue probeSection(SandboxSession& s, bool)
     if (const auto list = probe.interfaces()) {
         QJsonArray array;
         for (const InterfaceBytes& i : *list)
-            array.append(QJsonObject{{QStringLiteral("name"), i.name}, {QStringLiteral("rxBytes"), double(i.rxBytes)},
-                                     {QStringLiteral("txBytes"), double(i.txBytes)}, {QStringLiteral("counted"), i.counted}});
+            array.append(QJsonObject{{QStringLiteral("name"), i.name},
+                                     {QStringLiteral("rxBytes"), double(i.rxBytes)},
+                                     {QStringLiteral("txBytes"), double(i.txBytes)},
+                                     {QStringLiteral("counted"), i.counted}});
         interfaces = array;
     }
     object.insert(QStringLiteral("interfaces"), interfaces);
@@ -291,9 +314,8 @@ QJsonValue probeSection(SandboxSession& s, bool)
 
 void registerSysinfoCommands(ScriptRunner& runner)
 {
-    runner.addCommand(QStringLiteral("probe"), Phase::Any, [](CommandContext& c) {
-        probeCommand(c);
-    });
+    runner.addCommand(QStringLiteral("probe"), Phase::Any,
+                      [](CommandContext& c) { probeCommand(c); });
     runner.addCommand(QStringLiteral("location"), Phase::Any, locationCommand);
     runner.addCommand(QStringLiteral("forecast"), Phase::Any, forecastCommand);
     runner.addCommand(QStringLiteral("stats"), Phase::AfterStart, statsCommand);

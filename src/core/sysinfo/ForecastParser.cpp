@@ -24,7 +24,8 @@ std::optional<double> number(const QJsonValue& value)
 std::optional<int> integer(const QJsonValue& value)
 {
     const std::optional<double> n = number(value);
-    if (!n || std::trunc(*n) != *n || *n < std::numeric_limits<int>::min() || *n > std::numeric_limits<int>::max())
+    if (!n || std::trunc(*n) != *n || *n < std::numeric_limits<int>::min() ||
+        *n > std::numeric_limits<int>::max())
         return std::nullopt;
     return int(*n);
 }
@@ -52,7 +53,9 @@ std::optional<Forecast> parse(const QByteArray& body)
     const QJsonDocument document = QJsonDocument::fromJson(body, &error);
     if (error.error != QJsonParseError::NoError || !document.isObject()) {
         qCInfo(lcWeather) << "forecast answer is not a JSON object:"
-                          << (error.error != QJsonParseError::NoError ? error.errorString() : QStringLiteral("other JSON"));
+                          << (error.error != QJsonParseError::NoError
+                                  ? error.errorString()
+                                  : QStringLiteral("other JSON"));
         return std::nullopt;
     }
     const QJsonObject root = document.object();

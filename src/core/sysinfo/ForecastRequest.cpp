@@ -21,7 +21,8 @@ QUrl defaultEndpoint()
         if (candidate.isValid() && !candidate.host().isEmpty())
             endpoint = candidate;
         else
-            qCWarning(lcWeather) << "RAVLIN_FORECAST_URL is not a usable URL, ignored:" << configured;
+            qCWarning(lcWeather) << "RAVLIN_FORECAST_URL is not a usable URL, ignored:"
+                                 << configured;
     }
     if (endpoint.path().isEmpty() || endpoint.path() == u"/")
         endpoint.setPath(forecastPath);

@@ -17,14 +17,18 @@ const QColor systemBlue(0, 122, 255);
 QList<Stat> makeStats(const SystemStats& stats, const LanguageManager& language)
 {
     QList<Stat> list{
-        {QStringLiteral("sys.cpu"), language.L(QStringLiteral("sysitem.cpu")), stats.cpu(), systemOrange},
+        {QStringLiteral("sys.cpu"), language.L(QStringLiteral("sysitem.cpu")), stats.cpu(),
+         systemOrange},
         {QStringLiteral("sys.ram"), language.L(QStringLiteral("sysitem.ram")), stats.ram(),
          QColor::fromRgbF(0.25f, 0.78f, 0.87f)},
-        {QStringLiteral("sys.disk"), language.L(QStringLiteral("sysitem.disk")), stats.disk(), systemPurple},
+        {QStringLiteral("sys.disk"), language.L(QStringLiteral("sysitem.disk")), stats.disk(),
+         systemPurple},
     };
     if (const auto battery = stats.battery())
-        list.append({QStringLiteral("sys.batt"), language.L(QStringLiteral("sysitem.battery")), *battery, systemGreen});
-    list.append({QStringLiteral("sys.net"), language.L(QStringLiteral("sysitem.network")), 0.0, systemBlue});
+        list.append({QStringLiteral("sys.batt"), language.L(QStringLiteral("sysitem.battery")),
+                     *battery, systemGreen});
+    list.append({QStringLiteral("sys.net"), language.L(QStringLiteral("sysitem.network")), 0.0,
+                 systemBlue});
     return list;
 }
 

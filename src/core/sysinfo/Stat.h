@@ -11,8 +11,8 @@ class SystemStats;
 
 // One statistics tile's figure.
 struct Stat {
-    QString key;   // also the tile's key in the saved tile order
-    QString label; // in the interface language
+    QString key;      // also the tile's key in the saved tile order
+    QString label;    // in the interface language
     double value = 0; // percent; 0 for the network tile, which shows rates
     QColor accent;
 

@@ -42,8 +42,7 @@ double cpuLoad(const CpuTicks& previous, const CpuTicks& now)
 
 SystemStats::SystemStats(Scheduler& scheduler, SystemProbe& probe, QObject* parent)
     : QObject(parent), m_scheduler(scheduler), m_probe(probe)
-{
-}
+{}
 
 SystemStats::~SystemStats()
 {
@@ -53,7 +52,8 @@ SystemStats::~SystemStats()
 void SystemStats::start(double interval)
 {
     if (!std::isfinite(interval) || interval <= 0) {
-        qCWarning(lcStats) << "sampling interval" << interval << "makes no sense; using" << defaultInterval;
+        qCWarning(lcStats) << "sampling interval" << interval << "makes no sense; using"
+                           << defaultInterval;
         interval = defaultInterval;
     }
     refresh();
@@ -75,8 +75,7 @@ void SystemStats::stop()
     m_timer = Timer();
 }
 
-template <class Write>
-void SystemStats::publish(Write&& write)
+template <class Write> void SystemStats::publish(Write&& write)
 {
     Q_EMIT willChange();
     write();

@@ -56,8 +56,7 @@ private:
     void readDisk();
     void readNetwork();
     NetTotals readNetTotals();
-    template <class Write>
-    void publish(Write&& write);
+    template <class Write> void publish(Write&& write);
 
     Scheduler& m_scheduler;
     SystemProbe& m_probe;

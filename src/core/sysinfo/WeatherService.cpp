@@ -16,8 +16,8 @@ namespace {
 
 bool isUsable(const Coordinate& c)
 {
-    return std::isfinite(c.latitude) && std::isfinite(c.longitude) && std::abs(c.latitude) <= 90.0
-           && std::abs(c.longitude) <= 180.0;
+    return std::isfinite(c.latitude) && std::isfinite(c.longitude) &&
+           std::abs(c.latitude) <= 90.0 && std::abs(c.longitude) <= 180.0;
 }
 
 std::optional<QString> placeName(const Placemark& placemark)
@@ -33,12 +33,8 @@ std::optional<QString> placeName(const Placemark& placemark)
 
 WeatherService::WeatherService(Scheduler& scheduler, LocationService& location, Geocoder& geocoder,
                                HttpClient& http, QObject* parent)
-    : QObject(parent),
-      m_scheduler(scheduler),
-      m_location(location),
-      m_geocoder(geocoder),
-      m_http(http),
-      m_endpoint(ForecastRequest::defaultEndpoint())
+    : QObject(parent), m_scheduler(scheduler), m_location(location), m_geocoder(geocoder),
+      m_http(http), m_endpoint(ForecastRequest::defaultEndpoint())
 {
     m_location.setDelegate(this);
     m_location.setDesiredAccuracy(desiredAccuracyMetres);
@@ -49,8 +45,7 @@ WeatherService::~WeatherService()
     m_location.setDelegate(nullptr);
 }
 
-template <class Write>
-void WeatherService::publish(Write&& write)
+template <class Write> void WeatherService::publish(Write&& write)
 {
     Q_EMIT willChange();
     write();
@@ -69,7 +64,8 @@ void WeatherService::refreshIfStale()
         m_location.requestLocation();
         break;
     default:
-        // Only full authorisation counts; when-in-use is treated as refused, as the tile always has.
+        // Only full authorisation counts; when-in-use is treated as refused, as the tile always
+        // has.
         setDenied(true);
         break;
     }
@@ -97,8 +93,8 @@ void WeatherService::locationsUpdated(const QList<Coordinate>& locations)
         return;
     const Coordinate coordinate = locations.last();
     if (!isUsable(coordinate)) {
-        qCWarning(lcWeather) << "location service gave an impossible position" << coordinate.latitude
-                             << coordinate.longitude;
+        qCWarning(lcWeather) << "location service gave an impossible position"
+                             << coordinate.latitude << coordinate.longitude;
         return;
     }
     reverseGeocode(coordinate);

@@ -34,8 +34,8 @@ public:
     static constexpr double freshness = 600;
     static constexpr double desiredAccuracyMetres = 1000;
 
-    WeatherService(Scheduler& scheduler, LocationService& location, Geocoder& geocoder, HttpClient& http,
-                   QObject* parent = nullptr);
+    WeatherService(Scheduler& scheduler, LocationService& location, Geocoder& geocoder,
+                   HttpClient& http, QObject* parent = nullptr);
     ~WeatherService() override;
 
     // Looks for the place and asks for a forecast, unless the last one is fresh.
@@ -67,8 +67,7 @@ private:
     void apply(const Forecast& forecast);
     void setDenied(bool denied);
     void setCity(const std::optional<QString>& city);
-    template <class Write>
-    void publish(Write&& write);
+    template <class Write> void publish(Write&& write);
 
     Scheduler& m_scheduler;
     LocationService& m_location;

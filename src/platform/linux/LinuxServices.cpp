@@ -12,7 +12,8 @@ void install(Platform& platform, Scheduler& scheduler)
 {
     platform.systemProbe = std::make_unique<LinuxSystemProbe>();
     platform.location = std::make_unique<QtPositioningLocationService>();
-    platform.geocoder = std::make_unique<NominatimGeocoder>(std::make_unique<QtHttpClient>(scheduler));
+    platform.geocoder =
+        std::make_unique<NominatimGeocoder>(std::make_unique<QtHttpClient>(scheduler));
     platform.http = std::make_unique<QtHttpClient>(scheduler);
 }
 

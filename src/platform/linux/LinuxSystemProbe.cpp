@@ -57,7 +57,7 @@ std::optional<QList<InterfaceBytes>> LinuxSystemProbe::interfaces()
 
 double LinuxSystemProbe::absoluteTime()
 {
-    timespec now {};
+    timespec now{};
     ::clock_gettime(CLOCK_MONOTONIC, &now);
     return double(now.tv_sec) + double(now.tv_nsec) / 1e9;
 }

@@ -16,7 +16,8 @@ std::optional<QString> member(const QJsonObject& object, const char* key)
     return text.isEmpty() ? std::nullopt : std::optional<QString>(text);
 }
 
-std::optional<QString> firstMember(const QJsonObject& object, std::initializer_list<const char*> keys)
+std::optional<QString> firstMember(const QJsonObject& object,
+                                   std::initializer_list<const char*> keys)
 {
     for (const char* key : keys) {
         if (auto text = member(object, key))
@@ -34,8 +35,7 @@ QUrl NominatimGeocoder::defaultEndpoint()
 
 NominatimGeocoder::NominatimGeocoder(std::unique_ptr<HttpClient> http, QUrl endpoint)
     : m_http(std::move(http)), m_endpoint(std::move(endpoint))
-{
-}
+{}
 
 NominatimGeocoder::~NominatimGeocoder() = default;
 
@@ -57,9 +57,10 @@ QUrl NominatimGeocoder::requestUrl(const Coordinate& coordinate) const
 
 void NominatimGeocoder::reverseGeocode(const Coordinate& coordinate, Completion completion)
 {
-    m_http->get(requestUrl(coordinate), [completion = std::move(completion)](std::optional<QByteArray> body) {
-        completion(body ? parseReverse(*body) : std::nullopt);
-    });
+    m_http->get(requestUrl(coordinate),
+                [completion = std::move(completion)](std::optional<QByteArray> body) {
+                    completion(body ? parseReverse(*body) : std::nullopt);
+                });
 }
 
 std::optional<QList<Placemark>> NominatimGeocoder::parseReverse(const QByteArray& body)

@@ -150,12 +150,14 @@ std::optional<QList<PowerSource>> readPowerSupplies(const QString& sysRoot)
     if (!dir.exists())
         return std::nullopt;
     QList<PowerSource> batteries;
-    const QStringList names = dir.entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::System, QDir::Name);
+    const QStringList names =
+        dir.entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::System, QDir::Name);
     for (const QString& name : names) {
         const QString path = dir.filePath(name);
         // Peripherals (a mouse, a headset) report batteries of the scope "Device".
-        if (textFile(path + QStringLiteral("/type")) != "Battery" || textFile(path + QStringLiteral("/scope")) == "Device"
-            || textFile(path + QStringLiteral("/present")) == "0")
+        if (textFile(path + QStringLiteral("/type")) != "Battery" ||
+            textFile(path + QStringLiteral("/scope")) == "Device" ||
+            textFile(path + QStringLiteral("/present")) == "0")
             continue;
         batteries.append(batteryCharge(path));
     }
@@ -166,15 +168,18 @@ bool isPhysicalInterface(const QString& sysRoot, const QString& name)
 {
     if (name.isEmpty() || name.contains(u'/') || name == u"." || name == u"..")
         return false;
-    const QByteArray path = QFile::encodeName(sysRoot + QStringLiteral("/class/net/") + name + QStringLiteral("/device"));
+    const QByteArray path = QFile::encodeName(sysRoot + QStringLiteral("/class/net/") + name +
+                                              QStringLiteral("/device"));
     return ::access(path.constData(), F_OK) == 0;
 }
 
-QList<InterfaceBytes> packetInterfaces(const ifaddrs* list, const std::function<bool(const QString&)>& counted)
+QList<InterfaceBytes> packetInterfaces(const ifaddrs* list,
+                                       const std::function<bool(const QString&)>& counted)
 {
     QList<InterfaceBytes> interfaces;
     for (const ifaddrs* entry = list; entry; entry = entry->ifa_next) {
-        if (!entry->ifa_addr || entry->ifa_addr->sa_family != AF_PACKET || !entry->ifa_data || !entry->ifa_name)
+        if (!entry->ifa_addr || entry->ifa_addr->sa_family != AF_PACKET || !entry->ifa_data ||
+            !entry->ifa_name)
             continue;
         const auto* stats = static_cast<const rtnl_link_stats*>(entry->ifa_data);
         const QString name = QString::fromLocal8Bit(entry->ifa_name);
@@ -189,9 +194,10 @@ std::optional<VolumeCapacity> volumeCapacity(const struct statvfs& fs)
     const std::uint64_t fragment = fs.f_frsize ? fs.f_frsize : fs.f_bsize;
     std::int64_t total = 0;
     std::int64_t available = 0;
-    if (__builtin_mul_overflow(std::uint64_t(fs.f_blocks), fragment, &total)
-        || __builtin_mul_overflow(std::uint64_t(fs.f_bavail), fragment, &available)) {
-        qCWarning(lcStats) << "volume figures out of range:" << fs.f_blocks << fs.f_bavail << fragment;
+    if (__builtin_mul_overflow(std::uint64_t(fs.f_blocks), fragment, &total) ||
+        __builtin_mul_overflow(std::uint64_t(fs.f_bavail), fragment, &available)) {
+        qCWarning(lcStats) << "volume figures out of range:" << fs.f_blocks << fs.f_bavail
+                           << fragment;
         return std::nullopt;
     }
     return VolumeCapacity{total, available};

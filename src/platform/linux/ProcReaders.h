@@ -34,7 +34,8 @@ std::optional<QList<PowerSource>> readPowerSupplies(const QString& sysRoot);
 bool isPhysicalInterface(const QString& sysRoot, const QString& name);
 
 // The link-layer entries of an interface-address list with their byte counters.
-QList<InterfaceBytes> packetInterfaces(const ifaddrs* list, const std::function<bool(const QString&)>& counted);
+QList<InterfaceBytes> packetInterfaces(const ifaddrs* list,
+                                       const std::function<bool(const QString&)>& counted);
 
 // Capacity from statvfs: blocks × fragment size, and the blocks an unprivileged
 // user may still take × fragment size. Absent when the figures overflow.

@@ -14,7 +14,8 @@ QString errorText(QGeoPositionInfoSource::Error error)
 {
     switch (error) {
     case QGeoPositionInfoSource::AccessError:
-        return QStringLiteral("access to the position source refused (no location service, or the user said no)");
+        return QStringLiteral(
+            "access to the position source refused (no location service, or the user said no)");
     case QGeoPositionInfoSource::ClosedError:
         return QStringLiteral("the position source closed");
     case QGeoPositionInfoSource::UpdateTimeoutError:
@@ -64,8 +65,9 @@ void QtPositioningLocationService::setDesiredAccuracy(double metres)
     if (!m_source)
         return;
     // About a kilometre needs no satellites; Wi-Fi or network positions do.
-    m_source->setPreferredPositioningMethods(metres >= 100 ? QGeoPositionInfoSource::NonSatellitePositioningMethods
-                                                           : QGeoPositionInfoSource::AllPositioningMethods);
+    m_source->setPreferredPositioningMethods(
+        metres >= 100 ? QGeoPositionInfoSource::NonSatellitePositioningMethods
+                      : QGeoPositionInfoSource::AllPositioningMethods);
 }
 
 void QtPositioningLocationService::requestLocation()

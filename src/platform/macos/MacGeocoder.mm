@@ -28,19 +28,21 @@ MacGeocoder::~MacGeocoder()
 
 void MacGeocoder::reverseGeocode(const Coordinate& coordinate, Completion completion)
 {
-    CLLocation* location = [[CLLocation alloc] initWithLatitude:coordinate.latitude longitude:coordinate.longitude];
+    CLLocation* location = [[CLLocation alloc] initWithLatitude:coordinate.latitude
+                                                      longitude:coordinate.longitude];
     // The geocoder answers on the main queue.
     __block Completion done = std::move(completion);
     [d->geocoder reverseGeocodeLocation:location
                       completionHandler:^(NSArray<CLPlacemark*>* placemarks, NSError* error) {
-                          if (error || !placemarks) {
-                              done(std::nullopt);
-                              return;
-                          }
-                          QList<Placemark> result;
-                          for (CLPlacemark* p in placemarks)
-                              result.append({text(p.locality), text(p.subAdministrativeArea), text(p.administrativeArea)});
-                          done(result);
+                        if (error || !placemarks) {
+                            done(std::nullopt);
+                            return;
+                        }
+                        QList<Placemark> result;
+                        for (CLPlacemark* p in placemarks)
+                            result.append({text(p.locality), text(p.subAdministrativeArea),
+                                           text(p.administrativeArea)});
+                        done(result);
                       }];
 }
 

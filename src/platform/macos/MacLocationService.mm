@@ -13,11 +13,16 @@ struct DelegateTarget {
 LocationAuthorization authorizationOf(CLAuthorizationStatus status)
 {
     switch (int(status)) {
-    case 1: return LocationAuthorization::Restricted;
-    case 2: return LocationAuthorization::Denied;
-    case 3: return LocationAuthorization::AuthorizedAlways;
-    case 4: return LocationAuthorization::AuthorizedWhenInUse;
-    default: return LocationAuthorization::NotDetermined;
+    case 1:
+        return LocationAuthorization::Restricted;
+    case 2:
+        return LocationAuthorization::Denied;
+    case 3:
+        return LocationAuthorization::AuthorizedAlways;
+    case 4:
+        return LocationAuthorization::AuthorizedWhenInUse;
+    default:
+        return LocationAuthorization::NotDetermined;
     }
 }
 
@@ -33,10 +38,12 @@ LocationAuthorization authorizationOf(CLAuthorizationStatus status)
 - (void)locationManagerDidChangeAuthorization:(CLLocationManager*)manager
 {
     if (self.target && self.target->delegate)
-        self.target->delegate->locationAuthorizationChanged(ravlin::authorizationOf(manager.authorizationStatus));
+        self.target->delegate->locationAuthorizationChanged(
+            ravlin::authorizationOf(manager.authorizationStatus));
 }
 
-- (void)locationManager:(CLLocationManager*)manager didUpdateLocations:(NSArray<CLLocation*>*)locations
+- (void)locationManager:(CLLocationManager*)manager
+     didUpdateLocations:(NSArray<CLLocation*>*)locations
 {
     (void)manager;
     if (!self.target || !self.target->delegate)
@@ -86,7 +93,8 @@ void MacLocationService::setDelegate(LocationServiceDelegate* delegate)
 
 void MacLocationService::setDesiredAccuracy(double metres)
 {
-    d->manager.desiredAccuracy = metres >= 1000 ? kCLLocationAccuracyKilometer : CLLocationAccuracy(metres);
+    d->manager.desiredAccuracy =
+        metres >= 1000 ? kCLLocationAccuracyKilometer : CLLocationAccuracy(metres);
 }
 
 LocationAuthorization MacLocationService::authorizationStatus() const

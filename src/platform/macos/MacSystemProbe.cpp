@@ -21,8 +21,8 @@ namespace {
 std::optional<std::int64_t> integerOf(CFTypeRef value)
 {
     std::int64_t n = 0;
-    if (!value || CFGetTypeID(value) != CFNumberGetTypeID()
-        || !CFNumberGetValue(static_cast<CFNumberRef>(value), kCFNumberSInt64Type, &n))
+    if (!value || CFGetTypeID(value) != CFNumberGetTypeID() ||
+        !CFNumberGetValue(static_cast<CFNumberRef>(value), kCFNumberSInt64Type, &n))
         return std::nullopt;
     return n;
 }
@@ -58,9 +58,10 @@ MacSystemProbe::~MacSystemProbe()
 
 std::optional<CpuTicks> MacSystemProbe::cpuTicks()
 {
-    host_cpu_load_info_data_t info {};
+    host_cpu_load_info_data_t info{};
     mach_msg_type_number_t count = HOST_CPU_LOAD_INFO_COUNT;
-    if (host_statistics(m_host, HOST_CPU_LOAD_INFO, reinterpret_cast<host_info_t>(&info), &count) != KERN_SUCCESS)
+    if (host_statistics(m_host, HOST_CPU_LOAD_INFO, reinterpret_cast<host_info_t>(&info), &count) !=
+        KERN_SUCCESS)
         return std::nullopt;
     CpuTicks ticks;
     ticks.user = info.cpu_ticks[CPU_STATE_USER];
@@ -73,12 +74,14 @@ std::optional<CpuTicks> MacSystemProbe::cpuTicks()
 
 std::optional<MemoryUsage> MacSystemProbe::memory()
 {
-    vm_statistics64_data_t vm {};
+    vm_statistics64_data_t vm{};
     mach_msg_type_number_t count = HOST_VM_INFO64_COUNT;
-    if (host_statistics64(m_host, HOST_VM_INFO64, reinterpret_cast<host_info64_t>(&vm), &count) != KERN_SUCCESS)
+    if (host_statistics64(m_host, HOST_VM_INFO64, reinterpret_cast<host_info64_t>(&vm), &count) !=
+        KERN_SUCCESS)
         return std::nullopt;
     // Free, inactive, speculative and purgeable pages count as not used.
-    const std::uint64_t pages = std::uint64_t(vm.active_count) + vm.wire_count + vm.compressor_page_count;
+    const std::uint64_t pages =
+        std::uint64_t(vm.active_count) + vm.wire_count + vm.compressor_page_count;
     return MemoryUsage{pages * std::uint64_t(vm_kernel_page_size), m_physicalMemory};
 }
 
@@ -93,11 +96,14 @@ std::optional<QList<PowerSource>> MacSystemProbe::powerSources()
     QList<PowerSource> sources;
     for (CFIndex i = 0; i < CFArrayGetCount(list.get()); ++i) {
         // The description belongs to the information blob; it is not released here.
-        const CFDictionaryRef description = IOPSGetPowerSourceDescription(info.get(), CFArrayGetValueAtIndex(list.get(), i));
+        const CFDictionaryRef description =
+            IOPSGetPowerSourceDescription(info.get(), CFArrayGetValueAtIndex(list.get(), i));
         PowerSource source;
         if (description && CFGetTypeID(description) == CFDictionaryGetTypeID()) {
-            source.currentCapacity = integerOf(CFDictionaryGetValue(description, CFSTR(kIOPSCurrentCapacityKey)));
-            source.maxCapacity = integerOf(CFDictionaryGetValue(description, CFSTR(kIOPSMaxCapacityKey)));
+            source.currentCapacity =
+                integerOf(CFDictionaryGetValue(description, CFSTR(kIOPSCurrentCapacityKey)));
+            source.maxCapacity =
+                integerOf(CFDictionaryGetValue(description, CFSTR(kIOPSMaxCapacityKey)));
         }
         sources.append(source);
     }
@@ -106,12 +112,14 @@ std::optional<QList<PowerSource>> MacSystemProbe::powerSources()
 
 std::optional<VolumeCapacity> MacSystemProbe::rootVolume()
 {
-    const CFRef<CFURLRef> url(CFURLCreateWithFileSystemPath(kCFAllocatorDefault, CFSTR("/"), kCFURLPOSIXPathStyle, true));
+    const CFRef<CFURLRef> url(
+        CFURLCreateWithFileSystemPath(kCFAllocatorDefault, CFSTR("/"), kCFURLPOSIXPathStyle, true));
     if (!url)
         return std::nullopt;
     VolumeCapacity volume;
     volume.totalBytes = volumeValue(url.get(), kCFURLVolumeTotalCapacityKey);
-    volume.availableBytes = volumeValue(url.get(), kCFURLVolumeAvailableCapacityForImportantUsageKey);
+    volume.availableBytes =
+        volumeValue(url.get(), kCFURLVolumeAvailableCapacityForImportantUsageKey);
     return volume;
 }
 
@@ -123,11 +131,13 @@ std::optional<QList<InterfaceBytes>> MacSystemProbe::interfaces()
     const std::unique_ptr<ifaddrs, decltype(&freeifaddrs)> list(raw, &freeifaddrs);
     QList<InterfaceBytes> interfaces;
     for (const ifaddrs* entry = list.get(); entry; entry = entry->ifa_next) {
-        if (!entry->ifa_addr || entry->ifa_addr->sa_family != AF_LINK || !entry->ifa_data || !entry->ifa_name)
+        if (!entry->ifa_addr || entry->ifa_addr->sa_family != AF_LINK || !entry->ifa_data ||
+            !entry->ifa_name)
             continue;
         const auto* data = static_cast<const if_data*>(entry->ifa_data);
         const QString name = QString::fromUtf8(entry->ifa_name);
-        // Ethernet and Wi-Fi are the "en" interfaces; loopback, tunnels and bridges are not counted.
+        // Ethernet and Wi-Fi are the "en" interfaces; loopback, tunnels and bridges are not
+        // counted.
         interfaces.append({name, data->ifi_ibytes, data->ifi_obytes, name.startsWith(u"en")});
     }
     return interfaces;

@@ -41,10 +41,12 @@ std::optional<QByteArray> answerOf(QNetworkReply& reply, qint64 cap)
     if (reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).isValid()) {
         if (reply.bytesAvailable() <= cap)
             return reply.readAll();
-        qCWarning(lcWeather) << "answer larger than" << cap << "bytes abandoned:" << reply.url().toString(QUrl::RemoveQuery);
+        qCWarning(lcWeather) << "answer larger than" << cap
+                             << "bytes abandoned:" << reply.url().toString(QUrl::RemoveQuery);
         return std::nullopt;
     }
-    qCInfo(lcWeather) << "request failed:" << reply.url().toString(QUrl::RemoveQuery) << reply.errorString();
+    qCInfo(lcWeather) << "request failed:" << reply.url().toString(QUrl::RemoveQuery)
+                      << reply.errorString();
     return std::nullopt;
 }
 
@@ -53,9 +55,9 @@ std::optional<QByteArray> answerOf(QNetworkReply& reply, qint64 cap)
 QtHttpClient::QtHttpClient(Scheduler& scheduler) : QtHttpClient(scheduler, Options()) {}
 
 QtHttpClient::QtHttpClient(Scheduler& scheduler, Options options)
-    : m_scheduler(scheduler), m_options(std::move(options)), m_manager(std::make_unique<QNetworkAccessManager>())
-{
-}
+    : m_scheduler(scheduler), m_options(std::move(options)),
+      m_manager(std::make_unique<QNetworkAccessManager>())
+{}
 
 QtHttpClient::~QtHttpClient() = default;
 
@@ -73,19 +75,22 @@ void QtHttpClient::get(const QUrl& url, Completion completion)
 
     const double timeout = m_options.timeoutSeconds;
     exchange->deadline = m_scheduler.after(timeout, [exchange, url, timeout] {
-        qCInfo(lcWeather) << "no answer within" << timeout << "s from" << url.toString(QUrl::RemoveQuery);
+        qCInfo(lcWeather) << "no answer within" << timeout << "s from"
+                          << url.toString(QUrl::RemoveQuery);
         exchange->finish(std::nullopt);
     });
     const qint64 cap = m_options.maxBodyBytes;
-    QObject::connect(reply, &QNetworkReply::downloadProgress, reply, [exchange, cap, url](qint64 received, qint64 total) {
-        if (received > cap || total > cap) {
-            qCWarning(lcWeather) << "answer larger than" << cap << "bytes abandoned:" << url.toString(QUrl::RemoveQuery);
-            exchange->finish(std::nullopt);
-        }
-    });
-    QObject::connect(reply, &QNetworkReply::finished, reply, [exchange, reply, cap] {
-        exchange->finish(answerOf(*reply, cap));
-    });
+    QObject::connect(reply, &QNetworkReply::downloadProgress, reply,
+                     [exchange, cap, url](qint64 received, qint64 total) {
+                         if (received > cap || total > cap) {
+                             qCWarning(lcWeather)
+                                 << "answer larger than" << cap
+                                 << "bytes abandoned:" << url.toString(QUrl::RemoveQuery);
+                             exchange->finish(std::nullopt);
+                         }
+                     });
+    QObject::connect(reply, &QNetworkReply::finished, reply,
+                     [exchange, reply, cap] { exchange->finish(answerOf(*reply, cap)); });
 }
 
 } // namespace ravlin

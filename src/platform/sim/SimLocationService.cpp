@@ -7,8 +7,8 @@ namespace ravlin {
 void SimLocationService::requestLocation()
 {
     ++m_locationRequests;
-    const bool granted = m_status == LocationAuthorization::AuthorizedAlways
-                         || m_status == LocationAuthorization::AuthorizedWhenInUse;
+    const bool granted = m_status == LocationAuthorization::AuthorizedAlways ||
+                         m_status == LocationAuthorization::AuthorizedWhenInUse;
     const std::optional<Coordinate> position = granted ? m_position : std::nullopt;
     m_scheduler.async([this, position] {
         if (!m_delegate)
