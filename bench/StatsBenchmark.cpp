@@ -20,8 +20,7 @@ static void SamplingPass(benchmark::State& state)
 }
 BENCHMARK(SamplingPass);
 
-template <class Read>
-static void Reading(benchmark::State& state, Read read)
+template <class Read> static void Reading(benchmark::State& state, Read read)
 {
     LinuxSystemProbe probe;
     for (auto _ : state)
