@@ -111,6 +111,7 @@ std::optional<CpuTicks> parseProcStat(const QByteArray& text)
     ticks.user = field(0);
     ticks.nice = field(1);
     ticks.system = field(2) + field(5) + field(6) + field(7);
+    // iowait alone can go back between two reads on a tickless kernel; idle + iowait cannot.
     ticks.idle = field(3) + field(4);
     ticks.width = CpuTicks::Width::Bits64;
     return ticks;
