@@ -11,5 +11,6 @@ for fuzzer in build/fuzz/bin/fuzz_*; do
   corpus="fuzz/corpus/${name#fuzz_}"
   mkdir -p "build/fuzz/corpus/$name"
   echo "== $name for ${seconds}s"
-  "$fuzzer" -max_total_time="$seconds" -print_final_stats=1 "build/fuzz/corpus/$name" $( [[ -d "$corpus" ]] && echo "$corpus" )
+  dict="fuzz/${name#fuzz_}.dict"
+  "$fuzzer" -max_total_time="$seconds" -print_final_stats=1 $( [[ -f "$dict" ]] && echo "-dict=$dict" ) "build/fuzz/corpus/$name" $( [[ -d "$corpus" ]] && echo "$corpus" )
 done

@@ -5,7 +5,7 @@ set -euo pipefail
 
 packages=(
   cmake ninja-build g++ ccache pkg-config
-  qt6-base-dev qt6-svg-dev qt6-positioning-dev
+  qt6-base-dev qt6-svg-dev qt6-positioning-dev libqt6positioning6-plugins
   libplist-dev libgtest-dev libgmock-dev libbenchmark-dev
   fonts-material-design-icons-iconfont fonts-noto-core fonts-noto-cjk
   xvfb xauth

@@ -7,11 +7,17 @@
 namespace ravlin {
 
 class DefaultsStore;
+class Geocoder;
+class HttpClient;
+class LocationService;
 class LoginItems;
+class SystemProbe;
 
 // The services the core asks of the operating system. Each backend (macOS, the
 // simulated desktop, real Linux services) fills in its own; the application
-// object borrows them for its whole life.
+// object borrows them for its whole life. A new Platform starts with stand-ins
+// for the system-information services that fail quietly, so a backend that
+// lacks one still runs.
 struct Platform {
     Platform();
     ~Platform();
@@ -20,6 +26,11 @@ struct Platform {
 
     std::unique_ptr<DefaultsStore> defaults;
     std::unique_ptr<LoginItems> loginItems;
+    std::unique_ptr<SystemProbe> systemProbe;
+    std::unique_ptr<LocationService> location;
+    std::unique_ptr<Geocoder> geocoder;
+    // Fetches the weather forecast.
+    std::unique_ptr<HttpClient> http;
     // The system's preferred interface languages, most wanted first (tags such as "de-DE").
     QStringList preferredLanguages;
     // This application's bundle identifier ("de.vexa.Ravlin"); empty without one.

@@ -26,6 +26,10 @@ print text menu.settings
 expect /language/isRTL == true
 language ""
 dump language
+# Statistics and weather come from this machine: /proc, /sys, statvfs, getifaddrs, and
+# the location service where the system has one (without one the tile shows "denied").
+advance 0.5
+dump stats weather
 # The login item follows the setting.
 prefs set launchAtLogin true
 dump login

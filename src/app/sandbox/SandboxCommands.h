@@ -8,6 +8,8 @@ class ScriptRunner;
 void registerCoreCommands(ScriptRunner& runner);     // start, advance, dump, expect, print
 void registerSettingsCommands(ScriptRunner& runner); // defaults, login, prefs, placement, language, locale
 void registerCoreSections(ScriptRunner& runner);     // time, process, preferences, defaults, language, login
+// probe, location, forecast, stats, weather; the sections stats, weather and probe
+void registerSysinfoCommands(ScriptRunner& runner);
 // Every command of the script language that a later part of the sandbox brings.
 void registerPendingCommands(ScriptRunner& runner);
 

@@ -2,8 +2,14 @@
 
 #include "core/app/AppDelegate.h"
 #include "core/foundation/ResourceBundle.h"
+#include "platform/linux/LinuxServices.h"
+#include "platform/linux/LinuxSystemProbe.h"
 #include "platform/linux/PlistFileDefaultsStore.h"
+#include "platform/sim/SimGeocoder.h"
+#include "platform/sim/SimHttpClient.h"
+#include "platform/sim/SimLocationService.h"
 #include "platform/sim/SimLoginItems.h"
+#include "platform/sim/SimSystemProbe.h"
 
 #include <QCoreApplication>
 
@@ -18,6 +24,35 @@ SandboxSession::SandboxSession(Options options) : m_options(std::move(options))
     m_login = login.get();
     m_platform.loginItems = std::move(login);
     m_platform.bundleIdentifier = QStringLiteral("de.vexa.Ravlin");
+    if (m_options.realSystem)
+        LinuxServices::install(m_platform, m_scheduler);
+    else
+        installSimulatedSystem();
+}
+
+void SandboxSession::installSimulatedSystem()
+{
+    auto probe = std::make_unique<SimSystemProbe>(m_scheduler);
+    m_probe = probe.get();
+    m_platform.systemProbe = std::move(probe);
+    auto location = std::make_unique<SimLocationService>(m_scheduler);
+    m_location = location.get();
+    m_platform.location = std::move(location);
+    auto geocoder = std::make_unique<SimGeocoder>(m_scheduler);
+    m_geocoder = geocoder.get();
+    m_platform.geocoder = std::move(geocoder);
+    auto http = std::make_unique<SimHttpClient>(m_scheduler);
+    m_http = http.get();
+    m_platform.http = std::move(http);
+}
+
+bool SandboxSession::useMachineProbe()
+{
+    if (m_app)
+        return false;
+    m_platform.systemProbe = std::make_unique<LinuxSystemProbe>();
+    m_probe = nullptr;
+    return true;
 }
 
 SandboxSession::~SandboxSession() = default;

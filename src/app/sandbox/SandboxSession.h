@@ -14,7 +14,11 @@ namespace ravlin {
 class AppDelegate;
 class DefaultsStore;
 class Resources;
+class SimGeocoder;
+class SimHttpClient;
+class SimLocationService;
 class SimLoginItems;
+class SimSystemProbe;
 } // namespace ravlin
 
 namespace ravlin::sandbox {
@@ -35,6 +39,8 @@ public:
         QString defaultsPath; // empty: a fresh settings file in a temporary folder
         QString logDir;       // empty: the fixed /tmp paths
         QString resourcesDir; // empty: found beside the executable
+        // The machine's own statistics, location, geocoder and network instead of the simulated ones.
+        bool realSystem = false;
     };
 
     explicit SandboxSession(Options options);
@@ -44,6 +50,13 @@ public:
     Platform& platform() { return m_platform; }
     DefaultsStore& defaults() { return *m_platform.defaults; }
     SimLoginItems& login() { return *m_login; }
+    // The simulated system-information services; null where the real ones serve.
+    SimSystemProbe* probe() { return m_probe; }
+    SimLocationService* location() { return m_location; }
+    SimGeocoder* geocoder() { return m_geocoder; }
+    SimHttpClient* http() { return m_http; }
+    // Reads the machine's own figures from now on; only before the application exists.
+    bool useMachineProbe();
     QString defaultsPath() const { return m_defaultsPath; }
     QString logDir() const { return m_options.logDir; }
 
@@ -58,12 +71,18 @@ public:
     ProcessState& process() { return m_process; }
 
 private:
+    void installSimulatedSystem();
+
     Options m_options;
     QTemporaryDir m_tempDir;
     QString m_defaultsPath;
     VirtualScheduler m_scheduler;
     Platform m_platform;
     SimLoginItems* m_login = nullptr;
+    SimSystemProbe* m_probe = nullptr;
+    SimLocationService* m_location = nullptr;
+    SimGeocoder* m_geocoder = nullptr;
+    SimHttpClient* m_http = nullptr;
     QStringList m_systemLanguages{QStringLiteral("en")};
     std::unique_ptr<Resources> m_resources;
     std::unique_ptr<AppDelegate> m_app;

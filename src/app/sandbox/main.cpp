@@ -121,6 +121,8 @@ int main(int argc, char** argv)
         }
         return runScript(QString::fromUtf8(file.readAll()), options, false);
     }
+    // Without a script the sandbox shows this machine's own statistics, location and network.
+    options.realSystem = true;
     if (headless)
         return runScript(demoScript(), options, true);
     return showWindow(options);

@@ -3,7 +3,11 @@
 #include "core/foundation/NotificationCenter.h"
 #include "core/settings/LanguageManager.h"
 #include "core/settings/Preferences.h"
+#include "core/sysinfo/SystemStats.h"
+#include "core/sysinfo/WeatherService.h"
 #include "platform/Platform.h"
+
+#include <QPointer>
 
 namespace ravlin {
 
@@ -12,7 +16,9 @@ AppDelegate::AppDelegate(Platform& platform, Scheduler& scheduler, const Resourc
       m_scheduler(scheduler),
       m_notifications(std::make_unique<NotificationCenter>()),
       m_preferences(std::make_unique<Preferences>(*platform.defaults, *m_notifications, platform.loginItems.get())),
-      m_language(std::make_unique<LanguageManager>(resources, *platform.defaults, *m_preferences))
+      m_language(std::make_unique<LanguageManager>(resources, *platform.defaults, *m_preferences)),
+      m_stats(std::make_unique<SystemStats>(scheduler, *platform.systemProbe)),
+      m_weather(std::make_unique<WeatherService>(scheduler, *platform.location, *platform.geocoder, *platform.http))
 {
 }
 
@@ -24,6 +30,14 @@ void AppDelegate::applicationDidFinishLaunching(const QStringList& arguments)
     m_launched = true;
     m_preferences->registerDefaults();
     m_language->applyStored();
+    if (m_preferences->showWeather())
+        m_weather->refreshIfStale();
+    // A first reading at launch primes the sampler; the tile panel starts it again when it shows figures.
+    m_stats->start(SystemStats::defaultInterval);
+    m_scheduler.after(1.0, [stats = QPointer<SystemStats>(m_stats.get())] {
+        if (stats)
+            stats->stop();
+    });
 }
 
 } // namespace ravlin

@@ -11,6 +11,8 @@ class NotificationCenter;
 class Preferences;
 class Resources;
 class Scheduler;
+class SystemStats;
+class WeatherService;
 struct Platform;
 
 // The application object: owns the single instance of each service of the
@@ -28,6 +30,8 @@ public:
     NotificationCenter& notificationCenter() const { return *m_notifications; }
     Preferences& preferences() const { return *m_preferences; }
     LanguageManager& languageManager() const { return *m_language; }
+    SystemStats& systemStats() const { return *m_stats; }
+    WeatherService& weatherService() const { return *m_weather; }
     bool launched() const { return m_launched; }
 
 private:
@@ -36,6 +40,8 @@ private:
     std::unique_ptr<NotificationCenter> m_notifications;
     std::unique_ptr<Preferences> m_preferences;
     std::unique_ptr<LanguageManager> m_language;
+    std::unique_ptr<SystemStats> m_stats;
+    std::unique_ptr<WeatherService> m_weather;
     bool m_launched = false;
 };
 

@@ -2,9 +2,13 @@
 
 #include "platform/Platform.h"
 
+namespace ravlin {
+class Scheduler;
+}
+
 namespace ravlin::macos {
 
-// The real macOS services.
-Platform makePlatform();
+// The real macOS services; the scheduler keeps the deadlines of network requests.
+Platform makePlatform(Scheduler& scheduler);
 
 } // namespace ravlin::macos
