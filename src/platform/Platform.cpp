@@ -1,6 +1,12 @@
 #include "Platform.h"
 
+#include "Accessibility.h"
+#include "Events.h"
 #include "LoginItems.h"
+#include "Permissions.h"
+#include "Screens.h"
+#include "WindowServer.h"
+#include "Workspace.h"
 #include "core/foundation/DefaultsStore.h"
 
 namespace ravlin {
@@ -9,5 +15,23 @@ Platform::Platform() = default;
 Platform::~Platform() = default;
 Platform::Platform(Platform&&) noexcept = default;
 Platform& Platform::operator=(Platform&&) noexcept = default;
+
+QStringList Platform::missingMenuBarServices() const
+{
+    QStringList missing;
+    if (!windowServer)
+        missing << QStringLiteral("windowServer");
+    if (!screens)
+        missing << QStringLiteral("screens");
+    if (!accessibility)
+        missing << QStringLiteral("accessibility");
+    if (!events)
+        missing << QStringLiteral("events");
+    if (!workspace)
+        missing << QStringLiteral("workspace");
+    if (!permissions)
+        missing << QStringLiteral("permissions");
+    return missing;
+}
 
 } // namespace ravlin
