@@ -6,11 +6,15 @@
 
 namespace ravlin {
 
+class DiagnosticLogs;
 class LanguageManager;
+class MenuBarServices;
 class NotificationCenter;
 class Preferences;
 class Resources;
+class ScannerModel;
 class Scheduler;
+class TileModel;
 struct Platform;
 
 // The application object: owns the single instance of each service of the
@@ -28,6 +32,12 @@ public:
     NotificationCenter& notificationCenter() const { return *m_notifications; }
     Preferences& preferences() const { return *m_preferences; }
     LanguageManager& languageManager() const { return *m_language; }
+    MenuBarServices& menuBar() const { return *m_menuBar; }
+    ScannerModel& scannerModel() const { return *m_scannerModel; }
+    TileModel& tileModel() const { return *m_tileModel; }
+    DiagnosticLogs& diagnosticLogs() const { return *m_logs; }
+    // Where the self-tests write their reports (empty: the default folder).
+    void setLogDirectory(const QString& directory);
     bool launched() const { return m_launched; }
 
 private:
@@ -36,6 +46,10 @@ private:
     std::unique_ptr<NotificationCenter> m_notifications;
     std::unique_ptr<Preferences> m_preferences;
     std::unique_ptr<LanguageManager> m_language;
+    std::unique_ptr<DiagnosticLogs> m_logs;
+    std::unique_ptr<MenuBarServices> m_menuBar;
+    std::unique_ptr<ScannerModel> m_scannerModel;
+    std::unique_ptr<TileModel> m_tileModel;
     bool m_launched = false;
 };
 
