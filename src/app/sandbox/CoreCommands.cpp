@@ -148,12 +148,10 @@ void registerCoreCommands(ScriptRunner& runner)
 void registerPendingCommands(ScriptRunner& runner)
 {
     runner.addUnsupported({
-        QStringLiteral("screen"), QStringLiteral("app"), QStringLiteral("item"), QStringLiteral("extras"),
-        QStringLiteral("permission"), QStringLiteral("engine"), QStringLiteral("instance"), QStringLiteral("probe"),
-        QStringLiteral("location"), QStringLiteral("forecast"), QStringLiteral("launch"), QStringLiteral("terminate"),
-        QStringLiteral("click"), QStringLiteral("hover"), QStringLiteral("cmd-drag"), QStringLiteral("menu"),
-        QStringLiteral("tile"), QStringLiteral("panel"), QStringLiteral("hud"), QStringLiteral("settings"),
-        QStringLiteral("reopen"), QStringLiteral("selftest"), QStringLiteral("screenshot"),
+        QStringLiteral("engine"), QStringLiteral("instance"), QStringLiteral("probe"), QStringLiteral("location"),
+        QStringLiteral("forecast"), QStringLiteral("hover"), QStringLiteral("menu"), QStringLiteral("tile"),
+        QStringLiteral("panel"), QStringLiteral("hud"), QStringLiteral("settings"), QStringLiteral("reopen"),
+        QStringLiteral("screenshot"),
     });
 }
 
@@ -162,6 +160,7 @@ void registerAll(ScriptRunner& runner)
     registerCoreCommands(runner);
     registerSettingsCommands(runner);
     registerCoreSections(runner);
+    registerDiscoveryCommands(runner);
     registerPendingCommands(runner);
 }
 

@@ -8,6 +8,11 @@ class ScriptRunner;
 void registerCoreCommands(ScriptRunner& runner);     // start, advance, dump, expect, print
 void registerSettingsCommands(ScriptRunner& runner); // defaults, login, prefs, placement, language, locale
 void registerCoreSections(ScriptRunner& runner);     // time, process, preferences, defaults, language, login
+// screen, app, item, extras, permission, launch, terminate, click, cmd-drag, selftest,
+// scanner; the sections bar, events, activations, scanner, tiles and logs.
+void registerDiscoveryCommands(ScriptRunner& runner);
+void registerDesktopCommands(ScriptRunner& runner);
+void registerDiscoverySections(ScriptRunner& runner);
 // Every command of the script language that a later part of the sandbox brings.
 void registerPendingCommands(ScriptRunner& runner);
 

@@ -14,6 +14,7 @@ namespace ravlin {
 class AppDelegate;
 class DefaultsStore;
 class Resources;
+class SimDesktop;
 class SimLoginItems;
 } // namespace ravlin
 
@@ -44,6 +45,7 @@ public:
     Platform& platform() { return m_platform; }
     DefaultsStore& defaults() { return *m_platform.defaults; }
     SimLoginItems& login() { return *m_login; }
+    SimDesktop& desktop() { return *m_desktop; }
     QString defaultsPath() const { return m_defaultsPath; }
     QString logDir() const { return m_options.logDir; }
 
@@ -62,6 +64,7 @@ private:
     QTemporaryDir m_tempDir;
     QString m_defaultsPath;
     VirtualScheduler m_scheduler;
+    std::unique_ptr<SimDesktop> m_desktop;
     Platform m_platform;
     SimLoginItems* m_login = nullptr;
     QStringList m_systemLanguages{QStringLiteral("en")};
