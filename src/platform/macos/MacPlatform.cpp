@@ -1,7 +1,13 @@
 #include "MacPlatform.h"
 
 #include "CFPreferencesDefaultsStore.h"
+#include "MacAccessibility.h"
+#include "MacEvents.h"
+#include "MacPermissions.h"
+#include "MacScreens.h"
 #include "MacSystem.h"
+#include "MacWindowServer.h"
+#include "MacWorkspace.h"
 #include "SMAppServiceLoginItems.h"
 
 namespace ravlin::macos {
@@ -11,6 +17,12 @@ Platform makePlatform()
     Platform platform;
     platform.defaults = std::make_unique<CFPreferencesDefaultsStore>();
     platform.loginItems = std::make_unique<SMAppServiceLoginItems>();
+    platform.windowServer = std::make_unique<MacWindowServer>();
+    platform.screens = std::make_unique<MacScreens>();
+    platform.accessibility = std::make_unique<MacAccessibility>();
+    platform.events = std::make_unique<MacEvents>();
+    platform.workspace = std::make_unique<MacWorkspace>();
+    platform.permissions = std::make_unique<MacPermissions>();
     platform.preferredLanguages = MacSystem::preferredLanguages();
     platform.bundleIdentifier = MacSystem::bundleIdentifier();
     return platform;
