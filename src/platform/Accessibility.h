@@ -46,8 +46,7 @@ struct AXValue {
 };
 
 // A call's error code and, on success, its result.
-template <class T>
-struct AXResult {
+template <class T> struct AXResult {
     int error = AXError::failure;
     T value{};
     bool ok() const { return error == AXError::success; }
@@ -66,7 +65,8 @@ public:
     virtual AXElement applicationElement(std::int32_t pid) = 0;
     // Hit test in window-server coordinates, passed as 32-bit floats as the platform takes them.
     virtual AXResult<AXElement> elementAtPosition(const AXElement& root, float x, float y) = 0;
-    virtual AXResult<AXValue> copyAttributeValue(const AXElement& element, const QString& attribute) = 0;
+    virtual AXResult<AXValue> copyAttributeValue(const AXElement& element,
+                                                 const QString& attribute) = 0;
     virtual AXResult<QStringList> copyActionNames(const AXElement& element) = 0;
     // The error code itself: callers tell "cannot complete" from other failures.
     virtual int performAction(const AXElement& element, const QString& action) = 0;

@@ -11,7 +11,7 @@ namespace ravlin {
 
 // The window list options the core asks for (the values of the platform's option set).
 enum class WindowListOption : std::uint32_t {
-    AllWindows = 0,   // off-screen windows included
+    AllWindows = 0, // off-screen windows included
     OnScreenOnly = 1,
 };
 
@@ -20,7 +20,8 @@ namespace WindowKey {
 inline const QString layer = QStringLiteral("kCGWindowLayer");
 inline const QString number = QStringLiteral("kCGWindowNumber");
 inline const QString ownerPID = QStringLiteral("kCGWindowOwnerPID");
-inline const QString bounds = QStringLiteral("kCGWindowBounds"); // {X, Y, Width, Height}, window-server coordinates
+inline const QString bounds =
+    QStringLiteral("kCGWindowBounds"); // {X, Y, Width, Height}, window-server coordinates
 inline const QString ownerName = QStringLiteral("kCGWindowOwnerName");
 inline const QString name = QStringLiteral("kCGWindowName");
 inline const QString isOnscreen = QStringLiteral("kCGWindowIsOnscreen");

@@ -39,7 +39,8 @@ bool yesNo(CommandContext& c, const QString& text, const QString& what)
     c.fail(QStringLiteral("%1 takes yes or no, not \"%2\"").arg(what, text));
 }
 
-void rejectUnknown(CommandContext& c, const QMap<QString, QString>& options, const QStringList& known)
+void rejectUnknown(CommandContext& c, const QMap<QString, QString>& options,
+                   const QStringList& known)
 {
     for (auto it = options.cbegin(); it != options.cend(); ++it) {
         if (!known.contains(it.key()))
@@ -55,7 +56,8 @@ void screenCommand(CommandContext& c)
     screen.width = number(c, c.need(1, QStringLiteral("the width")), QStringLiteral("screen"));
     screen.height = number(c, c.need(2, QStringLiteral("the height")), QStringLiteral("screen"));
     if (options.contains(QStringLiteral("menubar")))
-        screen.menuBarHeight = number(c, options.value(QStringLiteral("menubar")), QStringLiteral("menubar"));
+        screen.menuBarHeight =
+            number(c, options.value(QStringLiteral("menubar")), QStringLiteral("menubar"));
     if (screen.width <= 0 || screen.height <= screen.menuBarHeight)
         c.fail(QStringLiteral("a screen needs a positive size taller than its menu bar"));
     c.session.desktop().addScreen(screen);
@@ -80,11 +82,13 @@ void appCommand(CommandContext& c)
     if (app.bundleId == SimDesktop::ownBundleId)
         c.fail(QStringLiteral("%1 is this application itself").arg(app.bundleId));
     const auto options = c.options(3);
-    rejectUnknown(c, options, {QStringLiteral("pid"), QStringLiteral("policy"), QStringLiteral("running"),
-                               QStringLiteral("hung")});
+    rejectUnknown(c, options,
+                  {QStringLiteral("pid"), QStringLiteral("policy"), QStringLiteral("running"),
+                   QStringLiteral("hung")});
     const bool keepPid = options.contains(QStringLiteral("pid"));
     if (keepPid)
-        app.pid = std::int32_t(integer(c, options.value(QStringLiteral("pid")), QStringLiteral("pid")));
+        app.pid =
+            std::int32_t(integer(c, options.value(QStringLiteral("pid")), QStringLiteral("pid")));
     if (options.contains(QStringLiteral("policy")))
         app.policy = policy(c, options.value(QStringLiteral("policy")));
     if (options.contains(QStringLiteral("running")))
@@ -110,7 +114,8 @@ void applyAXOptions(CommandContext& c, const QMap<QString, QString>& o, SimAXSpe
     if (o.contains(QStringLiteral("ax.actions")))
         ax.actions = o.value(QStringLiteral("ax.actions")).split(u',', Qt::SkipEmptyParts);
     if (o.contains(QStringLiteral("ax.result")))
-        ax.result = int(integer(c, o.value(QStringLiteral("ax.result")), QStringLiteral("ax.result")));
+        ax.result =
+            int(integer(c, o.value(QStringLiteral("ax.result")), QStringLiteral("ax.result")));
     if (o.contains(QStringLiteral("ax.depth")))
         ax.depth = int(integer(c, o.value(QStringLiteral("ax.depth")), QStringLiteral("ax.depth")));
     if (ax.depth < 0)
@@ -123,13 +128,16 @@ void itemCommand(CommandContext& c)
     item.bundleId = c.need(1, QStringLiteral("the bundle identifier"));
     item.title = c.need(2, QStringLiteral("the item's title"));
     if (!c.session.desktop().app(item.bundleId))
-        c.fail(QStringLiteral("unknown application %1: declare it with app first").arg(item.bundleId));
+        c.fail(
+            QStringLiteral("unknown application %1: declare it with app first").arg(item.bundleId));
     const auto o = c.options(3);
-    rejectUnknown(c, o, {QStringLiteral("width"), QStringLiteral("height"), QStringLiteral("layer"),
-                         QStringLiteral("owner"), QStringLiteral("fixed"), QStringLiteral("window"),
-                         QStringLiteral("ax"), QStringLiteral("ax.title"), QStringLiteral("ax.description"),
-                         QStringLiteral("ax.help"), QStringLiteral("ax.actions"), QStringLiteral("ax.result"),
-                         QStringLiteral("ax.depth")});
+    rejectUnknown(c, o,
+                  {QStringLiteral("width"), QStringLiteral("height"), QStringLiteral("layer"),
+                   QStringLiteral("owner"), QStringLiteral("fixed"), QStringLiteral("window"),
+                   QStringLiteral("ax"), QStringLiteral("ax.title"),
+                   QStringLiteral("ax.description"), QStringLiteral("ax.help"),
+                   QStringLiteral("ax.actions"), QStringLiteral("ax.result"),
+                   QStringLiteral("ax.depth")});
     if (o.contains(QStringLiteral("width")))
         item.width = number(c, o.value(QStringLiteral("width")), QStringLiteral("width"));
     if (o.contains(QStringLiteral("height")))
@@ -151,8 +159,9 @@ void extrasCommand(CommandContext& c)
     SimApp* app = c.session.desktop().app(c.need(1, QStringLiteral("the bundle identifier")));
     if (!app)
         c.fail(QStringLiteral("unknown application %1").arg(c.word(1)));
-    app->extras = yesNo(c, c.need(2, QStringLiteral("yes or no")), QStringLiteral("extras")) ? SimExtras::Yes
-                                                                                          : SimExtras::No;
+    app->extras = yesNo(c, c.need(2, QStringLiteral("yes or no")), QStringLiteral("extras"))
+                      ? SimExtras::Yes
+                      : SimExtras::No;
 }
 
 void permissionCommand(CommandContext& c)
@@ -217,10 +226,10 @@ WindowServerPoint clickPoint(CommandContext& c, qsizetype& next)
         const SimScreen s = desktop.mainScreen();
         return {s.width / 2, s.menuBarHeight + (s.height - s.menuBarHeight) / 2};
     }
-    static const QMap<QString, QString> own{{QStringLiteral("main"), QStringLiteral("Ravlin.Main")},
-                                            {QStringLiteral("hidden-separator"), QStringLiteral("Ravlin.HiddenSeparator")},
-                                            {QStringLiteral("always-separator"),
-                                             QStringLiteral("Ravlin.AlwaysHiddenSeparator")}};
+    static const QMap<QString, QString> own{
+        {QStringLiteral("main"), QStringLiteral("Ravlin.Main")},
+        {QStringLiteral("hidden-separator"), QStringLiteral("Ravlin.HiddenSeparator")},
+        {QStringLiteral("always-separator"), QStringLiteral("Ravlin.AlwaysHiddenSeparator")}};
     SimPlacedItem placed;
     if (own.contains(target))
         placed = itemNamed(c, QStringLiteral("item:") + own.value(target));
@@ -277,7 +286,8 @@ void registerDesktopCommands(ScriptRunner& runner)
     runner.addCommand(QStringLiteral("item"), Phase::BeforeStart, itemCommand);
     runner.addCommand(QStringLiteral("extras"), Phase::BeforeStart, extrasCommand);
     runner.addCommand(QStringLiteral("permission"), Phase::Any, permissionCommand);
-    runner.addCommand(QStringLiteral("launch"), Phase::AfterStart, [](CommandContext& c) { lifecycleCommand(c, true); });
+    runner.addCommand(QStringLiteral("launch"), Phase::AfterStart,
+                      [](CommandContext& c) { lifecycleCommand(c, true); });
     runner.addCommand(QStringLiteral("terminate"), Phase::AfterStart,
                       [](CommandContext& c) { lifecycleCommand(c, false); });
     runner.addCommand(QStringLiteral("click"), Phase::AfterStart, clickCommand);

@@ -55,8 +55,9 @@ QJsonValue eventJson(const SimPostedEvent& posted)
         {QStringLiteral("y"), e.location.y},
         {QStringLiteral("flags"), mouse ? QJsonValue(qint64(e.flags)) : QJsonValue()},
         {QStringLiteral("tap"), !mouse ? QJsonValue()
-                                : posted.tap == EventTap::HID ? QJsonValue(QStringLiteral("hid"))
-                                                              : QJsonValue(QStringLiteral("session"))},
+                                : posted.tap == EventTap::HID
+                                    ? QJsonValue(QStringLiteral("hid"))
+                                    : QJsonValue(QStringLiteral("session"))},
         {QStringLiteral("fields"), fields},
     };
 }
@@ -64,7 +65,8 @@ QJsonValue eventJson(const SimPostedEvent& posted)
 QJsonValue eventsSection(SandboxSession& s, bool consume)
 {
     QJsonArray events;
-    const std::vector<SimPostedEvent> posted = consume ? s.desktop().takeEvents() : s.desktop().events();
+    const std::vector<SimPostedEvent> posted =
+        consume ? s.desktop().takeEvents() : s.desktop().events();
     for (const SimPostedEvent& e : posted)
         events.append(eventJson(e));
     return events;
@@ -73,7 +75,8 @@ QJsonValue eventsSection(SandboxSession& s, bool consume)
 QJsonValue activationsSection(SandboxSession& s, bool consume)
 {
     QJsonArray activations;
-    const std::vector<SimActivation> seen = consume ? s.desktop().takeActivations() : s.desktop().activations();
+    const std::vector<SimActivation> seen =
+        consume ? s.desktop().takeActivations() : s.desktop().activations();
     for (const SimActivation& a : seen) {
         activations.append(QJsonObject{{QStringLiteral("bundle"), a.bundle},
                                        {QStringLiteral("title"), a.title},
@@ -91,7 +94,8 @@ QJsonValue scannerSection(SandboxSession& s, bool)
     for (const BarItem& item : model.detected())
         detected.append(item.key);
     for (const MenuBarApps::Entry& entry : model.menuBarApps())
-        apps.append(QJsonObject{{QStringLiteral("bundleID"), entry.bundleID}, {QStringLiteral("name"), entry.name}});
+        apps.append(QJsonObject{{QStringLiteral("bundleID"), entry.bundleID},
+                                {QStringLiteral("name"), entry.name}});
     return QJsonObject{{QStringLiteral("items"), items},
                        {QStringLiteral("detected"), detected},
                        {QStringLiteral("menuBarApps"), apps}};
@@ -104,7 +108,8 @@ QJsonValue tilesSection(SandboxSession& s, bool)
     return QJsonObject{
         {QStringLiteral("order"), QJsonArray::fromStringList(tiles.order())},
         {QStringLiteral("rev"), qint64(tiles.rev())},
-        {QStringLiteral("labelCache"), cache.isNull() ? QJsonValue(QJsonObject()) : PlistJson::toJson(cache)},
+        {QStringLiteral("labelCache"),
+         cache.isNull() ? QJsonValue(QJsonObject()) : PlistJson::toJson(cache)},
     };
 }
 
@@ -112,7 +117,8 @@ QJsonValue logsSection(SandboxSession& s, bool)
 {
     const DiagnosticLogs& logs = s.app().diagnosticLogs();
     QJsonObject texts;
-    for (const QString& name : {DiagnosticLogs::captureLog, DiagnosticLogs::moveLog, DiagnosticLogs::hideLog}) {
+    for (const QString& name :
+         {DiagnosticLogs::captureLog, DiagnosticLogs::moveLog, DiagnosticLogs::hideLog}) {
         QFile file(logs.path(name));
         if (file.open(QIODevice::ReadOnly))
             texts.insert(name, QString::fromUtf8(file.readAll()));

@@ -19,16 +19,22 @@ MenuBarServices::MenuBarServices(Platform& platform, Scheduler& scheduler, Defau
                                  const LanguageManager& language, const DiagnosticLogs& logs)
 {
     if (const QStringList missing = platform.missingMenuBarServices(); !missing.isEmpty())
-        qFatal("the platform lacks the menu-bar services %s", qPrintable(missing.join(QStringLiteral(", "))));
-    m_permissions = std::make_unique<PermissionManager>(*platform.permissions, *platform.accessibility, *platform.workspace);
+        qFatal("the platform lacks the menu-bar services %s",
+               qPrintable(missing.join(QStringLiteral(", "))));
+    m_permissions = std::make_unique<PermissionManager>(
+        *platform.permissions, *platform.accessibility, *platform.workspace);
     m_capture = std::make_unique<ItemCapture>(*platform.windowServer, *m_permissions);
-    m_resolver = std::make_unique<AXResolver>(*platform.accessibility, *platform.workspace, *m_permissions);
+    m_resolver =
+        std::make_unique<AXResolver>(*platform.accessibility, *platform.workspace, *m_permissions);
     m_scanner = std::make_unique<MenuBarScanner>(*platform.windowServer);
-    m_apps = std::make_unique<MenuBarApps>(*platform.workspace, *platform.accessibility, *m_permissions);
-    m_mover = std::make_unique<MoveEngine>(*platform.events, *platform.windowServer, scheduler, *m_permissions, logs);
-    m_factory = std::make_unique<BarItemFactory>(*m_resolver, *m_capture, *m_permissions, defaults, language);
-    m_captureEngine =
-        std::make_unique<CaptureEngine>(*platform.windowServer, *m_capture, *m_mover, *m_factory, scheduler, logs);
+    m_apps =
+        std::make_unique<MenuBarApps>(*platform.workspace, *platform.accessibility, *m_permissions);
+    m_mover = std::make_unique<MoveEngine>(*platform.events, *platform.windowServer, scheduler,
+                                           *m_permissions, logs);
+    m_factory = std::make_unique<BarItemFactory>(*m_resolver, *m_capture, *m_permissions, defaults,
+                                                 language);
+    m_captureEngine = std::make_unique<CaptureEngine>(*platform.windowServer, *m_capture, *m_mover,
+                                                      *m_factory, scheduler, logs);
     m_grouping = std::make_unique<BarGrouping>(*m_factory, language);
 }
 

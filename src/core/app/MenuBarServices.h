@@ -23,8 +23,8 @@ struct Platform;
 // services and handed out by reference. The application object owns one set.
 class MenuBarServices {
 public:
-    MenuBarServices(Platform& platform, Scheduler& scheduler, DefaultsStore& defaults, const LanguageManager& language,
-                    const DiagnosticLogs& logs);
+    MenuBarServices(Platform& platform, Scheduler& scheduler, DefaultsStore& defaults,
+                    const LanguageManager& language, const DiagnosticLogs& logs);
     ~MenuBarServices();
 
     PermissionManager& permissions() const { return *m_permissions; }

@@ -7,11 +7,16 @@ namespace ravlin::HideEngineBundleIDs {
 // Owners the hide engine always lets through, whatever the user chose: the
 // platform's own menu-bar agents...
 inline const QStringList mandatory{
-    QStringLiteral("com.apple.controlcenter"),     QStringLiteral("com.apple.MenuBarAgent"),
-    QStringLiteral("com.apple.systemuiserver"),    QStringLiteral("com.apple.TextInputMenuAgent"),
-    QStringLiteral("com.apple.wifi.WiFiAgent"),    QStringLiteral("com.apple.ScreenTimeAgent"),
-    QStringLiteral("com.apple.AirPlayUIAgent"),    QStringLiteral("com.apple.UserNotificationCenter"),
-    QStringLiteral("com.apple.notificationcenterui"), QStringLiteral("com.apple.loginwindow"),
+    QStringLiteral("com.apple.controlcenter"),
+    QStringLiteral("com.apple.MenuBarAgent"),
+    QStringLiteral("com.apple.systemuiserver"),
+    QStringLiteral("com.apple.TextInputMenuAgent"),
+    QStringLiteral("com.apple.wifi.WiFiAgent"),
+    QStringLiteral("com.apple.ScreenTimeAgent"),
+    QStringLiteral("com.apple.AirPlayUIAgent"),
+    QStringLiteral("com.apple.UserNotificationCenter"),
+    QStringLiteral("com.apple.notificationcenterui"),
+    QStringLiteral("com.apple.loginwindow"),
 };
 
 // ...and the search and assistant owners.

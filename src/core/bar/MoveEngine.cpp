@@ -18,14 +18,14 @@ namespace ravlin {
 
 MoveEngine::MoveEngine(Events& events, WindowServer& windowServer, Scheduler& scheduler,
                        const PermissionManager& permissions, const DiagnosticLogs& logs)
-    : m_events(events), m_windowServer(windowServer), m_scheduler(scheduler), m_permissions(permissions), m_logs(logs)
-{
-}
+    : m_events(events), m_windowServer(windowServer), m_scheduler(scheduler),
+      m_permissions(permissions), m_logs(logs)
+{}
 
 // The three window fields make the window server deliver the event to the item's
 // window whatever its position says.
-MouseEvent MoveEngine::routed(MouseEventType type, WindowServerPoint point, std::uint64_t flags, std::uint32_t window,
-                              std::int32_t pid)
+MouseEvent MoveEngine::routed(MouseEventType type, WindowServerPoint point, std::uint64_t flags,
+                              std::uint32_t window, std::int32_t pid)
 {
     MouseEvent event;
     event.type = type;
@@ -50,11 +50,14 @@ void MoveEngine::move(std::uint32_t windowID, std::int32_t pid, double toX, doub
     }
     const std::optional<WindowServerPoint> cursor = m_events.cursorPosition();
     // Press far outside every display: only the routing fields tie it to the item.
-    if (!m_events.post(source, routed(MouseEventType::LeftMouseDown, parkingSpot, EventFlag::command, windowID, pid),
-                       EventTap::Session))
+    if (!m_events.post(
+            source,
+            routed(MouseEventType::LeftMouseDown, parkingSpot, EventFlag::command, windowID, pid),
+            EventTap::Session))
         qCWarning(lcBar) << "the command-mouse-down for window" << windowID << "could not be made";
     m_scheduler.sleepBlocking(pressSeconds);
-    if (!m_events.post(source, routed(MouseEventType::LeftMouseUp, {toX, menuBarY}, 0, windowID, pid),
+    if (!m_events.post(source,
+                       routed(MouseEventType::LeftMouseUp, {toX, menuBarY}, 0, windowID, pid),
                        EventTap::Session))
         qCWarning(lcBar) << "the mouse-up for window" << windowID << "could not be made";
     if (cursor)
@@ -63,7 +66,8 @@ void MoveEngine::move(std::uint32_t windowID, std::int32_t pid, double toX, doub
 
 std::vector<MoveEngine::Probe> MoveEngine::statusItems() const
 {
-    const auto windows = WindowListReader(m_windowServer).statusWindows(WindowListOption::OnScreenOnly);
+    const auto windows =
+        WindowListReader(m_windowServer).statusWindows(WindowListOption::OnScreenOnly);
     std::vector<Probe> probes;
     for (const StatusWindow& w : windows.value_or(std::vector<StatusWindow>{})) {
         if (!w.bounds || w.bounds->height > MenuBarScanner::maxItemHeight || w.isOwn())
@@ -86,13 +90,16 @@ std::optional<MoveEngine::Probe> MoveEngine::find(std::uint32_t id) const
 QString MoveEngine::runSelfTest()
 {
     using SelfTestText::wholeNumber;
-    QString report = QStringLiteral("MoveEngine self-test @ ") + SelfTestText::date(m_scheduler.currentDate())
-        + QStringLiteral("\n  AXIsProcessTrusted=") + (m_permissions.hasAccessibility() ? QStringLiteral("true") : QStringLiteral("false")) + u'\n';
+    QString report =
+        QStringLiteral("MoveEngine self-test @ ") + SelfTestText::date(m_scheduler.currentDate()) +
+        QStringLiteral("\n  AXIsProcessTrusted=") +
+        (m_permissions.hasAccessibility() ? QStringLiteral("true") : QStringLiteral("false")) +
+        u'\n';
 
-    static const QStringList systemTitles{QStringLiteral("Clock"),     QStringLiteral("BentoBox-0"),
-                                          QStringLiteral("Battery"),   QStringLiteral("Bluetooth"),
-                                          QStringLiteral("WiFi"),      QStringLiteral("NowPlaying"),
-                                          QStringLiteral("Control Center")};
+    static const QStringList systemTitles{
+        QStringLiteral("Clock"),         QStringLiteral("BentoBox-0"), QStringLiteral("Battery"),
+        QStringLiteral("Bluetooth"),     QStringLiteral("WiFi"),       QStringLiteral("NowPlaying"),
+        QStringLiteral("Control Center")};
     std::optional<Probe> target;
     for (const Probe& p : statusItems()) {
         // The second test cannot fail for "Item-0"; it stays as a guard should the title change.
@@ -114,8 +121,9 @@ QString MoveEngine::runSelfTest()
     move(target->id, target->pid, target->x - 55, target->y);
     m_scheduler.sleepBlocking(0.45);
     const std::optional<Probe> after = find(target->id);
-    report += QStringLiteral("  after x=") + (after ? wholeNumber(after->x) : QStringLiteral("nil"))
-        + QStringLiteral("  Δ=") + (after ? wholeNumber(after->x - target->x) : QStringLiteral("?")) + u'\n';
+    report += QStringLiteral("  after x=") +
+              (after ? wholeNumber(after->x) : QStringLiteral("nil")) + QStringLiteral("  Δ=") +
+              (after ? wholeNumber(after->x - target->x) : QStringLiteral("?")) + u'\n';
 
     const bool moved = after && std::fabs(after->x - target->x) > 8.0;
     if (!moved) {
@@ -127,7 +135,8 @@ QString MoveEngine::runSelfTest()
     move(target->id, target->pid, target->x, target->y);
     m_scheduler.sleepBlocking(0.3);
     const std::optional<Probe> back = find(target->id);
-    report += QStringLiteral("  zurückgeschoben → x=") + (back ? wholeNumber(back->x) : QStringLiteral("nil")) + u'\n';
+    report += QStringLiteral("  zurückgeschoben → x=") +
+              (back ? wholeNumber(back->x) : QStringLiteral("nil")) + u'\n';
     m_logs.write(DiagnosticLogs::moveLog, report);
     return report;
 }

@@ -36,8 +36,8 @@ public:
     // How long the platform gets between press and release.
     static constexpr double pressSeconds = 0.15;
 
-    MoveEngine(Events& events, WindowServer& windowServer, Scheduler& scheduler, const PermissionManager& permissions,
-               const DiagnosticLogs& logs);
+    MoveEngine(Events& events, WindowServer& windowServer, Scheduler& scheduler,
+               const PermissionManager& permissions, const DiagnosticLogs& logs);
 
     void move(std::uint32_t windowID, std::int32_t pid, double toX, double menuBarY);
     // The on-screen status items of other processes, in the window server's order.
@@ -45,8 +45,8 @@ public:
     // Tries the technique on the running system and writes the report; returns it too.
     QString runSelfTest();
 
-    static MouseEvent routed(MouseEventType type, WindowServerPoint point, std::uint64_t flags, std::uint32_t window,
-                             std::int32_t pid);
+    static MouseEvent routed(MouseEventType type, WindowServerPoint point, std::uint64_t flags,
+                             std::uint32_t window, std::int32_t pid);
 
 private:
     std::optional<Probe> find(std::uint32_t id) const;

@@ -9,22 +9,23 @@ namespace ravlin {
 
 const QStringList& AXResolver::wantedActions()
 {
-    static const QStringList actions{QStringLiteral("AXPress"), QStringLiteral("AXShowMenu"), QStringLiteral("AXOpen"),
-                                     QStringLiteral("AXPick")};
+    static const QStringList actions{QStringLiteral("AXPress"), QStringLiteral("AXShowMenu"),
+                                     QStringLiteral("AXOpen"), QStringLiteral("AXPick")};
     return actions;
 }
 
-AXResolver::AXResolver(Accessibility& accessibility, Workspace& workspace, const PermissionManager& permissions)
+AXResolver::AXResolver(Accessibility& accessibility, Workspace& workspace,
+                       const PermissionManager& permissions)
     : m_accessibility(accessibility), m_workspace(workspace), m_permissions(permissions)
-{
-}
+{}
 
 std::optional<AXElement> AXResolver::hitTest(double x, double y)
 {
     const AXResult<AXElement> hit =
         m_accessibility.elementAtPosition(m_accessibility.systemWideElement(), float(x), float(y));
     if (hit.error == AXError::cannotComplete)
-        qCWarning(lcDiscovery) << "the application at" << x << y << "does not answer accessibility requests";
+        qCWarning(lcDiscovery) << "the application at" << x << y
+                               << "does not answer accessibility requests";
     if (!hit.ok() || hit.value.isNull())
         return std::nullopt;
     return hit.value;
@@ -54,7 +55,8 @@ std::optional<ResolvedItem> AXResolver::resolve(double x, double y)
     const AXResult<std::int32_t> pid = m_accessibility.pid(*element);
     item.pid = pid.ok() ? pid.value : 0;
     if (item.pid > 0) {
-        if (const std::optional<RunningApplication> app = m_workspace.runningApplication(item.pid)) {
+        if (const std::optional<RunningApplication> app =
+                m_workspace.runningApplication(item.pid)) {
             item.bundleId = app->bundleIdentifier;
             item.appName = app->localizedName;
         }
@@ -101,7 +103,8 @@ bool AXResolver::performWantedAction(const AXElement& element)
 
 std::optional<AXElement> AXResolver::parent(const AXElement& element)
 {
-    const AXResult<AXValue> value = m_accessibility.copyAttributeValue(element, QStringLiteral("AXParent"));
+    const AXResult<AXValue> value =
+        m_accessibility.copyAttributeValue(element, QStringLiteral("AXParent"));
     if (!value.ok() || value.value.kind != AXValue::Kind::Element || value.value.element.isNull())
         return std::nullopt;
     return value.value.element;

@@ -21,7 +21,8 @@ public:
     static constexpr int maxParents = 5;
     static const QStringList& wantedActions();
 
-    AXResolver(Accessibility& accessibility, Workspace& workspace, const PermissionManager& permissions);
+    AXResolver(Accessibility& accessibility, Workspace& workspace,
+               const PermissionManager& permissions);
 
     std::optional<ResolvedItem> resolve(double x, double y);
     // True when one of the element's press-like actions went through.

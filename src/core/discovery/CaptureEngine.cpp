@@ -34,16 +34,17 @@ std::vector<std::int64_t> windowNumbers(const std::vector<CaptureEngine::Raw>& r
 
 } // namespace
 
-CaptureEngine::CaptureEngine(WindowServer& windowServer, const ItemCapture& capture, MoveEngine& mover,
-                             BarItemFactory& factory, Scheduler& scheduler, const DiagnosticLogs& logs)
-    : m_windowServer(windowServer), m_capture(capture), m_mover(mover), m_factory(factory), m_scheduler(scheduler),
-      m_logs(logs)
-{
-}
+CaptureEngine::CaptureEngine(WindowServer& windowServer, const ItemCapture& capture,
+                             MoveEngine& mover, BarItemFactory& factory, Scheduler& scheduler,
+                             const DiagnosticLogs& logs)
+    : m_windowServer(windowServer), m_capture(capture), m_mover(mover), m_factory(factory),
+      m_scheduler(scheduler), m_logs(logs)
+{}
 
 std::vector<CaptureEngine::Raw> CaptureEngine::scanAll() const
 {
-    const auto windows = WindowListReader(m_windowServer).statusWindows(WindowListOption::AllWindows);
+    const auto windows =
+        WindowListReader(m_windowServer).statusWindows(WindowListOption::AllWindows);
     std::vector<Raw> raws;
     for (const StatusWindow& w : windows.value_or(std::vector<StatusWindow>{})) {
         if (!w.pid || !w.bounds)
@@ -54,7 +55,8 @@ std::vector<CaptureEngine::Raw> CaptureEngine::scanAll() const
             continue;
         raws.push_back({w.number, *w.pid, b.x, b.y, b.width, b.height, w.owner, w.name});
     }
-    std::stable_sort(raws.begin(), raws.end(), [](const Raw& a, const Raw& b) { return a.x < b.x; });
+    std::stable_sort(raws.begin(), raws.end(),
+                     [](const Raw& a, const Raw& b) { return a.x < b.x; });
     return raws;
 }
 
@@ -91,7 +93,8 @@ std::vector<BarItem> CaptureEngine::captureAll(double stageX, double menuBarY, d
 
 // An "Item-0" without an image lies off screen, pushed out by a separator. It is
 // brought onto the stage, identified there, and put back where it was.
-std::optional<BarItem> CaptureEngine::captureOffScreen(const Raw& raw, double stageX, double menuBarY)
+std::optional<BarItem> CaptureEngine::captureOffScreen(const Raw& raw, double stageX,
+                                                       double menuBarY)
 {
     m_mover.move(raw.id, raw.pid, stageX, menuBarY);
     m_scheduler.sleepBlocking(settleOnScreenSeconds);
@@ -119,7 +122,8 @@ CaptureEngine::Stage CaptureEngine::stageLeftOf(std::optional<double> mainItemLe
 QString CaptureEngine::runSelfTest(double stageX, double menuBarY, double thresholdX)
 {
     using namespace SelfTestText;
-    QString report = QStringLiteral("CaptureEngine self-test @ ") + date(m_scheduler.currentDate()) + u'\n';
+    QString report =
+        QStringLiteral("CaptureEngine self-test @ ") + date(m_scheduler.currentDate()) + u'\n';
     const std::vector<Raw> before = scanAll();
     report += QStringLiteral("  vorher: %1 Items, Reihenfolge-IDs: %2\n")
                   .arg(before.size())
@@ -132,12 +136,14 @@ QString CaptureEngine::runSelfTest(double stageX, double menuBarY, double thresh
     QStringList labels;
     for (const BarItem& item : items)
         labels.append(item.label.isEmpty() ? item.info.owner : item.label);
-    report += QStringLiteral("  → %1 Items captured: %2\n").arg(items.size()).arg(quotedList(labels));
+    report +=
+        QStringLiteral("  → %1 Items captured: %2\n").arg(items.size()).arg(quotedList(labels));
     report += QStringLiteral("  nachher: %1 Items, Reihenfolge-IDs: %2\n")
                   .arg(after.size())
                   .arg(numberList(windowNumbers(after)));
-    report += windowNumbers(before) == windowNumbers(after) ? QStringLiteral("  ✅ Reihenfolge erhalten\n")
-                                                            : QStringLiteral("  ⚠️ Reihenfolge verändert!\n");
+    report += windowNumbers(before) == windowNumbers(after)
+                  ? QStringLiteral("  ✅ Reihenfolge erhalten\n")
+                  : QStringLiteral("  ⚠️ Reihenfolge verändert!\n");
     m_logs.write(DiagnosticLogs::captureLog, report);
     return report;
 }

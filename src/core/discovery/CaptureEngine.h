@@ -47,8 +47,8 @@ public:
     static constexpr double settleOnScreenSeconds = 0.30;
     static constexpr double settleBackSeconds = 0.24;
 
-    CaptureEngine(WindowServer& windowServer, const ItemCapture& capture, MoveEngine& mover, BarItemFactory& factory,
-                  Scheduler& scheduler, const DiagnosticLogs& logs);
+    CaptureEngine(WindowServer& windowServer, const ItemCapture& capture, MoveEngine& mover,
+                  BarItemFactory& factory, Scheduler& scheduler, const DiagnosticLogs& logs);
 
     // Left to right.
     std::vector<Raw> scanAll() const;

@@ -10,15 +10,15 @@ namespace ravlin {
 
 ItemCapture::ItemCapture(WindowServer& windowServer, const PermissionManager& permissions)
     : m_windowServer(windowServer), m_permissions(permissions)
-{
-}
+{}
 
 std::optional<QImage> ItemCapture::image(std::int64_t windowId) const
 {
     if (!m_permissions.hasScreenRecording() || windowId <= 0)
         return std::nullopt;
     if (windowId > std::numeric_limits<std::uint32_t>::max()) {
-        qCWarning(lcDiscovery) << "window number" << windowId << "is outside the unsigned 32-bit range; no image";
+        qCWarning(lcDiscovery) << "window number" << windowId
+                               << "is outside the unsigned 32-bit range; no image";
         return std::nullopt;
     }
     QImage image = m_windowServer.windowImage(std::uint32_t(windowId));

@@ -27,10 +27,10 @@ const QSet<QString>& systemBundleIDs()
 
 } // namespace
 
-MenuBarApps::MenuBarApps(Workspace& workspace, Accessibility& accessibility, const PermissionManager& permissions)
+MenuBarApps::MenuBarApps(Workspace& workspace, Accessibility& accessibility,
+                         const PermissionManager& permissions)
     : m_workspace(workspace), m_accessibility(accessibility), m_permissions(permissions)
-{
-}
+{}
 
 std::vector<MenuBarApps::Entry> MenuBarApps::scanThirdParty()
 {
@@ -39,16 +39,19 @@ std::vector<MenuBarApps::Entry> MenuBarApps::scanThirdParty()
     const std::int32_t self = m_workspace.currentProcessIdentifier();
     std::vector<Entry> entries;
     for (const RunningApplication& app : m_workspace.runningApplications()) {
-        if (app.activationPolicy == ActivationPolicy::Prohibited || app.pid == self || !app.bundleIdentifier)
+        if (app.activationPolicy == ActivationPolicy::Prohibited || app.pid == self ||
+            !app.bundleIdentifier)
             continue;
         if (systemBundleIDs().contains(*app.bundleIdentifier) || !appHasMenuBarExtra(app.pid))
             continue;
-        entries.push_back({*app.bundleIdentifier, app.localizedName.value_or(*app.bundleIdentifier)});
+        entries.push_back(
+            {*app.bundleIdentifier, app.localizedName.value_or(*app.bundleIdentifier)});
     }
     QCollator collator;
     collator.setCaseSensitivity(Qt::CaseInsensitive);
-    std::stable_sort(entries.begin(), entries.end(),
-                     [&](const Entry& a, const Entry& b) { return collator.compare(a.name, b.name) < 0; });
+    std::stable_sort(entries.begin(), entries.end(), [&](const Entry& a, const Entry& b) {
+        return collator.compare(a.name, b.name) < 0;
+    });
     return entries;
 }
 
@@ -64,16 +67,20 @@ bool MenuBarApps::appHasMenuBarExtra(std::int32_t pid)
 {
     const AXElement app = m_accessibility.applicationElement(pid);
     m_accessibility.setMessagingTimeout(app, messagingTimeout);
-    const AXResult<AXValue> extras = m_accessibility.copyAttributeValue(app, QStringLiteral("AXExtrasMenuBar"));
+    const AXResult<AXValue> extras =
+        m_accessibility.copyAttributeValue(app, QStringLiteral("AXExtrasMenuBar"));
     if (extras.error == AXError::cannotComplete) {
-        qCWarning(lcDiscovery) << "application" << pid << "did not answer within" << messagingTimeout << "s; not listed";
+        qCWarning(lcDiscovery) << "application" << pid << "did not answer within"
+                               << messagingTimeout << "s; not listed";
         return false;
     }
-    if (!extras.ok() || extras.value.kind != AXValue::Kind::Element || extras.value.element.isNull())
+    if (!extras.ok() || extras.value.kind != AXValue::Kind::Element ||
+        extras.value.element.isNull())
         return false;
     const AXResult<AXValue> children =
         m_accessibility.copyAttributeValue(extras.value.element, QStringLiteral("AXChildren"));
-    return children.ok() && children.value.kind == AXValue::Kind::ElementList && !children.value.elements.empty();
+    return children.ok() && children.value.kind == AXValue::Kind::ElementList &&
+           !children.value.elements.empty();
 }
 
 size_t qHash(const MenuBarApps::Entry& entry, size_t seed)

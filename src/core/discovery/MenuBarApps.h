@@ -26,7 +26,8 @@ public:
     // How long one application may take to answer; a hung one must not stall the scan.
     static constexpr float messagingTimeout = 0.25f;
 
-    MenuBarApps(Workspace& workspace, Accessibility& accessibility, const PermissionManager& permissions);
+    MenuBarApps(Workspace& workspace, Accessibility& accessibility,
+                const PermissionManager& permissions);
 
     std::vector<Entry> scanThirdParty();
     QStringList scanBundleIDs();

@@ -27,7 +27,8 @@ bool MenuBarItemInfo::isSystem() const
 
 size_t qHash(const MenuBarItemInfo& info, size_t seed)
 {
-    return qHashMulti(seed, info.id, info.x, info.y, info.width, info.height, info.owner, info.name);
+    return qHashMulti(seed, info.id, info.x, info.y, info.width, info.height, info.owner,
+                      info.name);
 }
 
 } // namespace ravlin

@@ -9,10 +9,10 @@
 
 namespace ravlin {
 
-PermissionManager::PermissionManager(Permissions& permissions, Accessibility& accessibility, Workspace& workspace)
+PermissionManager::PermissionManager(Permissions& permissions, Accessibility& accessibility,
+                                     Workspace& workspace)
     : m_permissions(permissions), m_accessibility(accessibility), m_workspace(workspace)
-{
-}
+{}
 
 bool PermissionManager::hasScreenRecording() const
 {

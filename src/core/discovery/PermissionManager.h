@@ -13,10 +13,10 @@ class Workspace;
 // Every check asks the platform afresh; only the request operations prompt.
 class PermissionManager {
 public:
-    static inline const QString screenRecordingSettingsURL =
-        QStringLiteral("x-apple.systempreferences:com.apple.preference.security?Privacy_ScreenCapture");
-    static inline const QString accessibilitySettingsURL =
-        QStringLiteral("x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility");
+    static inline const QString screenRecordingSettingsURL = QStringLiteral(
+        "x-apple.systempreferences:com.apple.preference.security?Privacy_ScreenCapture");
+    static inline const QString accessibilitySettingsURL = QStringLiteral(
+        "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility");
 
     PermissionManager(Permissions& permissions, Accessibility& accessibility, Workspace& workspace);
 

@@ -4,7 +4,9 @@
 
 namespace ravlin {
 
-ScannerModel::ScannerModel(const MenuBarScanner& scanner, MenuBarApps& apps) : m_scanner(scanner), m_apps(apps) {}
+ScannerModel::ScannerModel(const MenuBarScanner& scanner, MenuBarApps& apps)
+    : m_scanner(scanner), m_apps(apps)
+{}
 
 void ScannerModel::refresh()
 {

@@ -25,7 +25,8 @@ std::optional<WindowServerRect> readBounds(const PlistValue& value)
 std::optional<std::int32_t> readPid(const PlistValue& value)
 {
     const std::optional<std::int64_t> pid = value.asInteger();
-    if (!pid || *pid < std::numeric_limits<std::int32_t>::min() || *pid > std::numeric_limits<std::int32_t>::max())
+    if (!pid || *pid < std::numeric_limits<std::int32_t>::min() ||
+        *pid > std::numeric_limits<std::int32_t>::max())
         return std::nullopt;
     return std::int32_t(*pid);
 }
@@ -44,8 +45,8 @@ std::optional<StatusWindow> readEntry(const PlistValue& entry, std::size_t index
         return std::nullopt;
     }
     if (*number < 0 || *number > std::numeric_limits<std::uint32_t>::max()) {
-        qCWarning(lcDiscovery) << "status window entry" << index << "has the window number" << *number
-                               << "outside the unsigned 32-bit range; skipped";
+        qCWarning(lcDiscovery) << "status window entry" << index << "has the window number"
+                               << *number << "outside the unsigned 32-bit range; skipped";
         return std::nullopt;
     }
     StatusWindow w;
@@ -55,13 +56,15 @@ std::optional<StatusWindow> readEntry(const PlistValue& entry, std::size_t index
     w.owner = entry[WindowKey::ownerName].asString().value_or(QString());
     w.name = entry[WindowKey::name].asString().value_or(QString());
     if (!w.pid || !w.bounds)
-        qCDebug(lcDiscovery) << "status window" << w.number << "lacks" << (w.pid ? "its bounds" : "its owner's pid");
+        qCDebug(lcDiscovery) << "status window" << w.number << "lacks"
+                             << (w.pid ? "its bounds" : "its owner's pid");
     return w;
 }
 
 } // namespace
 
-std::optional<std::vector<StatusWindow>> WindowListReader::statusWindows(WindowListOption option) const
+std::optional<std::vector<StatusWindow>>
+WindowListReader::statusWindows(WindowListOption option) const
 {
     const std::optional<PlistArray> list = m_windowServer.windowList(option);
     if (!list) {

@@ -22,7 +22,10 @@ struct WindowServerRect {
     double maxX() const { return x + width; }
     double maxY() const { return y + height; }
     WindowServerPoint center() const { return {x + width / 2, y + height / 2}; }
-    bool contains(WindowServerPoint p) const { return p.x >= x && p.x < maxX() && p.y >= y && p.y < maxY(); }
+    bool contains(WindowServerPoint p) const
+    {
+        return p.x >= x && p.x < maxX() && p.y >= y && p.y < maxY();
+    }
     bool operator==(const WindowServerRect&) const = default;
 };
 
@@ -42,7 +45,10 @@ struct ScreenRect {
 
     double maxX() const { return x + width; }
     double maxY() const { return y + height; }
-    bool contains(ScreenPoint p) const { return p.x >= x && p.x < maxX() && p.y >= y && p.y < maxY(); }
+    bool contains(ScreenPoint p) const
+    {
+        return p.x >= x && p.x < maxX() && p.y >= y && p.y < maxY();
+    }
     bool operator==(const ScreenRect&) const = default;
 };
 

@@ -10,7 +10,8 @@ namespace ravlin::SelfTestText {
 
 QString date(const QDateTime& moment)
 {
-    return moment.toUTC().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")) + QStringLiteral(" +0000");
+    return moment.toUTC().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")) +
+           QStringLiteral(" +0000");
 }
 
 QString wholeNumber(double value)

@@ -7,8 +7,7 @@ namespace ravlin {
 
 BarGrouping::BarGrouping(BarItemFactory& factory, const LanguageManager& language)
     : m_factory(factory), m_language(language)
-{
-}
+{}
 
 std::vector<BarGroup> BarGrouping::makeGroups(const std::vector<MenuBarItemInfo>& infos)
 {

@@ -6,6 +6,7 @@
 #include "core/settings/LanguageManager.h"
 
 #include <array>
+#include <vector>
 
 namespace ravlin {
 
@@ -17,7 +18,7 @@ bool nonEmpty(const std::optional<QString>& text)
 }
 
 struct SymbolRow {
-    std::initializer_list<const char16_t*> keywords;
+    std::vector<const char16_t*> keywords;
     const char16_t* symbol;
 };
 
@@ -44,8 +45,8 @@ const std::array<SymbolRow, 13>& symbolRows()
 
 } // namespace
 
-QString BarItemFactory::label(const MenuBarItemInfo& info, const std::optional<ResolvedItem>& resolved,
-                              bool isApple) const
+QString BarItemFactory::label(const MenuBarItemInfo& info,
+                              const std::optional<ResolvedItem>& resolved, bool isApple) const
 {
     if (info.name.startsWith(ItemTitles::istatPrefix))
         return ItemTitles::istatLabelPrefix + QString(info.name).remove(ItemTitles::istatPrefix);
@@ -54,10 +55,13 @@ QString BarItemFactory::label(const MenuBarItemInfo& info, const std::optional<R
     const std::optional<QString> title = resolved ? resolved->title : std::nullopt;
     if (isApple && nonEmpty(title))
         return clean(*title);
-    if (std::optional<QString> friendly = friendlyName(resolved ? resolved->bundleId : std::nullopt); nonEmpty(friendly))
+    if (std::optional<QString> friendly =
+            friendlyName(resolved ? resolved->bundleId : std::nullopt);
+        nonEmpty(friendly))
         return *friendly;
     const std::optional<QString> appName = resolved ? resolved->appName : std::nullopt;
-    if (!isApple && nonEmpty(appName) && *appName != u"Kontrollzentrum" && *appName != u"Control Center")
+    if (!isApple && nonEmpty(appName) && *appName != u"Kontrollzentrum" &&
+        *appName != u"Control Center")
         return cleanAppName(*appName);
     if (nonEmpty(title))
         return clean(*title);
@@ -66,8 +70,8 @@ QString BarItemFactory::label(const MenuBarItemInfo& info, const std::optional<R
     return {};
 }
 
-QString BarItemFactory::stableKey(const MenuBarItemInfo& info, const std::optional<ResolvedItem>& resolved,
-                                  const QString& label)
+QString BarItemFactory::stableKey(const MenuBarItemInfo& info,
+                                  const std::optional<ResolvedItem>& resolved, const QString& label)
 {
     if (!info.name.isEmpty() && info.name != ItemTitles::generic)
         return QStringLiteral("n:") + info.name;
@@ -108,8 +112,9 @@ QString BarItemFactory::cleanAppName(const QString& name)
     if (name == u"Microsoft Edge")
         return QStringLiteral("Edge");
     QString cut = name;
-    for (const QString& suffix : {QStringLiteral(" Helper"), QStringLiteral("Helper"), QStringLiteral(" Agent"),
-                                  QStringLiteral("Agent"), QStringLiteral(" (GPU)")}) {
+    for (const QString& suffix :
+         {QStringLiteral(" Helper"), QStringLiteral("Helper"), QStringLiteral(" Agent"),
+          QStringLiteral("Agent"), QStringLiteral(" (GPU)")}) {
         if (cut.endsWith(suffix)) {
             cut.chop(suffix.size());
             break;
@@ -121,7 +126,8 @@ QString BarItemFactory::cleanAppName(const QString& name)
 
 QString BarItemFactory::symbol(const QString& label, const std::optional<ResolvedItem>& resolved)
 {
-    const QString text = (label + u' ' + (resolved ? resolved->title.value_or(QString()) : QString())).toLower();
+    const QString text =
+        (label + u' ' + (resolved ? resolved->title.value_or(QString()) : QString())).toLower();
     for (const SymbolRow& row : symbolRows()) {
         for (const char16_t* keyword : row.keywords) {
             if (text.contains(QStringView(keyword)))

@@ -22,18 +22,19 @@ bool containsAny(const QString& text, std::initializer_list<const char16_t*> wor
 
 } // namespace
 
-BarItemFactory::BarItemFactory(AXResolver& resolver, const ItemCapture& capture, const PermissionManager& permissions,
-                               DefaultsStore& defaults, const LanguageManager& language)
-    : m_resolver(resolver), m_capture(capture), m_permissions(permissions), m_defaults(defaults), m_language(language)
-{
-}
+BarItemFactory::BarItemFactory(AXResolver& resolver, const ItemCapture& capture,
+                               const PermissionManager& permissions, DefaultsStore& defaults,
+                               const LanguageManager& language)
+    : m_resolver(resolver), m_capture(capture), m_permissions(permissions), m_defaults(defaults),
+      m_language(language)
+{}
 
 // Own items, the statistics application's items, the clock and the control centre.
 bool BarItemFactory::isNeverATile(const MenuBarItemInfo& info)
 {
-    return info.owner == ItemTitles::ownOwner || info.name.startsWith(ItemTitles::ownItemPrefix)
-        || info.name.startsWith(ItemTitles::istatPrefix) || info.name == ItemTitles::clock
-        || info.name == ItemTitles::controlCentre;
+    return info.owner == ItemTitles::ownOwner || info.name.startsWith(ItemTitles::ownItemPrefix) ||
+           info.name.startsWith(ItemTitles::istatPrefix) || info.name == ItemTitles::clock ||
+           info.name == ItemTitles::controlCentre;
 }
 
 // The system's screen-recording indicator is never a tile.
@@ -41,13 +42,15 @@ bool BarItemFactory::isRecordingIndicator(const std::optional<ResolvedItem>& res
 {
     if (!resolved || !resolved->title)
         return false;
-    return containsAny(resolved->title->toLower(), {u"bildschirmaufnahme", u"screen recording", u"recording"});
+    return containsAny(resolved->title->toLower(),
+                       {u"bildschirmaufnahme", u"screen recording", u"recording"});
 }
 
 // Battery and weather have tiles of their own.
 bool BarItemFactory::hasOwnTile(const QString& systemLabel)
 {
-    return containsAny(systemLabel.toLower(), {u"batterie", u"battery", u"akku", u"wetter", u"weather"});
+    return containsAny(systemLabel.toLower(),
+                       {u"batterie", u"battery", u"akku", u"wetter", u"weather"});
 }
 
 std::optional<BarItem> BarItemFactory::makeItem(const MenuBarItemInfo& info)
@@ -62,13 +65,14 @@ std::optional<BarItem> BarItemFactory::makeItem(const MenuBarItemInfo& info)
 
     BarItem item;
     item.info = info;
-    item.isApple = info.isSystem()
-        || (resolved && resolved->bundleId && resolved->bundleId->startsWith(ItemTitles::applePrefix));
+    item.isApple = info.isSystem() || (resolved && resolved->bundleId &&
+                                       resolved->bundleId->startsWith(ItemTitles::applePrefix));
     item.label = label(info, resolved, item.isApple);
     // The key comes from the first label, before the cache is asked.
     item.key = stableKey(info, resolved, item.label);
     if (item.label.isEmpty())
-        item.label = cachedLabel(item.key).value_or(resolved ? resolved->appName.value_or(QString()) : QString());
+        item.label = cachedLabel(item.key).value_or(resolved ? resolved->appName.value_or(QString())
+                                                             : QString());
     else
         cacheLabel(item.key, item.label);
     if (item.label.isEmpty())
@@ -82,7 +86,8 @@ std::optional<BarItem> BarItemFactory::makeItem(const MenuBarItemInfo& info)
     return item;
 }
 
-std::optional<QImage> BarItemFactory::icon(const MenuBarItemInfo& info, const std::optional<ResolvedItem>& resolved,
+std::optional<QImage> BarItemFactory::icon(const MenuBarItemInfo& info,
+                                           const std::optional<ResolvedItem>& resolved,
                                            bool isApple) const
 {
     Q_UNUSED(resolved);

@@ -19,14 +19,16 @@ class PermissionManager;
 // found once are remembered, so an item that later can't be identified keeps its name.
 class BarItemFactory {
 public:
-    BarItemFactory(AXResolver& resolver, const ItemCapture& capture, const PermissionManager& permissions,
-                   DefaultsStore& defaults, const LanguageManager& language);
+    BarItemFactory(AXResolver& resolver, const ItemCapture& capture,
+                   const PermissionManager& permissions, DefaultsStore& defaults,
+                   const LanguageManager& language);
 
     std::optional<BarItem> makeItem(const MenuBarItemInfo& info);
 
-    QString label(const MenuBarItemInfo& info, const std::optional<ResolvedItem>& resolved, bool isApple) const;
-    static QString stableKey(const MenuBarItemInfo& info, const std::optional<ResolvedItem>& resolved,
-                             const QString& label);
+    QString label(const MenuBarItemInfo& info, const std::optional<ResolvedItem>& resolved,
+                  bool isApple) const;
+    static QString stableKey(const MenuBarItemInfo& info,
+                             const std::optional<ResolvedItem>& resolved, const QString& label);
 
     std::optional<QString> cachedLabel(const QString& key) const;
     void cacheLabel(const QString& key, const QString& label);
@@ -35,8 +37,8 @@ public:
     static QString clean(const QString& text);
     std::optional<QString> moduleLabel(const QString& name) const;
     std::optional<QString> friendlyName(const std::optional<QString>& bundle) const;
-    std::optional<QImage> icon(const MenuBarItemInfo& info, const std::optional<ResolvedItem>& resolved,
-                               bool isApple) const;
+    std::optional<QImage> icon(const MenuBarItemInfo& info,
+                               const std::optional<ResolvedItem>& resolved, bool isApple) const;
     static QString symbol(const QString& label, const std::optional<ResolvedItem>& resolved);
 
 private:

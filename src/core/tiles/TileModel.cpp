@@ -16,9 +16,9 @@ constexpr std::int64_t unplacedRank = 1'000'000;
 } // namespace
 
 TileModel::TileModel(DefaultsStore& defaults)
-    : m_defaults(defaults), m_order(defaults.stringArrayForKey(PrefKey::tileOrder).value_or(QStringList()))
-{
-}
+    : m_defaults(defaults),
+      m_order(defaults.stringArrayForKey(PrefKey::tileOrder).value_or(QStringList()))
+{}
 
 std::vector<BarItem> TileModel::ordered(const std::vector<BarItem>& items) const
 {
@@ -31,7 +31,8 @@ std::vector<BarItem> TileModel::ordered(const std::vector<BarItem>& items) const
         const BarItem& item = items[offset];
         ranked.emplace_back(position.value(item.key, unplacedRank + std::int64_t(offset)), &item);
     }
-    std::stable_sort(ranked.begin(), ranked.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::stable_sort(ranked.begin(), ranked.end(),
+                     [](const auto& a, const auto& b) { return a.first < b.first; });
     std::vector<BarItem> result;
     result.reserve(items.size());
     for (const auto& [rank, item] : ranked)

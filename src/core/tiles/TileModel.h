@@ -25,7 +25,8 @@ public:
 
     // Known keys first in the saved order, then the others in their given order.
     std::vector<BarItem> ordered(const std::vector<BarItem>& items) const;
-    // The tile `dragged` was dropped onto `before`; `within` are the shown tiles' keys in shown order.
+    // The tile `dragged` was dropped onto `before`; `within` are the shown tiles' keys in shown
+    // order.
     void move(const QString& dragged, const QString& before, const QStringList& within);
 
 Q_SIGNALS:

@@ -66,7 +66,8 @@ bool MacAccessibility::isProcessTrustedWithPrompt()
 {
     const void* keys[] = {kAXTrustedCheckOptionPrompt};
     const void* values[] = {kCFBooleanTrue};
-    CFRef<CFDictionaryRef> options(CFDictionaryCreate(nullptr, keys, values, 1, &kCFTypeDictionaryKeyCallBacks,
+    CFRef<CFDictionaryRef> options(CFDictionaryCreate(nullptr, keys, values, 1,
+                                                      &kCFTypeDictionaryKeyCallBacks,
                                                       &kCFTypeDictionaryValueCallBacks));
     return AXIsProcessTrustedWithOptions(options.get());
 }
@@ -90,7 +91,8 @@ AXResult<AXElement> MacAccessibility::elementAtPosition(const AXElement& root, f
     return {int(error), wrap(error == kAXErrorSuccess ? hit : nullptr)};
 }
 
-AXResult<AXValue> MacAccessibility::copyAttributeValue(const AXElement& element, const QString& attribute)
+AXResult<AXValue> MacAccessibility::copyAttributeValue(const AXElement& element,
+                                                       const QString& attribute)
 {
     if (element.isNull())
         return {kAXErrorIllegalArgument, {}};

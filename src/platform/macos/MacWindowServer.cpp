@@ -10,7 +10,8 @@ namespace ravlin {
 
 namespace {
 
-using CreateImageFunction = CGImageRef (*)(CGRect, CGWindowListOption, CGWindowID, CGWindowImageOption);
+using CreateImageFunction = CGImageRef (*)(CGRect, CGWindowListOption, CGWindowID,
+                                           CGWindowImageOption);
 
 // Newer SDKs mark the window-image call unavailable at compile time although the
 // system still provides it; look it up when it is first needed instead.
@@ -30,9 +31,9 @@ QImage toQImage(CGImageRef image)
         return {};
     out.fill(Qt::transparent);
     CFRef<CGColorSpaceRef> space(CGColorSpaceCreateDeviceRGB());
-    CFRef<CGContextRef> context(CGBitmapContextCreate(out.bits(), width, height, 8, size_t(out.bytesPerLine()),
-                                                      space.get(),
-                                                      kCGImageAlphaPremultipliedFirst | kCGBitmapByteOrder32Host));
+    CFRef<CGContextRef> context(
+        CGBitmapContextCreate(out.bits(), width, height, 8, size_t(out.bytesPerLine()), space.get(),
+                              kCGImageAlphaPremultipliedFirst | kCGBitmapByteOrder32Host));
     if (!context)
         return {};
     CGContextDrawImage(context.get(), CGRectMake(0, 0, CGFloat(width), CGFloat(height)), image);
@@ -57,8 +58,9 @@ QImage MacWindowServer::windowImage(std::uint32_t windowNumber)
     const CreateImageFunction create = createImageFunction();
     if (!create)
         return {};
-    CFRef<CGImageRef> image(create(CGRectNull, kCGWindowListOptionIncludingWindow, CGWindowID(windowNumber),
-                                   kCGWindowImageBoundsIgnoreFraming | kCGWindowImageNominalResolution));
+    CFRef<CGImageRef> image(
+        create(CGRectNull, kCGWindowListOptionIncludingWindow, CGWindowID(windowNumber),
+               kCGWindowImageBoundsIgnoreFraming | kCGWindowImageNominalResolution));
     if (!image)
         return {};
     return toQImage(image.get());

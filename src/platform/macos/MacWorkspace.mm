@@ -34,14 +34,17 @@ MacWorkspace::MacWorkspace() : d(std::make_unique<Impl>())
                                        object:nil
                                         queue:NSOperationQueue.mainQueue
                                    usingBlock:^(NSNotification* note) {
-                                       NSRunningApplication* app = note.userInfo[NSWorkspaceApplicationKey];
-                                       if (app)
-                                           notify(which, describe(app));
+                                     NSRunningApplication* app =
+                                         note.userInfo[NSWorkspaceApplicationKey];
+                                     if (app)
+                                         notify(which, describe(app));
                                    }];
         [d->observers addObject:token];
     };
-    observe(NSWorkspaceDidLaunchApplicationNotification, WorkspaceNotification::DidLaunchApplication);
-    observe(NSWorkspaceDidTerminateApplicationNotification, WorkspaceNotification::DidTerminateApplication);
+    observe(NSWorkspaceDidLaunchApplicationNotification,
+            WorkspaceNotification::DidLaunchApplication);
+    observe(NSWorkspaceDidTerminateApplicationNotification,
+            WorkspaceNotification::DidTerminateApplication);
 }
 
 MacWorkspace::~MacWorkspace()
@@ -80,7 +83,8 @@ bool MacWorkspace::openURL(const QString& url)
 
 std::optional<QString> MacWorkspace::urlForApplication(const QString& bundleIdentifier)
 {
-    NSURL* u = [NSWorkspace.sharedWorkspace URLForApplicationWithBundleIdentifier:bundleIdentifier.toNSString()];
+    NSURL* u = [NSWorkspace.sharedWorkspace
+        URLForApplicationWithBundleIdentifier:bundleIdentifier.toNSString()];
     if (!u)
         return std::nullopt;
     return QString::fromNSString(u.absoluteString);
@@ -93,7 +97,9 @@ bool MacWorkspace::openApplication(const QString& applicationURL, bool activates
         return false;
     NSWorkspaceOpenConfiguration* configuration = [NSWorkspaceOpenConfiguration configuration];
     configuration.activates = activates;
-    [NSWorkspace.sharedWorkspace openApplicationAtURL:u configuration:configuration completionHandler:nil];
+    [NSWorkspace.sharedWorkspace openApplicationAtURL:u
+                                        configuration:configuration
+                                    completionHandler:nil];
     return true;
 }
 

@@ -102,10 +102,12 @@ AXResult<AXElement> SimAccessibility::elementAtPosition(const AXElement& root, f
         m_desktop.blockFor(timeoutFor(*r));
         return {AXError::cannotComplete, {}};
     }
-    return {AXError::success, make({Node::Kind::ItemPart, hit->pid, hit->item.window, hit->item.ax.depth})};
+    return {AXError::success,
+            make({Node::Kind::ItemPart, hit->pid, hit->item.window, hit->item.ax.depth})};
 }
 
-AXResult<AXValue> SimAccessibility::copyAttributeValue(const AXElement& element, const QString& attribute)
+AXResult<AXValue> SimAccessibility::copyAttributeValue(const AXElement& element,
+                                                       const QString& attribute)
 {
     const Node* n = node(element);
     if (!n)
@@ -113,14 +115,18 @@ AXResult<AXValue> SimAccessibility::copyAttributeValue(const AXElement& element,
     if (const int error = gate(*n); error != AXError::success)
         return {error, {}};
     switch (n->kind) {
-    case Node::Kind::Application: return applicationAttribute(*n, attribute);
-    case Node::Kind::ExtrasBar: return extrasAttribute(*n, attribute);
-    case Node::Kind::ItemPart: return itemAttribute(*n, attribute);
+    case Node::Kind::Application:
+        return applicationAttribute(*n, attribute);
+    case Node::Kind::ExtrasBar:
+        return extrasAttribute(*n, attribute);
+    case Node::Kind::ItemPart:
+        return itemAttribute(*n, attribute);
     case Node::Kind::Placeholder:
         if (attribute == u"AXParent")
             return elementValue(make({Node::Kind::ExtrasBar, n->pid, 0, 0}));
         break;
-    case Node::Kind::SystemWide: break;
+    case Node::Kind::SystemWide:
+        break;
     }
     return {AXError::attributeUnsupported, {}};
 }

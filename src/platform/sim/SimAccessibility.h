@@ -27,7 +27,8 @@ public:
     AXElement systemWideElement() override;
     AXElement applicationElement(std::int32_t pid) override;
     AXResult<AXElement> elementAtPosition(const AXElement& root, float x, float y) override;
-    AXResult<AXValue> copyAttributeValue(const AXElement& element, const QString& attribute) override;
+    AXResult<AXValue> copyAttributeValue(const AXElement& element,
+                                         const QString& attribute) override;
     AXResult<QStringList> copyActionNames(const AXElement& element) override;
     int performAction(const AXElement& element, const QString& action) override;
     AXResult<std::int32_t> pid(const AXElement& element) override;

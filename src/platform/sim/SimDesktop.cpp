@@ -63,7 +63,8 @@ std::int32_t SimDesktop::addApp(SimApp app, bool keepPid)
 
 SimApp* SimDesktop::app(const QString& bundleId)
 {
-    auto it = std::find_if(m_apps.begin(), m_apps.end(), [&](const SimApp& a) { return a.bundleId == bundleId; });
+    auto it = std::find_if(m_apps.begin(), m_apps.end(),
+                           [&](const SimApp& a) { return a.bundleId == bundleId; });
     return it == m_apps.end() ? nullptr : &*it;
 }
 
@@ -74,7 +75,8 @@ const SimApp* SimDesktop::app(const QString& bundleId) const
 
 const SimApp* SimDesktop::appByPid(std::int32_t pid) const
 {
-    auto it = std::find_if(m_apps.begin(), m_apps.end(), [&](const SimApp& a) { return a.pid == pid; });
+    auto it =
+        std::find_if(m_apps.begin(), m_apps.end(), [&](const SimApp& a) { return a.pid == pid; });
     return it == m_apps.end() ? nullptr : &*it;
 }
 

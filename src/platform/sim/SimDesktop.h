@@ -51,7 +51,10 @@ public:
     bool launch(const QString& bundleId);
     bool terminate(const QString& bundleId);
     using LifecycleListener = std::function<void(const SimApp&, bool launched)>;
-    void addLifecycleListener(LifecycleListener listener) { m_lifecycle.push_back(std::move(listener)); }
+    void addLifecycleListener(LifecycleListener listener)
+    {
+        m_lifecycle.push_back(std::move(listener));
+    }
 
     // Status items of other applications. Declared right to left: each new item goes
     // to the left end of the items declared so far (fixed items to the left end of the fixed).
@@ -89,7 +92,10 @@ public:
     using OwnItemClickHandler = std::function<void(const SimItem&, const SimUserClick&)>;
     void setOwnItemClickHandler(OwnItemClickHandler handler) { m_ownClick = std::move(handler); }
     using ClickListener = std::function<void(const SimUserClick&)>;
-    void addClickListener(ClickListener listener) { m_clickListeners.push_back(std::move(listener)); }
+    void addClickListener(ClickListener listener)
+    {
+        m_clickListeners.push_back(std::move(listener));
+    }
 
     // Permissions; a prompt never grants by itself.
     bool screenRecording = true;

@@ -43,7 +43,8 @@ std::vector<SimPlacedItem> SimDesktop::bar() const
             if (!isPresent(item))
                 continue;
             x -= item.width;
-            SimPlacedItem p{item, app(item.bundleId)->pid, {x, 0, item.width, itemHeight(item)}, x >= 0};
+            SimPlacedItem p{
+                item, app(item.bundleId)->pid, {x, 0, item.width, itemHeight(item)}, x >= 0};
             placed.push_back(p);
         }
     };
@@ -129,7 +130,8 @@ bool SimDesktop::setItemWidth(std::int64_t window, double width)
 bool SimDesktop::removeItem(std::int64_t window)
 {
     for (auto* row : {&m_fixed, &m_movable}) {
-        auto it = std::find_if(row->begin(), row->end(), [&](const SimItem& i) { return i.window == window; });
+        auto it = std::find_if(row->begin(), row->end(),
+                               [&](const SimItem& i) { return i.window == window; });
         if (it != row->end()) {
             row->erase(it);
             return true;
@@ -184,7 +186,8 @@ std::int64_t SimDesktop::addOwnItem(const QString& autosaveName, double length)
 
 bool SimDesktop::dragItem(std::int64_t window, double releaseX)
 {
-    auto it = std::find_if(m_movable.begin(), m_movable.end(), [&](const SimItem& i) { return i.window == window; });
+    auto it = std::find_if(m_movable.begin(), m_movable.end(),
+                           [&](const SimItem& i) { return i.window == window; });
     if (it == m_movable.end() || !isPresent(*it))
         return false;
     const SimItem dragged = *it;
@@ -216,7 +219,8 @@ void SimDesktop::writePreferredPosition(const SimItem& item, double distance)
 {
     if (!m_defaults)
         return;
-    const PlistValue value = std::trunc(distance) == distance ? PlistValue(std::int64_t(distance)) : PlistValue(distance);
+    const PlistValue value = std::trunc(distance) == distance ? PlistValue(std::int64_t(distance))
+                                                              : PlistValue(distance);
     m_defaults->set(preferredPositionKey(item.title), value);
 }
 

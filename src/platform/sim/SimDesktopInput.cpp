@@ -31,7 +31,8 @@ void SimDesktop::postMouseEvent(const MouseEvent& event, EventTap tap)
 {
     m_events.push_back({SimPostedEvent::Kind::Mouse, event, tap});
     m_cursor = clampToScreens(event.location);
-    if (event.flags & EventFlag::command || (m_dragging && event.type == MouseEventType::LeftMouseUp))
+    if (event.flags & EventFlag::command ||
+        (m_dragging && event.type == MouseEventType::LeftMouseUp))
         handleCommandDrag(event);
     else
         handlePlainClick(event, tap);

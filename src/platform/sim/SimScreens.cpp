@@ -14,7 +14,8 @@ std::vector<ScreenInfo> SimScreens::screens()
         // Every display shows the menu bar along its top edge.
         const WindowServerRect visible{frame.x, frame.y + all[i].menuBarHeight, frame.width,
                                        frame.height - all[i].menuBarHeight};
-        result.push_back({Geometry::toScreen(frame, mainHeight), Geometry::toScreen(visible, mainHeight)});
+        result.push_back(
+            {Geometry::toScreen(frame, mainHeight), Geometry::toScreen(visible, mainHeight)});
     }
     return result;
 }

@@ -47,10 +47,10 @@ struct SimAXSpec {
     std::optional<QString> description;
     std::optional<QString> help;
     QStringList actions{QStringLiteral("AXPress")};
-    int result = 0;                     // what performing an action answers...
-    QMap<QString, int> resultByAction;  // ...unless given per action
+    int result = 0;                    // what performing an action answers...
+    QMap<QString, int> resultByAction; // ...unless given per action
     int depth = 0;
-    bool parentIsNotElement = false;    // the actions element's parent answers with a text
+    bool parentIsNotElement = false; // the actions element's parent answers with a text
 };
 
 struct SimItem {

@@ -10,17 +10,17 @@ namespace {
 
 PlistValue bounds(const WindowServerRect& r)
 {
-    return PlistDict{{QStringLiteral("X"), r.x}, {QStringLiteral("Y"), r.y},
-                     {QStringLiteral("Width"), r.width}, {QStringLiteral("Height"), r.height}};
+    return PlistDict{{QStringLiteral("X"), r.x},
+                     {QStringLiteral("Y"), r.y},
+                     {QStringLiteral("Width"), r.width},
+                     {QStringLiteral("Height"), r.height}};
 }
 
 PlistValue windowEntry(const SimPlacedItem& p)
 {
     PlistDict d{
-        {WindowKey::layer, p.item.layer},
-        {WindowKey::number, p.item.window},
-        {WindowKey::ownerPID, p.pid},
-        {WindowKey::bounds, bounds(p.frame)},
+        {WindowKey::layer, p.item.layer},     {WindowKey::number, p.item.window},
+        {WindowKey::ownerPID, p.pid},         {WindowKey::bounds, bounds(p.frame)},
         {WindowKey::ownerName, p.item.owner},
     };
     // The window server leaves out what is not there.

@@ -11,7 +11,8 @@ const QString applicationsFolder = QStringLiteral("/Applications/");
 SimWorkspace::SimWorkspace(SimDesktop& desktop) : m_desktop(desktop)
 {
     m_desktop.addLifecycleListener([this](const SimApp& app, bool launched) {
-        notify(launched ? WorkspaceNotification::DidLaunchApplication : WorkspaceNotification::DidTerminateApplication,
+        notify(launched ? WorkspaceNotification::DidLaunchApplication
+                        : WorkspaceNotification::DidTerminateApplication,
                describe(app));
     });
 }

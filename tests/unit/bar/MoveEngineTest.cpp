@@ -78,7 +78,8 @@ TEST_F(MoveEngineTest, StatusItemsAreOnScreenItemsOfOtherProcessesInWindowServer
     fixedClock();
     w.app(QStringLiteral("com.example.a"), QStringLiteral("A"));
     const auto right = w.item(QStringLiteral("com.example.a"), QStringLiteral("Right"));
-    w.defaults().set(SimDesktop::preferredPositionKey(QStringLiteral("Ravlin.HiddenSeparator")), 22);
+    w.defaults().set(SimDesktop::preferredPositionKey(QStringLiteral("Ravlin.HiddenSeparator")),
+                     22);
     w.desktop.addOwnItem(QStringLiteral("Ravlin.HiddenSeparator"), 10000);
     w.item(QStringLiteral("com.example.a"), QStringLiteral("Hidden"));
     const auto probes = engine().statusItems();
@@ -106,9 +107,12 @@ TEST_F(MoveEngineTest, SelfTestMovesTheRightmostItem0AndBack)
     ASSERT_EQ(lines.size(), 7) << qPrintable(report);
     EXPECT_EQ(lines[0], QStringLiteral("MoveEngine self-test @ 2026-01-05 09:00:00 +0000"));
     EXPECT_EQ(lines[1], QStringLiteral("  AXIsProcessTrusted=true"));
-    EXPECT_EQ(lines[2], QStringLiteral("  target id=%1 pid=%2 before x=1327 y=12").arg(target).arg(w.placed(target).pid));
+    EXPECT_EQ(lines[2], QStringLiteral("  target id=%1 pid=%2 before x=1327 y=12")
+                            .arg(target)
+                            .arg(w.placed(target).pid));
     EXPECT_EQ(lines[3], QStringLiteral("  after x=1283  Δ=-44"));
-    EXPECT_EQ(lines[4], QStringLiteral("  ✅ Item verschoben — Technik funktioniert auf diesem macOS!"));
+    EXPECT_EQ(lines[4],
+              QStringLiteral("  ✅ Item verschoben — Technik funktioniert auf diesem macOS!"));
     EXPECT_EQ(lines[5], QStringLiteral("  zurückgeschoben → x=1327"));
     // 0.15 per move, 0.45 and 0.3 of settling.
     EXPECT_NEAR(w.scheduler.now(), 0.15 + 0.45 + 0.15 + 0.3, 1e-9);
@@ -118,7 +122,8 @@ TEST_F(MoveEngineTest, SelfTestWithoutItem0WritesOnlyTheHeader)
 {
     fixedClock();
     const QString report = engine().runSelfTest();
-    EXPECT_TRUE(report.endsWith(QStringLiteral("  AXIsProcessTrusted=true\n  no movable Item-0 found\n")));
+    EXPECT_TRUE(
+        report.endsWith(QStringLiteral("  AXIsProcessTrusted=true\n  no movable Item-0 found\n")));
     EXPECT_TRUE(w.desktop.events().empty());
 }
 

@@ -21,7 +21,10 @@ protected:
     }
     SimAXSpec& ax() { return w.itemRef(id).ax; }
     AXResolver& resolver() { return w.services().resolver(); }
-    std::optional<ResolvedItem> resolve() { return resolver().resolve(w.placed(id).frame.center().x, 12); }
+    std::optional<ResolvedItem> resolve()
+    {
+        return resolver().resolve(w.placed(id).frame.center().x, 12);
+    }
     bool press() { return resolver().press(w.placed(id).frame.center().x, 12); }
     QStringList performed()
     {
@@ -98,7 +101,8 @@ TEST_F(AXResolverTest, NothingAnsweringAtThePointGivesNothing)
 
 TEST_F(AXResolverTest, ActionsAreTriedInTheElementsOwnOrder)
 {
-    ax().actions = {QStringLiteral("AXRaise"), QStringLiteral("AXShowMenu"), QStringLiteral("AXPress")};
+    ax().actions = {QStringLiteral("AXRaise"), QStringLiteral("AXShowMenu"),
+                    QStringLiteral("AXPress")};
     EXPECT_TRUE(press());
     EXPECT_EQ(performed(), QStringList({QStringLiteral("AXShowMenu")}));
 }
@@ -112,7 +116,8 @@ TEST_F(AXResolverTest, CannotCompleteCountsAsPressed)
 TEST_F(AXResolverTest, AFailedActionGoesOnToTheNextThenToTheParent)
 {
     ax().actions = {QStringLiteral("AXPress"), QStringLiteral("AXPick")};
-    ax().resultByAction = {{QStringLiteral("AXPress"), AXError::failure}, {QStringLiteral("AXPick"), 0}};
+    ax().resultByAction = {{QStringLiteral("AXPress"), AXError::failure},
+                           {QStringLiteral("AXPick"), 0}};
     EXPECT_TRUE(press());
     EXPECT_EQ(performed(), QStringList({QStringLiteral("AXPick")}));
 

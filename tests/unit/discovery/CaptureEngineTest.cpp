@@ -12,14 +12,16 @@ using namespace ravlin::test;
 
 namespace {
 
-PlistValue window(std::int64_t number, int layer, double x, double w, double h, const QString& owner,
-                  const QString& name)
+PlistValue window(std::int64_t number, int layer, double x, double w, double h,
+                  const QString& owner, const QString& name)
 {
     return PlistDict{{WindowKey::layer, layer},
                      {WindowKey::number, number},
                      {WindowKey::ownerPID, 700},
-                     {WindowKey::bounds, PlistDict{{QStringLiteral("X"), x}, {QStringLiteral("Y"), 0.0},
-                                                   {QStringLiteral("Width"), w}, {QStringLiteral("Height"), h}}},
+                     {WindowKey::bounds, PlistDict{{QStringLiteral("X"), x},
+                                                   {QStringLiteral("Y"), 0.0},
+                                                   {QStringLiteral("Width"), w},
+                                                   {QStringLiteral("Height"), h}}},
                      {WindowKey::ownerName, owner},
                      {WindowKey::name, name}};
 }
@@ -59,7 +61,8 @@ protected:
         w.desktop.addItem(fixed);
         w.item(QStringLiteral("com.example.sync"), QStringLiteral("Sync"));
         w.defaults().set(SimDesktop::preferredPositionKey(QStringLiteral("Ravlin.Main")), 22);
-        w.defaults().set(SimDesktop::preferredPositionKey(QStringLiteral("Ravlin.HiddenSeparator")), 46);
+        w.defaults().set(SimDesktop::preferredPositionKey(QStringLiteral("Ravlin.HiddenSeparator")),
+                         46);
         w.desktop.addOwnItem(QStringLiteral("Ravlin.Main"), 24);
         w.desktop.addOwnItem(QStringLiteral("Ravlin.HiddenSeparator"), 10000);
         hiddenFoo = w.item(QStringLiteral("com.example.foo"), QStringLiteral("Item-0"));
@@ -73,28 +76,39 @@ protected:
 
 TEST_F(CaptureEngineTest, KeepsOnlyLayer25WindowsOfStatusItemSize)
 {
-    w.desktop.addRawWindow(window(11, 24, 10, 22, 24, QStringLiteral("A"), QStringLiteral("layer 24")));
-    w.desktop.addRawWindow(window(12, 26, 20, 22, 24, QStringLiteral("A"), QStringLiteral("layer 26")));
-    w.desktop.addRawWindow(window(13, 25, 30, 22, 41, QStringLiteral("A"), QStringLiteral("too tall")));
-    w.desktop.addRawWindow(window(14, 25, 40, 0, 24, QStringLiteral("A"), QStringLiteral("no width")));
-    w.desktop.addRawWindow(window(15, 25, 50, 22, 40, QStringLiteral("A"), QStringLiteral("just fits")));
-    w.desktop.addRawWindow(window(16, 25, 60, 22, 0, QStringLiteral("A"), QStringLiteral("no height")));
+    w.desktop.addRawWindow(
+        window(11, 24, 10, 22, 24, QStringLiteral("A"), QStringLiteral("layer 24")));
+    w.desktop.addRawWindow(
+        window(12, 26, 20, 22, 24, QStringLiteral("A"), QStringLiteral("layer 26")));
+    w.desktop.addRawWindow(
+        window(13, 25, 30, 22, 41, QStringLiteral("A"), QStringLiteral("too tall")));
+    w.desktop.addRawWindow(
+        window(14, 25, 40, 0, 24, QStringLiteral("A"), QStringLiteral("no width")));
+    w.desktop.addRawWindow(
+        window(15, 25, 50, 22, 40, QStringLiteral("A"), QStringLiteral("just fits")));
+    w.desktop.addRawWindow(
+        window(16, 25, 60, 22, 0, QStringLiteral("A"), QStringLiteral("no height")));
     EXPECT_EQ(scannedIds(), QList<std::int64_t>({15}));
 }
 
 TEST_F(CaptureEngineTest, LeavesOutTheApplicationsOwnItems)
 {
-    w.desktop.addRawWindow(window(21, 25, 10, 22, 24, QStringLiteral("Ravlin"), QStringLiteral("Anything")));
-    w.desktop.addRawWindow(window(22, 25, 20, 22, 24, QStringLiteral("Other"), QStringLiteral("Ravlin.Main")));
-    w.desktop.addRawWindow(window(23, 25, 30, 22, 24, QStringLiteral("Other"), QStringLiteral("Mine")));
+    w.desktop.addRawWindow(
+        window(21, 25, 10, 22, 24, QStringLiteral("Ravlin"), QStringLiteral("Anything")));
+    w.desktop.addRawWindow(
+        window(22, 25, 20, 22, 24, QStringLiteral("Other"), QStringLiteral("Ravlin.Main")));
+    w.desktop.addRawWindow(
+        window(23, 25, 30, 22, 24, QStringLiteral("Other"), QStringLiteral("Mine")));
     EXPECT_EQ(scannedIds(), QList<std::int64_t>({23}));
 }
 
 TEST_F(CaptureEngineTest, SkipsOddEntriesAndWindowNumbersBeyond32Bits)
 {
     w.desktop.addRawWindow(QStringLiteral("not a window"));
-    w.desktop.addRawWindow(window(std::int64_t(1) << 32, 25, 10, 22, 24, QStringLiteral("A"), QStringLiteral("huge")));
-    w.desktop.addRawWindow(window(-3, 25, 20, 22, 24, QStringLiteral("A"), QStringLiteral("negative")));
+    w.desktop.addRawWindow(
+        window(std::int64_t(1) << 32, 25, 10, 22, 24, QStringLiteral("A"), QStringLiteral("huge")));
+    w.desktop.addRawWindow(
+        window(-3, 25, 20, 22, 24, QStringLiteral("A"), QStringLiteral("negative")));
     PlistValue noPid = window(31, 25, 30, 22, 24, QStringLiteral("A"), QStringLiteral("no pid"));
     PlistDict d = *noPid.asDict();
     d.remove(WindowKey::ownerPID);
@@ -105,9 +119,12 @@ TEST_F(CaptureEngineTest, SkipsOddEntriesAndWindowNumbersBeyond32Bits)
 
 TEST_F(CaptureEngineTest, SortsByXAndKeepsWindowsThatShareIt)
 {
-    w.desktop.addRawWindow(window(41, 25, 300, 22, 24, QStringLiteral("A"), QStringLiteral("right")));
-    w.desktop.addRawWindow(window(42, 25, 100, 22, 24, QStringLiteral("A"), QStringLiteral("left")));
-    w.desktop.addRawWindow(window(43, 25, 100, 22, 24, QStringLiteral("A"), QStringLiteral("left too")));
+    w.desktop.addRawWindow(
+        window(41, 25, 300, 22, 24, QStringLiteral("A"), QStringLiteral("right")));
+    w.desktop.addRawWindow(
+        window(42, 25, 100, 22, 24, QStringLiteral("A"), QStringLiteral("left")));
+    w.desktop.addRawWindow(
+        window(43, 25, 100, 22, 24, QStringLiteral("A"), QStringLiteral("left too")));
     EXPECT_EQ(scannedIds(), QList<std::int64_t>({42, 43, 41}));
     ASSERT_TRUE(engine().current(43));
     EXPECT_FALSE(engine().current(44));
@@ -126,10 +143,13 @@ TEST_F(CaptureEngineTest, CapturesOffScreenItemsOnStageAndPutsThemBack)
     ASSERT_FALSE(w.placed(hiddenFoo).onScreen);
     const double started = w.scheduler.now();
 
-    const auto stage = engine().stageLeftOf(w.desktop.placedByTitle(QStringLiteral("Ravlin.Main"))->frame.x);
-    const std::vector<BarItem> items = engine().captureAll(stage.stageX, stage.menuBarY, stage.thresholdX);
+    const auto stage =
+        engine().stageLeftOf(w.desktop.placedByTitle(QStringLiteral("Ravlin.Main"))->frame.x);
+    const std::vector<BarItem> items =
+        engine().captureAll(stage.stageX, stage.menuBarY, stage.thresholdX);
 
-    EXPECT_EQ(capturedLabels(items), QStringList({QStringLiteral("Bar"), QStringLiteral("Foo"), QStringLiteral("Sync")}));
+    EXPECT_EQ(capturedLabels(items),
+              QStringList({QStringLiteral("Bar"), QStringLiteral("Foo"), QStringLiteral("Sync")}));
     // Each was seen on screen: its captured frame is the stage's, and it has an image.
     EXPECT_GE(items[0].info.x, 0);
     EXPECT_TRUE(items[0].image.has_value());
@@ -175,7 +195,8 @@ TEST_F(CaptureEngineTest, SelfTestReportsAKeptOrder)
                                         .arg(hiddenBar)
                                         .arg(hiddenFoo)));
     EXPECT_EQ(lines[2], QStringLiteral("  → 3 Items captured: [\"Bar\", \"Foo\", \"Sync\"]"));
-    EXPECT_EQ(lines[3], QString(lines[1]).replace(QStringLiteral("vorher"), QStringLiteral("nachher")));
+    EXPECT_EQ(lines[3],
+              QString(lines[1]).replace(QStringLiteral("vorher"), QStringLiteral("nachher")));
     EXPECT_EQ(lines[4], QStringLiteral("  ✅ Reihenfolge erhalten"));
 }
 
@@ -190,7 +211,8 @@ public:
     {
         std::optional<PlistArray> list = m_inner.windowList(option);
         if (m_reads++ > 0)
-            list->push_back(window(77, 25, 5, 22, 24, QStringLiteral("Late"), QStringLiteral("Late")));
+            list->push_back(
+                window(77, 25, 5, 22, 24, QStringLiteral("Late"), QStringLiteral("Late")));
         return list;
     }
     QImage windowImage(std::uint32_t number) override { return m_inner.windowImage(number); }
@@ -207,7 +229,9 @@ TEST_F(CaptureEngineTest, SelfTestNoticesAChangedOrder)
     buildHiddenBar();
     GrowingWindowServer growing(*w.platform.windowServer);
     MenuBarServices& s = w.services();
-    CaptureEngine engine(growing, s.itemCapture(), s.moveEngine(), s.itemFactory(), w.scheduler, w.logs());
+    CaptureEngine engine(growing, s.itemCapture(), s.moveEngine(), s.itemFactory(), w.scheduler,
+                         w.logs());
     const QString report = engine.runSelfTest(1200, 12, 1240);
-    EXPECT_TRUE(report.endsWith(QStringLiteral("  ⚠️ Reihenfolge verändert!\n"))) << qPrintable(report);
+    EXPECT_TRUE(report.endsWith(QStringLiteral("  ⚠️ Reihenfolge verändert!\n")))
+        << qPrintable(report);
 }

@@ -29,7 +29,10 @@ protected:
     SimWorld w;
     FixedImageServer server;
     ItemCapture capture{server, w.services().permissions()};
-    void answer(int width, int height) { server.image = QImage(width, height, QImage::Format_ARGB32); }
+    void answer(int width, int height)
+    {
+        server.image = QImage(width, height, QImage::Format_ARGB32);
+    }
 };
 
 } // namespace

@@ -96,7 +96,8 @@ TEST(MenuBarScanner, ListsOnScreenWindowsLeftToRightOwnOnesIncluded)
     SimWorld w;
     w.app(QStringLiteral("com.example.a"), QStringLiteral("A"));
     w.item(QStringLiteral("com.example.a"), QStringLiteral("Right"));
-    w.defaults().set(SimDesktop::preferredPositionKey(QStringLiteral("Ravlin.HiddenSeparator")), 22);
+    w.defaults().set(SimDesktop::preferredPositionKey(QStringLiteral("Ravlin.HiddenSeparator")),
+                     22);
     w.desktop.addOwnItem(QStringLiteral("Ravlin.HiddenSeparator"), 10);
     w.itemRef(w.item(QStringLiteral("com.example.a"), QStringLiteral("Flat"))).height = 0;
     w.item(QStringLiteral("com.example.a"), QStringLiteral("Hidden"));
@@ -104,9 +105,11 @@ TEST(MenuBarScanner, ListsOnScreenWindowsLeftToRightOwnOnesIncluded)
     for (const MenuBarItemInfo& info : w.services().scanner().scan())
         names.append(info.name);
     // Zero height is no reason to leave a window out here.
-    EXPECT_EQ(names, QStringList({QStringLiteral("Hidden"), QStringLiteral("Flat"),
-                                  QStringLiteral("Ravlin.HiddenSeparator"), QStringLiteral("Right")}));
-    w.desktop.setItemWidth(w.desktop.placedByTitle(QStringLiteral("Ravlin.HiddenSeparator"))->item.window, 10000);
+    EXPECT_EQ(names,
+              QStringList({QStringLiteral("Hidden"), QStringLiteral("Flat"),
+                           QStringLiteral("Ravlin.HiddenSeparator"), QStringLiteral("Right")}));
+    w.desktop.setItemWidth(
+        w.desktop.placedByTitle(QStringLiteral("Ravlin.HiddenSeparator"))->item.window, 10000);
     EXPECT_EQ(w.services().scanner().scan().size(), 1u);
 }
 
@@ -117,7 +120,8 @@ TEST(ScannerModel, AnnouncesEachChangeBeforeItHappens)
     w.item(QStringLiteral("com.example.a"), QStringLiteral("One"));
     ScannerModel model(w.services().scanner(), w.services().apps());
     std::vector<std::size_t> sizesSeen;
-    QObject::connect(&model, &ScannerModel::willChange, &model, [&] { sizesSeen.push_back(model.items().size()); });
+    QObject::connect(&model, &ScannerModel::willChange, &model,
+                     [&] { sizesSeen.push_back(model.items().size()); });
     model.refresh();
     model.refreshMenuBarApps();
     EXPECT_EQ(sizesSeen, (std::vector<std::size_t>{0, 1}));

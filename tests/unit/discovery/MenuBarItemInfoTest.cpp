@@ -23,14 +23,16 @@ TEST(MenuBarItemInfo, CentreIsHalfwayAcross)
 
 TEST(MenuBarItemInfo, DisplayNameOfStatisticsItemsDropsEveryPrefix)
 {
-    EXPECT_EQ(named(QStringLiteral("com.bjango.istatmenus.cpu")).displayName(), QStringLiteral("iStat · cpu"));
+    EXPECT_EQ(named(QStringLiteral("com.bjango.istatmenus.cpu")).displayName(),
+              QStringLiteral("iStat · cpu"));
     EXPECT_EQ(named(QStringLiteral("com.bjango.istatmenus.com.bjango.istatmenus.x")).displayName(),
               QStringLiteral("iStat · x"));
 }
 
 TEST(MenuBarItemInfo, DisplayNameFallsBackToTheOwnerForGenericTitles)
 {
-    EXPECT_EQ(named(QStringLiteral("Item-0"), QStringLiteral("Foo")).displayName(), QStringLiteral("Foo"));
+    EXPECT_EQ(named(QStringLiteral("Item-0"), QStringLiteral("Foo")).displayName(),
+              QStringLiteral("Foo"));
     EXPECT_EQ(named(QString(), QStringLiteral("Foo")).displayName(), QStringLiteral("Foo"));
     EXPECT_EQ(named(QStringLiteral("Sync")).displayName(), QStringLiteral("Sync"));
 }

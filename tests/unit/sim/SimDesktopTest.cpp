@@ -79,7 +79,9 @@ TEST_F(SimDesktopTest, DraggingAnOwnItemRecordsItsNewPreferredPosition)
     const auto main = w.desktop.addOwnItem(QStringLiteral("Ravlin.Main"), 24);
     ASSERT_TRUE(w.desktop.dragItem(main, 1345));
     EXPECT_EQ(w.placed(main).frame.x, 1336);
-    EXPECT_EQ(w.defaults().integerForKey(SimDesktop::preferredPositionKey(QStringLiteral("Ravlin.Main"))), 0);
+    EXPECT_EQ(
+        w.defaults().integerForKey(SimDesktop::preferredPositionKey(QStringLiteral("Ravlin.Main"))),
+        0);
 }
 
 TEST_F(SimDesktopTest, FixedItemsCannotBeDragged)

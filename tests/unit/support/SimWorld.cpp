@@ -7,7 +7,8 @@
 namespace ravlin::test {
 
 SimWorld::SimWorld()
-    : m_resources(QStringLiteral(RAVLIN_SOURCE_RESOURCES), {QStringLiteral("en")}), m_logs(m_dir.path())
+    : m_resources(QStringLiteral(RAVLIN_SOURCE_RESOURCES), {QStringLiteral("en")}),
+      m_logs(m_dir.path())
 {
     platform.defaults = std::make_unique<InMemoryDefaultsStore>();
     installSimServices(platform, desktop);
@@ -15,7 +16,8 @@ SimWorld::SimWorld()
     desktop.setScheduler(&scheduler);
     m_preferences = std::make_unique<Preferences>(*platform.defaults, m_center, nullptr);
     m_language = std::make_unique<LanguageManager>(m_resources, *platform.defaults, *m_preferences);
-    m_services = std::make_unique<MenuBarServices>(platform, scheduler, *platform.defaults, *m_language, m_logs);
+    m_services = std::make_unique<MenuBarServices>(platform, scheduler, *platform.defaults,
+                                                   *m_language, m_logs);
 }
 
 SimWorld::~SimWorld() = default;

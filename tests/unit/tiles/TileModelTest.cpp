@@ -116,8 +116,9 @@ TEST(BarGrouping, AppsFirstThenTheSystemGroupEmptyGroupsLeftOut)
 {
     SimWorld w;
     BarGrouping& grouping = w.services().grouping();
-    const auto groups = grouping.group({tile(QStringLiteral("s1"), true), tile(QStringLiteral("a1")),
-                                        tile(QStringLiteral("s2"), true), tile(QStringLiteral("a2"))});
+    const auto groups =
+        grouping.group({tile(QStringLiteral("s1"), true), tile(QStringLiteral("a1")),
+                        tile(QStringLiteral("s2"), true), tile(QStringLiteral("a2"))});
     ASSERT_EQ(groups.size(), 2u);
     EXPECT_EQ(groups[0].title, QStringLiteral("Apps"));
     EXPECT_EQ(keys(groups[0].items), split("a1 a2"));
@@ -136,11 +137,13 @@ TEST(BarGrouping, MakeGroupsDropsWhatTheFactoryRefuses)
     w.app(QStringLiteral("com.example.a"), QStringLiteral("Alpha"));
     w.app(QStringLiteral("com.apple.controlcenter"), QStringLiteral("Control Center"));
     std::vector<MenuBarItemInfo> infos;
-    for (auto id : {w.item(QStringLiteral("com.apple.controlcenter"), QStringLiteral("Clock")),
-                    w.item(QStringLiteral("com.example.a"), QStringLiteral("Item-0")),
-                    w.item(QStringLiteral("com.apple.controlcenter"), QStringLiteral("Bluetooth"))}) {
+    for (auto id :
+         {w.item(QStringLiteral("com.apple.controlcenter"), QStringLiteral("Clock")),
+          w.item(QStringLiteral("com.example.a"), QStringLiteral("Item-0")),
+          w.item(QStringLiteral("com.apple.controlcenter"), QStringLiteral("Bluetooth"))}) {
         const SimPlacedItem p = w.placed(id);
-        infos.push_back({id, p.frame.x, 0, p.frame.width, p.frame.height, p.item.owner, p.item.title});
+        infos.push_back(
+            {id, p.frame.x, 0, p.frame.width, p.frame.height, p.item.owner, p.item.title});
     }
     const auto groups = w.services().grouping().makeGroups(infos);
     ASSERT_EQ(groups.size(), 2u);
