@@ -85,6 +85,11 @@ QJsonValue activationsSection(SandboxSession& s, bool consume)
     return activations;
 }
 
+QJsonValue openedSection(SandboxSession& s, bool consume)
+{
+    return QJsonArray::fromStringList(consume ? s.desktop().takeOpened() : s.desktop().opened());
+}
+
 QJsonValue scannerSection(SandboxSession& s, bool)
 {
     const ScannerModel& model = s.app().scannerModel();
@@ -133,6 +138,7 @@ void registerDiscoverySections(ScriptRunner& runner)
     runner.addSection(QStringLiteral("bar"), barSection);
     runner.addSection(QStringLiteral("events"), eventsSection);
     runner.addSection(QStringLiteral("activations"), activationsSection);
+    runner.addSection(QStringLiteral("opened"), openedSection);
     runner.addSection(QStringLiteral("scanner"), scannerSection);
     runner.addSection(QStringLiteral("tiles"), tilesSection);
     runner.addSection(QStringLiteral("logs"), logsSection);

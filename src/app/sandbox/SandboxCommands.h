@@ -9,7 +9,7 @@ void registerCoreCommands(ScriptRunner& runner);     // start, advance, dump, ex
 void registerSettingsCommands(ScriptRunner& runner); // defaults, login, prefs, placement, language, locale
 void registerCoreSections(ScriptRunner& runner);     // time, process, preferences, defaults, language, login
 // screen, app, item, extras, permission, launch, terminate, click, cmd-drag, selftest,
-// scanner; the sections bar, events, activations, scanner, tiles and logs.
+// scanner; the sections bar, events, activations, opened, scanner, tiles and logs.
 void registerDiscoveryCommands(ScriptRunner& runner);
 void registerDesktopCommands(ScriptRunner& runner);
 void registerDiscoverySections(ScriptRunner& runner);
