@@ -1,7 +1,13 @@
 #include "Platform.h"
 
+#include "Accessibility.h"
+#include "Events.h"
 #include "LoginItems.h"
 #include "UnavailableServices.h"
+#include "Permissions.h"
+#include "Screens.h"
+#include "WindowServer.h"
+#include "Workspace.h"
 #include "core/foundation/DefaultsStore.h"
 
 namespace ravlin {
@@ -17,5 +23,23 @@ Platform::Platform()
 Platform::~Platform() = default;
 Platform::Platform(Platform&&) noexcept = default;
 Platform& Platform::operator=(Platform&&) noexcept = default;
+
+QStringList Platform::missingMenuBarServices() const
+{
+    QStringList missing;
+    if (!windowServer)
+        missing << QStringLiteral("windowServer");
+    if (!screens)
+        missing << QStringLiteral("screens");
+    if (!accessibility)
+        missing << QStringLiteral("accessibility");
+    if (!events)
+        missing << QStringLiteral("events");
+    if (!workspace)
+        missing << QStringLiteral("workspace");
+    if (!permissions)
+        missing << QStringLiteral("permissions");
+    return missing;
+}
 
 } // namespace ravlin

@@ -6,12 +6,19 @@
 
 namespace ravlin {
 
+class Accessibility;
 class DefaultsStore;
 class Geocoder;
 class HttpClient;
 class LocationService;
 class LoginItems;
 class SystemProbe;
+class Events;
+class LoginItems;
+class Permissions;
+class Screens;
+class WindowServer;
+class Workspace;
 
 // The services the core asks of the operating system. Each backend (macOS, the
 // simulated desktop, real Linux services) fills in its own; the application
@@ -31,10 +38,19 @@ struct Platform {
     std::unique_ptr<Geocoder> geocoder;
     // Fetches the weather forecast.
     std::unique_ptr<HttpClient> http;
+    std::unique_ptr<WindowServer> windowServer;
+    std::unique_ptr<Screens> screens;
+    std::unique_ptr<Accessibility> accessibility;
+    std::unique_ptr<Events> events;
+    std::unique_ptr<Workspace> workspace;
+    std::unique_ptr<Permissions> permissions;
     // The system's preferred interface languages, most wanted first (tags such as "de-DE").
     QStringList preferredLanguages;
     // This application's bundle identifier ("de.vexa.Ravlin"); empty without one.
     QString bundleIdentifier;
+
+    // The names of the menu-bar services this platform lacks (empty when it has them all).
+    QStringList missingMenuBarServices() const;
 };
 
 } // namespace ravlin

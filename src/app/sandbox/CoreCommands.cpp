@@ -153,6 +153,10 @@ void registerPendingCommands(ScriptRunner& runner)
         QStringLiteral("click"), QStringLiteral("hover"), QStringLiteral("cmd-drag"), QStringLiteral("menu"),
         QStringLiteral("tile"), QStringLiteral("panel"), QStringLiteral("hud"), QStringLiteral("settings"),
         QStringLiteral("reopen"), QStringLiteral("selftest"), QStringLiteral("screenshot"),
+        QStringLiteral("engine"), QStringLiteral("instance"), QStringLiteral("probe"), QStringLiteral("location"),
+        QStringLiteral("forecast"), QStringLiteral("hover"), QStringLiteral("menu"), QStringLiteral("tile"),
+        QStringLiteral("panel"), QStringLiteral("hud"), QStringLiteral("settings"), QStringLiteral("reopen"),
+        QStringLiteral("screenshot"),
     });
 }
 
@@ -162,6 +166,7 @@ void registerAll(ScriptRunner& runner)
     registerSettingsCommands(runner);
     registerCoreSections(runner);
     registerSysinfoCommands(runner);
+    registerDiscoveryCommands(runner);
     registerPendingCommands(runner);
 }
 

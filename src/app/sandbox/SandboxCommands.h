@@ -10,6 +10,11 @@ void registerSettingsCommands(ScriptRunner& runner); // defaults, login, prefs, 
 void registerCoreSections(ScriptRunner& runner);     // time, process, preferences, defaults, language, login
 // probe, location, forecast, stats, weather; the sections stats, weather and probe
 void registerSysinfoCommands(ScriptRunner& runner);
+// screen, app, item, extras, permission, launch, terminate, click, cmd-drag, selftest,
+// scanner; the sections bar, events, activations, opened, scanner, tiles and logs.
+void registerDiscoveryCommands(ScriptRunner& runner);
+void registerDesktopCommands(ScriptRunner& runner);
+void registerDiscoverySections(ScriptRunner& runner);
 // Every command of the script language that a later part of the sandbox brings.
 void registerPendingCommands(ScriptRunner& runner);
 

@@ -10,12 +10,15 @@
 #include "platform/sim/SimLocationService.h"
 #include "platform/sim/SimLoginItems.h"
 #include "platform/sim/SimSystemProbe.h"
+#include "platform/sim/SimDesktop.h"
+#include "platform/sim/SimPlatform.h"
 
 #include <QCoreApplication>
 
 namespace ravlin::sandbox {
 
-SandboxSession::SandboxSession(Options options) : m_options(std::move(options))
+SandboxSession::SandboxSession(Options options)
+    : m_options(std::move(options)), m_desktop(std::make_unique<SimDesktop>())
 {
     m_defaultsPath = m_options.defaultsPath.isEmpty() ? m_tempDir.filePath(QStringLiteral("de.vexa.Ravlin.plist"))
                                                       : m_options.defaultsPath;
@@ -24,6 +27,9 @@ SandboxSession::SandboxSession(Options options) : m_options(std::move(options))
     m_login = login.get();
     m_platform.loginItems = std::move(login);
     m_platform.bundleIdentifier = QStringLiteral("de.vexa.Ravlin");
+    installSimServices(m_platform, *m_desktop);
+    m_desktop->setDefaults(m_platform.defaults.get());
+    m_desktop->setScheduler(&m_scheduler);
     if (m_options.realSystem)
         LinuxServices::install(m_platform, m_scheduler);
     else
@@ -76,6 +82,7 @@ AppDelegate& SandboxSession::app()
         m_platform.preferredLanguages = m_systemLanguages;
         m_resources = std::make_unique<Resources>(dir, m_systemLanguages);
         m_app = std::make_unique<AppDelegate>(m_platform, m_scheduler, *m_resources);
+        m_app->setLogDirectory(m_options.logDir);
     }
     return *m_app;
 }

@@ -17,6 +17,7 @@ class Resources;
 class SimGeocoder;
 class SimHttpClient;
 class SimLocationService;
+class SimDesktop;
 class SimLoginItems;
 class SimSystemProbe;
 } // namespace ravlin
@@ -57,6 +58,7 @@ public:
     SimHttpClient* http() { return m_http; }
     // Reads the machine's own figures from now on; only before the application exists.
     bool useMachineProbe();
+    SimDesktop& desktop() { return *m_desktop; }
     QString defaultsPath() const { return m_defaultsPath; }
     QString logDir() const { return m_options.logDir; }
 
@@ -77,6 +79,7 @@ private:
     QTemporaryDir m_tempDir;
     QString m_defaultsPath;
     VirtualScheduler m_scheduler;
+    std::unique_ptr<SimDesktop> m_desktop;
     Platform m_platform;
     SimLoginItems* m_login = nullptr;
     SimSystemProbe* m_probe = nullptr;

@@ -6,13 +6,17 @@
 
 namespace ravlin {
 
+class DiagnosticLogs;
 class LanguageManager;
+class MenuBarServices;
 class NotificationCenter;
 class Preferences;
 class Resources;
+class ScannerModel;
 class Scheduler;
 class SystemStats;
 class WeatherService;
+class TileModel;
 struct Platform;
 
 // The application object: owns the single instance of each service of the
@@ -32,6 +36,12 @@ public:
     LanguageManager& languageManager() const { return *m_language; }
     SystemStats& systemStats() const { return *m_stats; }
     WeatherService& weatherService() const { return *m_weather; }
+    MenuBarServices& menuBar() const { return *m_menuBar; }
+    ScannerModel& scannerModel() const { return *m_scannerModel; }
+    TileModel& tileModel() const { return *m_tileModel; }
+    DiagnosticLogs& diagnosticLogs() const { return *m_logs; }
+    // Where the self-tests write their reports (empty: the default folder).
+    void setLogDirectory(const QString& directory);
     bool launched() const { return m_launched; }
 
 private:
@@ -42,6 +52,10 @@ private:
     std::unique_ptr<LanguageManager> m_language;
     std::unique_ptr<SystemStats> m_stats;
     std::unique_ptr<WeatherService> m_weather;
+    std::unique_ptr<DiagnosticLogs> m_logs;
+    std::unique_ptr<MenuBarServices> m_menuBar;
+    std::unique_ptr<ScannerModel> m_scannerModel;
+    std::unique_ptr<TileModel> m_tileModel;
     bool m_launched = false;
 };
 

@@ -3,8 +3,14 @@
 #include "CFPreferencesDefaultsStore.h"
 #include "MacGeocoder.h"
 #include "MacLocationService.h"
+#include "MacAccessibility.h"
+#include "MacEvents.h"
+#include "MacPermissions.h"
+#include "MacScreens.h"
 #include "MacSystem.h"
 #include "MacSystemProbe.h"
+#include "MacWindowServer.h"
+#include "MacWorkspace.h"
 #include "SMAppServiceLoginItems.h"
 #include "platform/qt/QtHttpClient.h"
 
@@ -19,6 +25,12 @@ Platform makePlatform(Scheduler& scheduler)
     platform.location = std::make_unique<MacLocationService>();
     platform.geocoder = std::make_unique<MacGeocoder>();
     platform.http = std::make_unique<QtHttpClient>(scheduler);
+    platform.windowServer = std::make_unique<MacWindowServer>();
+    platform.screens = std::make_unique<MacScreens>();
+    platform.accessibility = std::make_unique<MacAccessibility>();
+    platform.events = std::make_unique<MacEvents>();
+    platform.workspace = std::make_unique<MacWorkspace>();
+    platform.permissions = std::make_unique<MacPermissions>();
     platform.preferredLanguages = MacSystem::preferredLanguages();
     platform.bundleIdentifier = MacSystem::bundleIdentifier();
     return platform;

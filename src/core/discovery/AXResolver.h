@@ -1,0 +1,43 @@
+#pragma once
+
+#include "ResolvedItem.h"
+
+#include <QStringList>
+
+#include <optional>
+
+namespace ravlin {
+
+class AXElement;
+class Accessibility;
+class PermissionManager;
+class Workspace;
+
+// Identifies and presses the user-interface element at a point of the screen
+// (window-server coordinates) through the accessibility interface.
+class AXResolver {
+public:
+    // Presses try at most the element that was hit and this many of its parents.
+    static constexpr int maxParents = 5;
+    static const QStringList& wantedActions();
+
+    AXResolver(Accessibility& accessibility, Workspace& workspace,
+               const PermissionManager& permissions);
+
+    std::optional<ResolvedItem> resolve(double x, double y);
+    // True when one of the element's press-like actions went through.
+    bool press(double x, double y);
+
+private:
+    std::optional<AXElement> hitTest(double x, double y);
+    // The attribute as non-empty text, or nothing.
+    std::optional<QString> string(const AXElement& element, const QString& attribute);
+    bool performWantedAction(const AXElement& element);
+    std::optional<AXElement> parent(const AXElement& element);
+
+    Accessibility& m_accessibility;
+    Workspace& m_workspace;
+    const PermissionManager& m_permissions;
+};
+
+} // namespace ravlin

@@ -1,0 +1,11 @@
+#include "BarItem.h"
+
+namespace ravlin {
+
+bool BarItem::operator==(const BarItem& other) const
+{
+    return info == other.info && image == other.image && symbolName == other.symbolName &&
+           label == other.label && isApple == other.isApple && key == other.key;
+}
+
+} // namespace ravlin

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "core/discovery/MenuBarItemInfo.h"
+
+#include <QImage>
+#include <QString>
+
+#include <optional>
+
+namespace ravlin {
+
+// One menu-bar item as the tile panel shows it. Its identity is its key: two
+// items with equal keys are the same item for the panel, wherever they stand.
+struct BarItem {
+    MenuBarItemInfo info;
+    std::optional<QImage> image;
+    std::optional<QString> symbolName;
+    QString label;
+    bool isApple = false;
+    QString key;
+
+    const QString& id() const { return key; }
+    bool operator==(const BarItem& other) const;
+};
+
+} // namespace ravlin

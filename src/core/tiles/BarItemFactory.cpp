@@ -1,0 +1,137 @@
+#include "BarItemFactory.h"
+
+#include "core/discovery/AXResolver.h"
+#include "core/discovery/ItemCapture.h"
+#include "core/discovery/ItemTitles.h"
+#include "core/discovery/PermissionManager.h"
+#include "core/foundation/DefaultsStore.h"
+#include "core/settings/PrefKey.h"
+
+namespace ravlin {
+
+namespace {
+
+bool containsAny(const QString& text, std::initializer_list<const char16_t*> words)
+{
+    for (const char16_t* word : words) {
+        if (text.contains(QStringView(word)))
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+BarItemFactory::BarItemFactory(AXResolver& resolver, const ItemCapture& capture,
+                               const PermissionManager& permissions, DefaultsStore& defaults,
+                               const LanguageManager& language)
+    : m_resolver(resolver), m_capture(capture), m_permissions(permissions), m_defaults(defaults),
+      m_language(language)
+{}
+
+// Own items, the statistics application's items, the clock and the control centre.
+bool BarItemFactory::isNeverATile(const MenuBarItemInfo& info)
+{
+    return info.owner == ItemTitles::ownOwner || info.name.startsWith(ItemTitles::ownItemPrefix) ||
+           info.name.startsWith(ItemTitles::istatPrefix) || info.name == ItemTitles::clock ||
+           info.name == ItemTitles::controlCentre;
+}
+
+// The system's screen-recording indicator is never a tile.
+bool BarItemFactory::isRecordingIndicator(const std::optional<ResolvedItem>& resolved)
+{
+    if (!resolved || !resolved->title)
+        return false;
+    return containsAny(resolved->title->toLower(),
+                       {u"bildschirmaufnahme", u"screen recording", u"recording"});
+}
+
+// Battery and weather have tiles of their own.
+bool BarItemFactory::hasOwnTile(const QString& systemLabel)
+{
+    return containsAny(systemLabel.toLower(),
+                       {u"batterie", u"battery", u"akku", u"wetter", u"weather"});
+}
+
+std::optional<BarItem> BarItemFactory::makeItem(const MenuBarItemInfo& info)
+{
+    if (isNeverATile(info))
+        return std::nullopt;
+    const std::optional<ResolvedItem> resolved = m_resolver.resolve(info.centerX(), info.centerY());
+    if (resolved && resolved->bundleId == ItemTitles::ownBundleId)
+        return std::nullopt;
+    if (isRecordingIndicator(resolved))
+        return std::nullopt;
+
+    BarItem item;
+    item.info = info;
+    item.isApple = info.isSystem() || (resolved && resolved->bundleId &&
+                                       resolved->bundleId->startsWith(ItemTitles::applePrefix));
+    item.label = label(info, resolved, item.isApple);
+    // The key comes from the first label, before the cache is asked.
+    item.key = stableKey(info, resolved, item.label);
+    if (item.label.isEmpty())
+        item.label = cachedLabel(item.key).value_or(resolved ? resolved->appName.value_or(QString())
+                                                             : QString());
+    else
+        cacheLabel(item.key, item.label);
+    if (item.label.isEmpty())
+        return std::nullopt;
+    if (item.isApple && hasOwnTile(item.label))
+        return std::nullopt;
+
+    item.image = icon(info, resolved, item.isApple);
+    if (item.isApple)
+        item.symbolName = symbol(item.label, resolved);
+    return item;
+}
+
+std::optional<QImage> BarItemFactory::icon(const MenuBarItemInfo& info,
+                                           const std::optional<ResolvedItem>& resolved,
+                                           bool isApple) const
+{
+    Q_UNUSED(resolved);
+    Q_UNUSED(isApple);
+    if (!m_permissions.hasScreenRecording())
+        return std::nullopt;
+    return m_capture.image(info.id);
+}
+
+// A stored value that is not a dictionary of texts counts as an empty cache.
+QMap<QString, QString> BarItemFactory::labelCache() const
+{
+    QMap<QString, QString> cache;
+    const std::optional<PlistDict> stored = m_defaults.dictionaryForKey(PrefKey::labelCache);
+    if (!stored)
+        return cache;
+    for (auto it = stored->cbegin(); it != stored->cend(); ++it) {
+        if (!it.value().isString())
+            return {};
+        cache.insert(it.key(), *it.value().asString());
+    }
+    return cache;
+}
+
+std::optional<QString> BarItemFactory::cachedLabel(const QString& key) const
+{
+    const QMap<QString, QString> cache = labelCache();
+    auto it = cache.constFind(key);
+    if (it == cache.cend())
+        return std::nullopt;
+    return *it;
+}
+
+void BarItemFactory::cacheLabel(const QString& key, const QString& label)
+{
+    QMap<QString, QString> cache = labelCache();
+    auto it = cache.constFind(key);
+    if (it != cache.cend() && *it == label)
+        return;
+    cache.insert(key, label);
+    PlistDict stored;
+    for (auto i = cache.cbegin(); i != cache.cend(); ++i)
+        stored.insert(i.key(), i.value());
+    m_defaults.set(PrefKey::labelCache, stored);
+}
+
+} // namespace ravlin

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/Workspace.h"
+
+#include <memory>
+
+namespace ravlin {
+
+// NSWorkspace: running applications, their launch and termination, opening
+// URLs and applications. Objective-C stays in the .mm file.
+class MacWorkspace final : public Workspace {
+public:
+    MacWorkspace();
+    ~MacWorkspace() override;
+
+    std::vector<RunningApplication> runningApplications() override;
+    std::optional<RunningApplication> runningApplication(std::int32_t pid) override;
+    std::int32_t currentProcessIdentifier() override;
+    bool openURL(const QString& url) override;
+    std::optional<QString> urlForApplication(const QString& bundleIdentifier) override;
+    bool openApplication(const QString& applicationURL, bool activates) override;
+    bool activate(std::int32_t pid) override;
+    void terminateSelf() override;
+
+private:
+    struct Impl;
+    std::unique_ptr<Impl> d;
+};
+
+} // namespace ravlin

@@ -1,0 +1,240 @@
+#include "SimAccessibility.h"
+
+#include "SimDesktop.h"
+
+namespace ravlin {
+
+namespace {
+
+AXResult<AXValue> textValue(const std::optional<QString>& text)
+{
+    if (!text)
+        return {AXError::attributeUnsupported, {}};
+    AXValue v;
+    v.kind = AXValue::Kind::Text;
+    v.text = *text;
+    return {AXError::success, v};
+}
+
+AXResult<AXValue> elementValue(AXElement element)
+{
+    AXValue v;
+    v.kind = AXValue::Kind::Element;
+    v.element = std::move(element);
+    return {AXError::success, v};
+}
+
+} // namespace
+
+AXElement SimAccessibility::make(const Node& node)
+{
+    return AXElement(std::make_shared<Node>(node));
+}
+
+const SimAccessibility::Node* SimAccessibility::node(const AXElement& element)
+{
+    return static_cast<const Node*>(element.handle());
+}
+
+bool SimAccessibility::isProcessTrusted()
+{
+    return m_desktop.accessibilityTrusted;
+}
+
+bool SimAccessibility::isProcessTrustedWithPrompt()
+{
+    if (!m_desktop.accessibilityTrusted)
+        ++m_desktop.accessibilityPrompts;
+    return m_desktop.accessibilityTrusted;
+}
+
+AXElement SimAccessibility::systemWideElement()
+{
+    return make({});
+}
+
+AXElement SimAccessibility::applicationElement(std::int32_t pid)
+{
+    return make({Node::Kind::Application, pid, 0, 0});
+}
+
+const SimItem* SimAccessibility::itemOf(const Node& node) const
+{
+    const std::optional<SimPlacedItem> placed = m_desktop.placed(node.window);
+    return placed ? m_desktop.item(node.window) : nullptr;
+}
+
+float SimAccessibility::timeoutFor(const Node& node) const
+{
+    auto it = m_timeouts.find(node.key());
+    return it == m_timeouts.end() ? m_globalTimeout : it->second;
+}
+
+int SimAccessibility::gate(const Node& n)
+{
+    if (!m_desktop.accessibilityTrusted)
+        return AXError::apiDisabled;
+    if (n.kind == Node::Kind::SystemWide)
+        return AXError::success;
+    const SimApp* app = m_desktop.appByPid(n.pid);
+    if (!app || !app->running)
+        return AXError::invalidElement;
+    if (n.kind == Node::Kind::ItemPart && !itemOf(n))
+        return AXError::invalidElement;
+    if (app->hung) {
+        m_desktop.blockFor(timeoutFor(n));
+        return AXError::cannotComplete;
+    }
+    return AXError::success;
+}
+
+AXResult<AXElement> SimAccessibility::elementAtPosition(const AXElement& root, float x, float y)
+{
+    const Node* r = node(root);
+    if (!r || r->kind != Node::Kind::SystemWide)
+        return {AXError::illegalArgument, {}};
+    if (!m_desktop.accessibilityTrusted)
+        return {AXError::apiDisabled, {}};
+    const std::optional<SimPlacedItem> hit = m_desktop.itemAt({x, y});
+    if (!hit || !hit->item.ax.present)
+        return {AXError::noValue, {}};
+    if (const SimApp* app = m_desktop.appByPid(hit->pid); app && app->hung) {
+        m_desktop.blockFor(timeoutFor(*r));
+        return {AXError::cannotComplete, {}};
+    }
+    return {AXError::success,
+            make({Node::Kind::ItemPart, hit->pid, hit->item.window, hit->item.ax.depth})};
+}
+
+AXResult<AXValue> SimAccessibility::copyAttributeValue(const AXElement& element,
+                                                       const QString& attribute)
+{
+    const Node* n = node(element);
+    if (!n)
+        return {AXError::illegalArgument, {}};
+    if (const int error = gate(*n); error != AXError::success)
+        return {error, {}};
+    switch (n->kind) {
+    case Node::Kind::Application:
+        return applicationAttribute(*n, attribute);
+    case Node::Kind::ExtrasBar:
+        return extrasAttribute(*n, attribute);
+    case Node::Kind::ItemPart:
+        return itemAttribute(*n, attribute);
+    case Node::Kind::Placeholder:
+        if (attribute == u"AXParent")
+            return elementValue(make({Node::Kind::ExtrasBar, n->pid, 0, 0}));
+        break;
+    case Node::Kind::SystemWide:
+        break;
+    }
+    return {AXError::attributeUnsupported, {}};
+}
+
+AXResult<AXValue> SimAccessibility::applicationAttribute(const Node& n, const QString& attribute)
+{
+    const SimApp* app = m_desktop.appByPid(n.pid);
+    if (attribute == u"AXTitle")
+        return textValue(app->name);
+    if (attribute != u"AXExtrasMenuBar")
+        return {AXError::attributeUnsupported, {}};
+    if (app->extras == SimExtras::Absent)
+        return {AXError::noValue, {}};
+    return elementValue(make({Node::Kind::ExtrasBar, n.pid, 0, 0}));
+}
+
+AXResult<AXValue> SimAccessibility::extrasAttribute(const Node& n, const QString& attribute)
+{
+    if (attribute == u"AXParent")
+        return elementValue(make({Node::Kind::Application, n.pid, 0, 0}));
+    if (attribute != u"AXChildren")
+        return {AXError::attributeUnsupported, {}};
+    const SimApp* app = m_desktop.appByPid(n.pid);
+    AXValue v;
+    v.kind = AXValue::Kind::ElementList;
+    if (app->extras != SimExtras::No) {
+        for (const SimPlacedItem& p : m_desktop.bar()) {
+            if (p.pid == n.pid && p.item.ax.present)
+                v.elements.push_back(make({Node::Kind::ItemPart, n.pid, p.item.window, 0}));
+        }
+        if (v.elements.empty() && app->extras == SimExtras::Yes)
+            v.elements.push_back(make({Node::Kind::Placeholder, n.pid, 0, 0}));
+    }
+    return {AXError::success, v};
+}
+
+AXResult<AXValue> SimAccessibility::itemAttribute(const Node& n, const QString& attribute)
+{
+    const SimItem* item = itemOf(n);
+    if (attribute == u"AXParent") {
+        if (n.level > 0)
+            return elementValue(make({Node::Kind::ItemPart, n.pid, n.window, n.level - 1}));
+        if (item->ax.parentIsNotElement)
+            return textValue(QStringLiteral("AXMenuBar"));
+        return elementValue(make({Node::Kind::ExtrasBar, n.pid, 0, 0}));
+    }
+    if (n.level != item->ax.depth)
+        return {AXError::attributeUnsupported, {}};
+    if (attribute == u"AXTitle")
+        return textValue(item->ax.title);
+    if (attribute == u"AXDescription")
+        return textValue(item->ax.description);
+    if (attribute == u"AXHelp")
+        return textValue(item->ax.help);
+    return {AXError::attributeUnsupported, {}};
+}
+
+AXResult<QStringList> SimAccessibility::copyActionNames(const AXElement& element)
+{
+    const Node* n = node(element);
+    if (!n)
+        return {AXError::illegalArgument, {}};
+    if (const int error = gate(*n); error != AXError::success)
+        return {error, {}};
+    if (n->kind == Node::Kind::ItemPart && n->level == 0)
+        return {AXError::success, itemOf(*n)->ax.actions};
+    return {AXError::success, {}};
+}
+
+int SimAccessibility::performAction(const AXElement& element, const QString& action)
+{
+    const Node* n = node(element);
+    if (!n)
+        return AXError::illegalArgument;
+    if (const int error = gate(*n); error != AXError::success)
+        return error;
+    if (n->kind != Node::Kind::ItemPart || n->level != 0)
+        return AXError::actionUnsupported;
+    const SimItem* item = itemOf(*n);
+    if (!item->ax.actions.contains(action))
+        return AXError::actionUnsupported;
+    const int result = item->ax.resultByAction.value(action, item->ax.result);
+    // The menu of an item that answers "cannot complete" usually opened all the same.
+    if (result == AXError::success || result == AXError::cannotComplete)
+        m_desktop.recordActivation(*item, action);
+    return result;
+}
+
+AXResult<std::int32_t> SimAccessibility::pid(const AXElement& element)
+{
+    const Node* n = node(element);
+    if (!n || n->kind == Node::Kind::SystemWide)
+        return {AXError::illegalArgument, 0};
+    return {AXError::success, n->pid};
+}
+
+int SimAccessibility::setMessagingTimeout(const AXElement& element, float seconds)
+{
+    const Node* n = node(element);
+    if (!n || seconds < 0)
+        return AXError::illegalArgument;
+    if (n->kind == Node::Kind::SystemWide)
+        m_globalTimeout = seconds > 0 ? seconds : defaultTimeout;
+    else if (seconds > 0)
+        m_timeouts[n->key()] = seconds;
+    else
+        m_timeouts.erase(n->key());
+    return AXError::success;
+}
+
+} // namespace ravlin

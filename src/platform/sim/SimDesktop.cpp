@@ -1,0 +1,112 @@
+#include "SimDesktop.h"
+
+#include "core/foundation/Scheduler.h"
+
+#include <algorithm>
+
+namespace ravlin {
+
+SimDesktop::SimDesktop()
+{
+    SimApp self;
+    self.bundleId = ownBundleId;
+    self.name = ownName;
+    self.pid = ownPid;
+    self.policy = ActivationPolicy::Accessory;
+    self.extras = SimExtras::No;
+    m_apps.push_back(self);
+}
+
+void SimDesktop::blockFor(double seconds)
+{
+    if (m_scheduler)
+        m_scheduler->sleepBlocking(seconds);
+}
+
+void SimDesktop::addScreen(const SimScreen& screen)
+{
+    m_screens.push_back(screen);
+}
+
+std::vector<SimScreen> SimDesktop::screens() const
+{
+    if (m_screens.empty())
+        return {SimScreen{}};
+    return m_screens;
+}
+
+WindowServerRect SimDesktop::screenFrame(std::size_t index) const
+{
+    const std::vector<SimScreen> all = screens();
+    double x = 0;
+    for (std::size_t i = 0; i < index && i < all.size(); ++i)
+        x += all[i].width;
+    const SimScreen& s = all.at(std::min(index, all.size() - 1));
+    return {x, 0, s.width, s.height};
+}
+
+std::int32_t SimDesktop::addApp(SimApp app, bool keepPid)
+{
+    if (!keepPid || app.pid < 0) {
+        auto taken = [this](std::int32_t pid) { return appByPid(pid) != nullptr; };
+        while (taken(m_nextPid))
+            ++m_nextPid;
+        app.pid = m_nextPid++;
+    }
+    if (SimApp* existing = this->app(app.bundleId)) {
+        *existing = app;
+        return app.pid;
+    }
+    m_apps.push_back(app);
+    return app.pid;
+}
+
+SimApp* SimDesktop::app(const QString& bundleId)
+{
+    auto it = std::find_if(m_apps.begin(), m_apps.end(),
+                           [&](const SimApp& a) { return a.bundleId == bundleId; });
+    return it == m_apps.end() ? nullptr : &*it;
+}
+
+const SimApp* SimDesktop::app(const QString& bundleId) const
+{
+    return const_cast<SimDesktop*>(this)->app(bundleId);
+}
+
+const SimApp* SimDesktop::appByPid(std::int32_t pid) const
+{
+    auto it =
+        std::find_if(m_apps.begin(), m_apps.end(), [&](const SimApp& a) { return a.pid == pid; });
+    return it == m_apps.end() ? nullptr : &*it;
+}
+
+bool SimDesktop::launch(const QString& bundleId)
+{
+    SimApp* a = app(bundleId);
+    if (!a || a->running)
+        return false;
+    a->running = true;
+    const SimApp copy = *a;
+    for (const LifecycleListener& listener : m_lifecycle)
+        listener(copy, true);
+    return true;
+}
+
+bool SimDesktop::terminate(const QString& bundleId)
+{
+    SimApp* a = app(bundleId);
+    if (!a || !a->running || a->bundleId == ownBundleId)
+        return false;
+    a->running = false;
+    const SimApp copy = *a;
+    for (const LifecycleListener& listener : m_lifecycle)
+        listener(copy, false);
+    return true;
+}
+
+void SimDesktop::recordActivation(const SimItem& item, const QString& how)
+{
+    m_activations.push_back({item.bundleId, item.title, how});
+}
+
+} // namespace ravlin

@@ -1,0 +1,152 @@
+#pragma once
+
+#include "SimTypes.h"
+#include "core/foundation/PlistValue.h"
+
+#include <functional>
+#include <map>
+#include <utility>
+#include <vector>
+
+namespace ravlin {
+
+class DefaultsStore;
+class Scheduler;
+
+// A deterministic model of the macOS desktop that the simulated platform services
+// read and act on: displays, running applications, the menu bar's row of status
+// items, permissions and the pointer. It records what it was asked to do (events
+// posted, actions performed, URLs opened) and lets tests and scripts set its state.
+//
+// The row lays items out from the right edge of the main display leftwards without
+// gaps, fixed items first; an item is on screen while its x ≥ 0.
+class SimDesktop {
+public:
+    static inline const QString ownBundleId = QStringLiteral("de.vexa.Ravlin");
+    static inline const QString ownName = QStringLiteral("Ravlin");
+    static constexpr std::int32_t ownPid = 100;
+
+    SimDesktop();
+
+    // Own items read and write their preferred positions here; hung applications
+    // let virtual time pass while a request to them waits.
+    void setDefaults(DefaultsStore* defaults) { m_defaults = defaults; }
+    void setScheduler(Scheduler* scheduler) { m_scheduler = scheduler; }
+    // Lets a request to a hung application take its time.
+    void blockFor(double seconds);
+
+    // Displays.
+    void addScreen(const SimScreen& screen);
+    std::vector<SimScreen> screens() const; // one 1440×900 display when none was added
+    SimScreen mainScreen() const { return screens().front(); }
+    WindowServerRect screenFrame(std::size_t index) const;
+
+    // Applications. A pid of 0 or less is assigned unless `keepPid` asks for it as given.
+    std::int32_t addApp(SimApp app, bool keepPid = false);
+    SimApp* app(const QString& bundleId);
+    const SimApp* app(const QString& bundleId) const;
+    const SimApp* appByPid(std::int32_t pid) const;
+    const std::vector<SimApp>& apps() const { return m_apps; }
+    // Starts or ends an application; its items appear or vanish, listeners hear of it.
+    bool launch(const QString& bundleId);
+    bool terminate(const QString& bundleId);
+    using LifecycleListener = std::function<void(const SimApp&, bool launched)>;
+    void addLifecycleListener(LifecycleListener listener)
+    {
+        m_lifecycle.push_back(std::move(listener));
+    }
+
+    // Status items of other applications. Declared right to left: each new item goes
+    // to the left end of the items declared so far (fixed items to the left end of the fixed).
+    std::int64_t addItem(SimItem item);
+    // One of this application's own items, placed by its preferred position.
+    std::int64_t addOwnItem(const QString& autosaveName, double length);
+    bool setItemWidth(std::int64_t window, double width);
+    bool removeItem(std::int64_t window);
+    const SimItem* item(std::int64_t window) const;
+    SimItem* item(std::int64_t window);
+    // The first item in the bar, left to right, with that title.
+    std::optional<SimPlacedItem> placedByTitle(const QString& title) const;
+    std::optional<SimPlacedItem> placed(std::int64_t window) const;
+    std::optional<SimPlacedItem> itemAt(WindowServerPoint point) const;
+    // Every item of a running application, left to right.
+    std::vector<SimPlacedItem> bar() const;
+    // The command-drag: the item lands in the slot nearest the release x.
+    bool dragItem(std::int64_t window, double releaseX);
+    static QString preferredPositionKey(const QString& autosaveName);
+
+    // Entries the window list carries besides the desktop's own windows (odd ones for tests).
+    void addRawWindow(PlistValue entry) { m_rawWindows.push_back(std::move(entry)); }
+    const PlistArray& rawWindows() const { return m_rawWindows; }
+    bool windowListFails = false;
+
+    // The pointer, in window-server coordinates.
+    WindowServerPoint cursor() const { return m_cursor; }
+    void setCursor(WindowServerPoint point) { m_cursor = point; }
+    bool cursorReadable = true;
+    bool eventSourceFails = false;
+    void postMouseEvent(const MouseEvent& event, EventTap tap);
+    void warpCursor(WindowServerPoint point);
+    // The person clicks: own items go to the click handler, other items are activated.
+    void userClick(const SimUserClick& click);
+    using OwnItemClickHandler = std::function<void(const SimItem&, const SimUserClick&)>;
+    void setOwnItemClickHandler(OwnItemClickHandler handler) { m_ownClick = std::move(handler); }
+    using ClickListener = std::function<void(const SimUserClick&)>;
+    void addClickListener(ClickListener listener)
+    {
+        m_clickListeners.push_back(std::move(listener));
+    }
+
+    // Permissions; a prompt never grants by itself.
+    bool screenRecording = true;
+    bool accessibilityTrusted = true;
+    int screenRecordingPrompts = 0;
+    int accessibilityPrompts = 0;
+
+    // What happened.
+    void recordActivation(const SimItem& item, const QString& how);
+    void recordOpened(const QString& what) { m_opened.push_back(what); }
+    const std::vector<SimPostedEvent>& events() const { return m_events; }
+    const std::vector<SimActivation>& activations() const { return m_activations; }
+    const QStringList& opened() const { return m_opened; }
+    std::vector<SimPostedEvent> takeEvents() { return std::exchange(m_events, {}); }
+    std::vector<SimActivation> takeActivations() { return std::exchange(m_activations, {}); }
+    QStringList takeOpened() { return std::exchange(m_opened, {}); }
+    bool terminateRequested = false;
+
+private:
+    struct Slot {
+        std::size_t index;
+        double x;
+        double distanceFromRightEnd;
+    };
+    bool isPresent(const SimItem& item) const;
+    double itemHeight(const SimItem& item) const;
+    double movableRightEnd() const;
+    std::vector<Slot> slotsFor(double width) const;
+    std::int64_t assignWindow(std::int64_t wanted);
+    void writePreferredPosition(const SimItem& item, double distance);
+    void handleCommandDrag(const MouseEvent& event);
+    void handlePlainClick(const MouseEvent& event, EventTap tap);
+    WindowServerPoint clampToScreens(WindowServerPoint point) const;
+
+    DefaultsStore* m_defaults = nullptr;
+    Scheduler* m_scheduler = nullptr;
+    std::vector<SimScreen> m_screens;
+    std::vector<SimApp> m_apps;
+    std::int32_t m_nextPid = 500;
+    std::vector<SimItem> m_fixed;   // rightmost first
+    std::vector<SimItem> m_movable; // rightmost first
+    std::int64_t m_nextWindow = 1000;
+    PlistArray m_rawWindows;
+    WindowServerPoint m_cursor{720, 450};
+    std::optional<std::int64_t> m_dragging; // after a command-mouse-down on an item
+    std::vector<LifecycleListener> m_lifecycle;
+    OwnItemClickHandler m_ownClick;
+    std::vector<ClickListener> m_clickListeners;
+    std::vector<SimPostedEvent> m_events;
+    std::vector<SimActivation> m_activations;
+    QStringList m_opened;
+};
+
+} // namespace ravlin

@@ -1,0 +1,227 @@
+#include "SimDesktop.h"
+
+#include "core/foundation/DefaultsStore.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace ravlin {
+
+QString SimDesktop::preferredPositionKey(const QString& autosaveName)
+{
+    return QStringLiteral("NSStatusItem Preferred Position ") + autosaveName;
+}
+
+bool SimDesktop::isPresent(const SimItem& item) const
+{
+    const SimApp* a = app(item.bundleId);
+    return a && a->running;
+}
+
+double SimDesktop::itemHeight(const SimItem& item) const
+{
+    return item.height.value_or(mainScreen().menuBarHeight);
+}
+
+double SimDesktop::movableRightEnd() const
+{
+    double x = mainScreen().width;
+    for (const SimItem& item : m_fixed) {
+        if (isPresent(item))
+            x -= item.width;
+    }
+    return x;
+}
+
+std::vector<SimPlacedItem> SimDesktop::bar() const
+{
+    std::vector<SimPlacedItem> placed;
+    double x = mainScreen().width;
+    auto place = [&](const std::vector<SimItem>& row) {
+        for (const SimItem& item : row) {
+            if (!isPresent(item))
+                continue;
+            x -= item.width;
+            SimPlacedItem p{
+                item, app(item.bundleId)->pid, {x, 0, item.width, itemHeight(item)}, x >= 0};
+            placed.push_back(p);
+        }
+    };
+    place(m_fixed);
+    place(m_movable);
+    std::reverse(placed.begin(), placed.end());
+    return placed;
+}
+
+std::optional<SimPlacedItem> SimDesktop::placed(std::int64_t window) const
+{
+    for (const SimPlacedItem& p : bar()) {
+        if (p.item.window == window)
+            return p;
+    }
+    return std::nullopt;
+}
+
+std::optional<SimPlacedItem> SimDesktop::placedByTitle(const QString& title) const
+{
+    for (const SimPlacedItem& p : bar()) {
+        if (p.item.title == title)
+            return p;
+    }
+    return std::nullopt;
+}
+
+std::optional<SimPlacedItem> SimDesktop::itemAt(WindowServerPoint point) const
+{
+    for (const SimPlacedItem& p : bar()) {
+        if (p.onScreen && p.frame.contains(point))
+            return p;
+    }
+    return std::nullopt;
+}
+
+std::int64_t SimDesktop::assignWindow(std::int64_t wanted)
+{
+    if (wanted != 0 && !item(wanted))
+        return wanted;
+    while (item(m_nextWindow))
+        ++m_nextWindow;
+    return m_nextWindow++;
+}
+
+std::int64_t SimDesktop::addItem(SimItem newItem)
+{
+    newItem.window = assignWindow(newItem.window);
+    if (newItem.owner.isEmpty()) {
+        if (const SimApp* a = app(newItem.bundleId))
+            newItem.owner = a->name;
+    }
+    newItem.own = newItem.bundleId == ownBundleId;
+    (newItem.fixed ? m_fixed : m_movable).push_back(newItem);
+    return newItem.window;
+}
+
+const SimItem* SimDesktop::item(std::int64_t window) const
+{
+    return const_cast<SimDesktop*>(this)->item(window);
+}
+
+SimItem* SimDesktop::item(std::int64_t window)
+{
+    for (auto* row : {&m_fixed, &m_movable}) {
+        for (SimItem& i : *row) {
+            if (i.window == window)
+                return &i;
+        }
+    }
+    return nullptr;
+}
+
+bool SimDesktop::setItemWidth(std::int64_t window, double width)
+{
+    SimItem* i = item(window);
+    if (!i)
+        return false;
+    i->width = width;
+    return true;
+}
+
+bool SimDesktop::removeItem(std::int64_t window)
+{
+    for (auto* row : {&m_fixed, &m_movable}) {
+        auto it = std::find_if(row->begin(), row->end(),
+                               [&](const SimItem& i) { return i.window == window; });
+        if (it != row->end()) {
+            row->erase(it);
+            return true;
+        }
+    }
+    return false;
+}
+
+// Every place in the movable part of the row an item of that width could take,
+// rightmost first: where its left edge would stand and how far it would be from
+// the right end of the movable items.
+std::vector<SimDesktop::Slot> SimDesktop::slotsFor(double width) const
+{
+    std::vector<Slot> slots;
+    const double rightEnd = movableRightEnd();
+    double distance = 0;
+    for (std::size_t i = 0; i <= m_movable.size(); ++i) {
+        if (i == 0 || isPresent(m_movable[i - 1])) {
+            if (i > 0)
+                distance += m_movable[i - 1].width;
+            slots.push_back({i, rightEnd - distance - width, distance});
+        }
+    }
+    return slots;
+}
+
+std::int64_t SimDesktop::addOwnItem(const QString& autosaveName, double length)
+{
+    double preferred = 0;
+    if (m_defaults)
+        preferred = DefaultsStore::toDouble(m_defaults->object(preferredPositionKey(autosaveName)));
+    std::size_t best = 0;
+    double bestDistance = std::numeric_limits<double>::infinity();
+    for (const Slot& slot : slotsFor(length)) {
+        const double d = std::fabs(slot.distanceFromRightEnd - preferred);
+        if (d < bestDistance) { // the right one wins a tie: it comes first
+            bestDistance = d;
+            best = slot.index;
+        }
+    }
+    SimItem own;
+    own.window = assignWindow(0);
+    own.bundleId = ownBundleId;
+    own.owner = ownName;
+    own.title = autosaveName;
+    own.width = length;
+    own.own = true;
+    own.ax.actions = {QStringLiteral("AXPress")};
+    m_movable.insert(m_movable.begin() + std::ptrdiff_t(best), own);
+    return own.window;
+}
+
+bool SimDesktop::dragItem(std::int64_t window, double releaseX)
+{
+    auto it = std::find_if(m_movable.begin(), m_movable.end(),
+                           [&](const SimItem& i) { return i.window == window; });
+    if (it == m_movable.end() || !isPresent(*it))
+        return false;
+    const SimItem dragged = *it;
+    m_movable.erase(it);
+
+    // The item lands in the slot whose frame holds the release x, or else the
+    // nearest one; the right one on a tie.
+    const std::vector<Slot> slots = slotsFor(dragged.width);
+    const Slot* best = nullptr;
+    double bestDistance = std::numeric_limits<double>::infinity();
+    for (const Slot& slot : slots) {
+        double d = 0;
+        if (releaseX < slot.x)
+            d = slot.x - releaseX;
+        else if (releaseX > slot.x + dragged.width)
+            d = releaseX - (slot.x + dragged.width);
+        if (d < bestDistance) {
+            bestDistance = d;
+            best = &slot;
+        }
+    }
+    m_movable.insert(m_movable.begin() + std::ptrdiff_t(best->index), dragged);
+    if (dragged.own)
+        writePreferredPosition(dragged, best->distanceFromRightEnd);
+    return true;
+}
+
+void SimDesktop::writePreferredPosition(const SimItem& item, double distance)
+{
+    if (!m_defaults)
+        return;
+    const PlistValue value = std::trunc(distance) == distance ? PlistValue(std::int64_t(distance))
+                                                              : PlistValue(distance);
+    m_defaults->set(preferredPositionKey(item.title), value);
+}
+
+} // namespace ravlin

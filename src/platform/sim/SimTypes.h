@@ -1,0 +1,99 @@
+#pragma once
+
+#include "core/foundation/Geometry.h"
+#include "platform/Events.h"
+#include "platform/Workspace.h"
+
+#include <QMap>
+#include <QString>
+#include <QStringList>
+
+#include <cstdint>
+#include <optional>
+
+namespace ravlin {
+
+// One display of the simulated desktop. Displays stand left to right with their
+// top edges aligned; the first carries the menu bar.
+struct SimScreen {
+    double width = 1440;
+    double height = 900;
+    double menuBarHeight = 24;
+};
+
+// Whether an application's accessibility element has an extras-menu-bar element.
+enum class SimExtras {
+    Auto,   // one with children while the application has items in the bar
+    Yes,    // one with children, items or not
+    No,     // one without children
+    Absent, // no such attribute at all
+};
+
+struct SimApp {
+    QString bundleId;
+    QString name;
+    std::int32_t pid = 0;
+    ActivationPolicy policy = ActivationPolicy::Regular;
+    bool running = true;
+    bool hung = false; // answers no accessibility request
+    SimExtras extras = SimExtras::Auto;
+};
+
+// The accessibility element at a status item's centre. Its attributes sit on the
+// element that is hit; its actions on the element `depth` levels above it.
+struct SimAXSpec {
+    bool present = true; // false: no element answers at the item's position
+    std::optional<QString> title;
+    std::optional<QString> description;
+    std::optional<QString> help;
+    QStringList actions{QStringLiteral("AXPress")};
+    int result = 0;                    // what performing an action answers...
+    QMap<QString, int> resultByAction; // ...unless given per action
+    int depth = 0;
+    bool parentIsNotElement = false; // the actions element's parent answers with a text
+};
+
+struct SimItem {
+    std::int64_t window = 0;
+    QString bundleId;
+    QString title;
+    QString owner;
+    double width = 22;
+    std::optional<double> height; // the menu bar's height when not given
+    int layer = 25;
+    bool fixed = false; // stays at the right end (the clock, the control centre)
+    bool own = false;   // one of this application's own status items
+    SimAXSpec ax;
+};
+
+// A status item where it stands now.
+struct SimPlacedItem {
+    SimItem item;
+    std::int32_t pid = 0;
+    WindowServerRect frame;
+    bool onScreen = false;
+};
+
+// What the desktop was asked to do with the pointer.
+struct SimPostedEvent {
+    enum class Kind { Mouse, Warp };
+    Kind kind = Kind::Mouse;
+    MouseEvent event; // for a warp, only the location counts
+    EventTap tap = EventTap::Session;
+};
+
+// Something happened to another application's status item.
+struct SimActivation {
+    QString bundle;
+    QString title;
+    QString how; // the accessibility action's name, or "click"
+};
+
+// A click of the person in front of the screen.
+struct SimUserClick {
+    WindowServerPoint point;
+    MouseButton button = MouseButton::Left;
+    std::uint64_t flags = 0; // EventFlag bits held
+};
+
+} // namespace ravlin
