@@ -1,6 +1,10 @@
 #include "Platform.h"
 
 #include "Accessibility.h"
+#include "ApplicationControl.h"
+#include "AssessmentMode.h"
+#include "EventMonitors.h"
+#include "StatusBar.h"
 #include "Events.h"
 #include "LoginItems.h"
 #include "UnavailableServices.h"
@@ -39,6 +43,7 @@ QStringList Platform::missingMenuBarServices() const
         missing << QStringLiteral("workspace");
     if (!permissions)
         missing << QStringLiteral("permissions");
+
     return missing;
 }
 

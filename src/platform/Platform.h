@@ -7,6 +7,10 @@
 namespace ravlin {
 
 class Accessibility;
+class ApplicationControl;
+class AssessmentMode;
+class EventMonitors;
+class StatusBar;
 class DefaultsStore;
 class Geocoder;
 class HttpClient;
@@ -44,6 +48,11 @@ struct Platform {
     std::unique_ptr<Events> events;
     std::unique_ptr<Workspace> workspace;
     std::unique_ptr<Permissions> permissions;
+    // The status bar, global event monitors, the hide engine's framework and the application object.
+    std::unique_ptr<StatusBar> statusBar;
+    std::unique_ptr<EventMonitors> eventMonitors;
+    std::unique_ptr<AssessmentMode> assessmentMode; // may stay empty: no framework
+    std::unique_ptr<ApplicationControl> application;
     // The system's preferred interface languages, most wanted first (tags such as "de-DE").
     QStringList preferredLanguages;
     // This application's bundle identifier ("de.vexa.Ravlin"); empty without one.

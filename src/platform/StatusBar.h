@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QRectF>
+#include "core/foundation/Geometry.h"
+
 #include <QString>
 
 #include <cstdint>
@@ -58,7 +59,7 @@ public:
     // Called on left and on right mouse up.
     virtual void setAction(std::function<void()> action) = 0;
     // The frame of the item's window in screen coordinates (origin bottom left), if it has one.
-    virtual std::optional<QRectF> windowFrame() const = 0;
+    virtual std::optional<ScreenRect> windowFrame() const = 0;
     // Attaches the menu, opens it as a click on the item would, and detaches it again.
     virtual void popUpMenu(const MenuModel& menu) = 0;
 };

@@ -28,6 +28,7 @@ SandboxSession::SandboxSession(Options options)
     m_platform.loginItems = std::move(login);
     m_platform.bundleIdentifier = QStringLiteral("de.vexa.Ravlin");
     installSimServices(m_platform, *m_desktop);
+    installSimBarServices(m_platform, *m_desktop, m_scheduler);
     m_desktop->setDefaults(m_platform.defaults.get());
     m_desktop->setScheduler(&m_scheduler);
     if (m_options.realSystem)

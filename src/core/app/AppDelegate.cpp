@@ -1,16 +1,26 @@
 #include "AppDelegate.h"
 
 #include "MenuBarServices.h"
+#include "SettingsPresenter.h"
+#include "core/bar/MenuBarHideEngine.h"
+#include "core/bar/StatusBarController.h"
 #include "core/discovery/MenuBarScanner.h"
+#include "core/discovery/PermissionManager.h"
 #include "core/discovery/ScannerModel.h"
 #include "core/foundation/DiagnosticLogs.h"
+#include "core/foundation/Logging.h"
 #include "core/foundation/NotificationCenter.h"
+#include "core/foundation/SelfTestText.h"
 #include "core/settings/LanguageManager.h"
+#include "core/settings/LaunchAtLogin.h"
 #include "core/settings/Preferences.h"
 #include "core/sysinfo/SystemStats.h"
 #include "core/sysinfo/WeatherService.h"
 #include "core/tiles/TileModel.h"
+#include "platform/Accessibility.h"
+#include "platform/ApplicationControl.h"
 #include "platform/Platform.h"
+#include "platform/Workspace.h"
 
 #include <QPointer>
 
@@ -27,23 +37,59 @@ AppDelegate::AppDelegate(Platform& platform, Scheduler& scheduler, const Resourc
       m_logs(std::make_unique<DiagnosticLogs>()),
       m_menuBar(std::make_unique<MenuBarServices>(platform, scheduler, *platform.defaults, *m_language, *m_logs)),
       m_scannerModel(std::make_unique<ScannerModel>(m_menuBar->scanner(), m_menuBar->apps())),
-      m_tileModel(std::make_unique<TileModel>(*platform.defaults))
+      m_tileModel(std::make_unique<TileModel>(*platform.defaults)),
+      m_hideEngine(std::make_unique<MenuBarHideEngine>(platform.assessmentMode.get()))
 {
 }
 
-AppDelegate::~AppDelegate() = default;
+AppDelegate::~AppDelegate()
+{
+    m_statusBar.reset(); // before the services it borrows
+}
 
 void AppDelegate::setLogDirectory(const QString& directory)
 {
     m_logs->setDirectory(directory);
 }
 
+bool AppDelegate::anotherInstanceIsRunning()
+{
+    Workspace& workspace = *m_platform.workspace;
+    const std::int32_t self = workspace.currentProcessIdentifier();
+    std::optional<QString> ownID;
+    if (auto me = workspace.runningApplication(self))
+        ownID = me->bundleIdentifier;
+    else if (!m_platform.bundleIdentifier.isEmpty())
+        ownID = m_platform.bundleIdentifier;
+    for (const RunningApplication& app : workspace.runningApplications()) {
+        // Two absent identifiers count as the same application.
+        if (app.pid != self && app.bundleIdentifier == ownID) {
+            qCInfo(lcApp) << "another copy is running (pid" << app.pid << "); bringing it forward and quitting";
+            workspace.activate(app.pid);
+            m_platform.application->terminate();
+            return true;
+        }
+    }
+    return false;
+}
+
 void AppDelegate::applicationDidFinishLaunching(const QStringList& arguments)
 {
-    Q_UNUSED(arguments);
     m_launched = true;
+    if (anotherInstanceIsRunning())
+        return;
+    if (arguments.contains(QStringLiteral("--hidetest"))) {
+        runHideEngineSelfTest();
+        return;
+    }
     m_preferences->registerDefaults();
     m_language->applyStored();
+    m_statusBar = std::make_unique<StatusBarController>(StatusBarServices{
+        m_scheduler, *m_preferences, *m_language, *m_notifications, *m_platform.statusBar, *m_platform.eventMonitors,
+        *m_platform.screens, *m_platform.workspace, *m_platform.events, *m_platform.application, *m_hideEngine,
+        m_menuBar->captureEngine(), m_menuBar->scanner(), m_menuBar->apps(), *m_scannerModel, m_menuBar->itemFactory(),
+        m_menuBar->grouping(), m_menuBar->moveEngine(), m_menuBar->resolver(), m_windows.panel, m_windows.guide,
+        m_windows.settings, m_platform.bundleIdentifier});
     if (m_preferences->showWeather())
         m_weather->refreshIfStale();
     // A first reading at launch primes the sampler; the tile panel starts it again when it shows figures.
@@ -51,6 +97,48 @@ void AppDelegate::applicationDidFinishLaunching(const QStringList& arguments)
     m_scheduler.after(1.0, [stats = QPointer<SystemStats>(m_stats.get())] {
         if (stats)
             stats->stop();
+    });
+    PermissionManager& permissions = m_menuBar->permissions();
+    if (!permissions.hasScreenRecording())
+        permissions.requestScreenRecording();
+    if (m_preferences->launchAtLogin() && m_platform.loginItems && !LaunchAtLogin::isEnabled(*m_platform.loginItems))
+        LaunchAtLogin::setEnabled(*m_platform.loginItems, true);
+    if (arguments.contains(QStringLiteral("--settings")))
+        showSettings(0);
+}
+
+bool AppDelegate::applicationShouldHandleReopen(bool)
+{
+    showSettings(0);
+    return true;
+}
+
+void AppDelegate::showSettings(int tab)
+{
+    if (m_windows.settings)
+        m_windows.settings->show(tab);
+    else
+        qCInfo(lcApp) << "the settings window would open on tab" << tab;
+}
+
+void AppDelegate::runHideEngineSelfTest()
+{
+    const bool trusted = m_platform.accessibility->isProcessTrusted();
+    auto text = [](bool b) { return b ? QStringLiteral("true") : QStringLiteral("false"); };
+    m_hideLog = QStringLiteral("HideEngine test @ ") + SelfTestText::date(m_scheduler.currentDate()) +
+                QStringLiteral("\n  isAvailable=") + text(m_hideEngine->isAvailable()) + QStringLiteral("\n  AXTrusted=") +
+                text(trusted) + u'\n';
+    m_logs->write(DiagnosticLogs::hideLog, m_hideLog);
+    m_hideEngine->restrict({}, MenuBarHideEngine::allowedSystemItems(), [this](std::optional<PlatformError> error) {
+        m_hideLog += error ? QStringLiteral("  ❌ restrict error: ") + error->description + u'\n'
+                           : QStringLiteral("  ✅ restrict OK — Drittanbieter-Items ausgeblendet (6s)\n");
+        m_logs->write(DiagnosticLogs::hideLog, m_hideLog);
+        m_scheduler.after(6.0, [this] {
+            m_hideEngine->release();
+            m_hideLog += QStringLiteral("  ↩︎ release — Items wieder eingeblendet\n");
+            m_logs->write(DiagnosticLogs::hideLog, m_hideLog);
+            m_scheduler.after(1.0, [this] { m_platform.application->exit(0); });
+        });
     });
 }
 

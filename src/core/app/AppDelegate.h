@@ -1,33 +1,53 @@
 #pragma once
 
+#include <QString>
 #include <QStringList>
 
 #include <memory>
 
 namespace ravlin {
 
+class ArrangeGuide;
 class DiagnosticLogs;
 class LanguageManager;
+class MenuBarHideEngine;
 class MenuBarServices;
 class NotificationCenter;
 class Preferences;
 class Resources;
 class ScannerModel;
 class Scheduler;
+class SettingsPresenter;
+class StatusBarController;
 class SystemStats;
-class WeatherService;
 class TileModel;
+class TilePanel;
+class WeatherService;
 struct Platform;
+
+// The windows the application shows, made by the interface layer.
+struct AppWindows {
+    TilePanel* panel = nullptr;
+    ArrangeGuide* guide = nullptr;
+    SettingsPresenter* settings = nullptr;
+};
 
 // The application object: owns the single instance of each service of the
 // core and runs the start-up sequence over the platform it is given.
 class AppDelegate {
 public:
+
     AppDelegate(Platform& platform, Scheduler& scheduler, const Resources& resources);
     ~AppDelegate();
 
+    // The interface's windows; set before launching.
+    void setWindows(const AppWindows& windows) { m_windows = windows; }
+    const AppWindows& windows() const { return m_windows; }
+
     // The start-up sequence, with the process's arguments.
     void applicationDidFinishLaunching(const QStringList& arguments);
+    // The user opened the running application again.
+    bool applicationShouldHandleReopen(bool hasVisibleWindows);
 
     Platform& platform() const { return m_platform; }
     Scheduler& scheduler() const { return m_scheduler; }
@@ -40,11 +60,18 @@ public:
     ScannerModel& scannerModel() const { return *m_scannerModel; }
     TileModel& tileModel() const { return *m_tileModel; }
     DiagnosticLogs& diagnosticLogs() const { return *m_logs; }
+    MenuBarHideEngine& hideEngine() const { return *m_hideEngine; }
+    // Absent until start-up made it (and never made by a second copy or the self-test).
+    StatusBarController* statusBar() const { return m_statusBar.get(); }
     // Where the self-tests write their reports (empty: the default folder).
     void setLogDirectory(const QString& directory);
     bool launched() const { return m_launched; }
 
 private:
+    bool anotherInstanceIsRunning();
+    void runHideEngineSelfTest();
+    void showSettings(int tab);
+
     Platform& m_platform;
     Scheduler& m_scheduler;
     std::unique_ptr<NotificationCenter> m_notifications;
@@ -56,6 +83,10 @@ private:
     std::unique_ptr<MenuBarServices> m_menuBar;
     std::unique_ptr<ScannerModel> m_scannerModel;
     std::unique_ptr<TileModel> m_tileModel;
+    std::unique_ptr<MenuBarHideEngine> m_hideEngine;
+    std::unique_ptr<StatusBarController> m_statusBar;
+    AppWindows m_windows;
+    QString m_hideLog;
     bool m_launched = false;
 };
 

@@ -1,8 +1,12 @@
 #pragma once
 
+#include "core/foundation/Geometry.h"
+
 #include <QPointF>
 #include <QRectF>
 #include <QSizeF>
+
+#include <algorithm>
 
 #include <functional>
 #include <optional>
@@ -14,11 +18,11 @@ class ArrangeGuide {
 public:
     virtual ~ArrangeGuide() = default;
     // Shows the guide hanging below anchor (screen coordinates, origin bottom left).
-    virtual void show(const QRectF& anchor) = 0;
+    virtual void show(const ScreenRect& anchor) = 0;
     virtual void hide() = 0;
     virtual bool isVisible() const = 0;
     // The guide's frame in screen coordinates while it shows.
-    virtual std::optional<QRectF> frame() const = 0;
+    virtual std::optional<ScreenRect> frame() const = 0;
 
     std::function<void()> onDone;
 };

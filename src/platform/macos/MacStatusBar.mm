@@ -100,13 +100,13 @@ public:
     void setToolTip(const QString& toolTip) override { m_item.button.toolTip = toolTip.toNSString(); }
     void setAppearsDisabled(bool disabled) override { m_item.button.appearsDisabled = disabled; }
     void setAction(std::function<void()> action) override { m_action = std::move(action); }
-    std::optional<QRectF> windowFrame() const override
+    std::optional<ScreenRect> windowFrame() const override
     {
         NSWindow* window = m_item.button.window;
         if (!window)
             return std::nullopt;
-        const NSRect f = window.frame;
-        return QRectF(f.origin.x, f.origin.y, f.size.width, f.size.height);
+        const NSRect f = window.frame; // AppKit's screen coordinates: origin bottom left
+        return ScreenRect{f.origin.x, f.origin.y, f.size.width, f.size.height};
     }
     void popUpMenu(const MenuModel& model) override
     {

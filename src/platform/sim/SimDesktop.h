@@ -75,6 +75,10 @@ public:
     bool dragItem(std::int64_t window, double releaseX);
     static QString preferredPositionKey(const QString& autosaveName);
 
+    // Items the assessment mode hides leave the bar: they take no room and are not on screen.
+    using ItemHider = std::function<bool(const SimItem&)>;
+    void setItemHider(ItemHider hider) { m_hider = std::move(hider); }
+
     // Entries the window list carries besides the desktop's own windows (odd ones for tests).
     void addRawWindow(PlistValue entry) { m_rawWindows.push_back(std::move(entry)); }
     const PlistArray& rawWindows() const { return m_rawWindows; }
@@ -143,6 +147,7 @@ private:
     std::optional<std::int64_t> m_dragging; // after a command-mouse-down on an item
     std::vector<LifecycleListener> m_lifecycle;
     OwnItemClickHandler m_ownClick;
+    ItemHider m_hider;
     std::vector<ClickListener> m_clickListeners;
     std::vector<SimPostedEvent> m_events;
     std::vector<SimActivation> m_activations;

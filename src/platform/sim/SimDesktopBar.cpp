@@ -28,7 +28,7 @@ double SimDesktop::movableRightEnd() const
 {
     double x = mainScreen().width;
     for (const SimItem& item : m_fixed) {
-        if (isPresent(item))
+        if (isPresent(item) && !(m_hider && m_hider(item)))
             x -= item.width;
     }
     return x;
@@ -37,11 +37,16 @@ double SimDesktop::movableRightEnd() const
 std::vector<SimPlacedItem> SimDesktop::bar() const
 {
     std::vector<SimPlacedItem> placed;
+    std::vector<SimPlacedItem> hidden;
     double x = mainScreen().width;
     auto place = [&](const std::vector<SimItem>& row) {
         for (const SimItem& item : row) {
             if (!isPresent(item))
                 continue;
+            if (m_hider && m_hider(item)) {
+                hidden.push_back({item, app(item.bundleId)->pid, {-20000, 0, item.width, itemHeight(item)}, false});
+                continue;
+            }
             x -= item.width;
             SimPlacedItem p{
                 item, app(item.bundleId)->pid, {x, 0, item.width, itemHeight(item)}, x >= 0};
@@ -50,6 +55,7 @@ std::vector<SimPlacedItem> SimDesktop::bar() const
     };
     place(m_fixed);
     place(m_movable);
+    placed.insert(placed.end(), hidden.rbegin(), hidden.rend());
     std::reverse(placed.begin(), placed.end());
     return placed;
 }
@@ -193,17 +199,13 @@ bool SimDesktop::dragItem(std::int64_t window, double releaseX)
     const SimItem dragged = *it;
     m_movable.erase(it);
 
-    // The item lands in the slot whose frame holds the release x, or else the
-    // nearest one; the right one on a tie.
+    // The item lands where its centre comes nearest the release x; the right
+    // place on a tie. (Slots overlap, so "the slot that holds x" is ambiguous.)
     const std::vector<Slot> slots = slotsFor(dragged.width);
     const Slot* best = nullptr;
     double bestDistance = std::numeric_limits<double>::infinity();
     for (const Slot& slot : slots) {
-        double d = 0;
-        if (releaseX < slot.x)
-            d = slot.x - releaseX;
-        else if (releaseX > slot.x + dragged.width)
-            d = releaseX - (slot.x + dragged.width);
+        const double d = std::abs(slot.x + dragged.width / 2 - releaseX);
         if (d < bestDistance) {
             bestDistance = d;
             best = &slot;

@@ -1,5 +1,14 @@
 #include "SimPlatform.h"
 
+#include "SimApplicationControl.h"
+#include "SimAssessmentMode.h"
+#include "SimEventMonitors.h"
+#include "SimStatusBar.h"
+#include "platform/ApplicationControl.h"
+#include "platform/AssessmentMode.h"
+#include "platform/EventMonitors.h"
+#include "platform/StatusBar.h"
+
 #include "SimAccessibility.h"
 #include "SimDesktop.h"
 #include "SimEvents.h"
@@ -20,6 +29,14 @@ void installSimServices(Platform& platform, SimDesktop& desktop)
     platform.workspace = std::make_unique<SimWorkspace>(desktop);
     platform.permissions = std::make_unique<SimPermissions>(desktop);
     platform.bundleIdentifier = SimDesktop::ownBundleId;
+}
+
+void installSimBarServices(Platform& platform, SimDesktop& desktop, Scheduler& scheduler)
+{
+    platform.statusBar = std::make_unique<SimStatusBar>(desktop);
+    platform.eventMonitors = std::make_unique<SimEventMonitors>();
+    platform.assessmentMode = std::make_unique<SimAssessmentMode>(desktop, scheduler);
+    platform.application = std::make_unique<SimApplicationControl>();
 }
 
 } // namespace ravlin

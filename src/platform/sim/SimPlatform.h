@@ -2,11 +2,16 @@
 
 namespace ravlin {
 
+class Scheduler;
 class SimDesktop;
 struct Platform;
 
 // Fills the platform's desktop services (window server, screens, accessibility,
 // events, workspace, permissions) with the simulated ones over that desktop.
 void installSimServices(Platform& platform, SimDesktop& desktop);
+
+// Adds the status bar, the global event monitors, the assessment mode (absent
+// until a script makes it available) and the application object.
+void installSimBarServices(Platform& platform, SimDesktop& desktop, Scheduler& scheduler);
 
 } // namespace ravlin

@@ -1,0 +1,12 @@
+#pragma once
+
+namespace ravlin {
+
+// Opens the settings window on a tab (0 General, 1 Menu bar, 2 Language, 3 About).
+class SettingsPresenter {
+public:
+    virtual ~SettingsPresenter() = default;
+    virtual void show(int tab) = 0;
+};
+
+} // namespace ravlin

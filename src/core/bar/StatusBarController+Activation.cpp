@@ -1,0 +1,188 @@
+// The tile panel, and what a click on a tile does: the hidden item is brought
+// on screen and opened for the user, and the bar hides itself again afterwards.
+#include "StatusBarController.h"
+
+#include "MoveEngine.h"
+#include "TilePanel.h"
+#include "core/discovery/AXResolver.h"
+#include "core/discovery/CaptureEngine.h"
+#include "core/sysinfo/Stat.h"
+#include "core/tiles/BarGrouping.h"
+#include "core/tiles/BarItemFactory.h"
+#include "platform/Events.h"
+#include "platform/Screens.h"
+#include "platform/StatusBar.h"
+
+namespace ravlin {
+namespace {
+
+std::optional<MenuBarItemInfo> findInGroups(const std::vector<BarGroup>& groups, const BarItem& wanted)
+{
+    auto find = [&](auto&& matches) -> std::optional<MenuBarItemInfo> {
+        for (const BarGroup& group : groups)
+            for (const BarItem& item : group.items)
+                if (matches(item))
+                    return item.info;
+        return std::nullopt;
+    };
+    if (auto hit = find([&](const BarItem& i) { return i.key == wanted.key; }))
+        return hit;
+    if (auto hit = find([&](const BarItem& i) { return i.info.id == wanted.info.id; }))
+        return hit;
+    return find([&](const BarItem& i) { return i.info.owner == wanted.info.owner && i.info.name == wanted.info.name; });
+}
+
+std::optional<CaptureEngine::Raw> findRaw(const std::vector<CaptureEngine::Raw>& raws, const BarItem& wanted)
+{
+    for (const auto& raw : raws)
+        if (std::int64_t(raw.id) == wanted.info.id)
+            return raw;
+    for (const auto& raw : raws)
+        if (raw.owner == wanted.info.owner && raw.name == wanted.info.name)
+            return raw;
+    return std::nullopt;
+}
+
+} // namespace
+
+void StatusBarController::toggleTile()
+{
+    if (m_s.panel && m_s.panel->isVisible()) {
+        closeTile();
+        return;
+    }
+    // A click that closed the panel must not reopen it at once.
+    if (m_s.scheduler.now() - m_lastTileClose > 0.25)
+        openTile();
+}
+
+void StatusBarController::openTile()
+{
+    ensureCollapsed();
+    presentTile();
+}
+
+void StatusBarController::presentTile()
+{
+    if (m_cachedGroups.empty())
+        m_cachedGroups = m_s.grouping.makeGroups(hiddenCandidates());
+    if (m_s.panel) {
+        std::weak_ptr<bool> alive = m_alive;
+        auto onItem = [this, alive](const BarItem& item) {
+            if (auto a = alive.lock(); a && *a)
+                activateItem(item);
+        };
+        auto onStat = [this, alive](const Stat& stat) {
+            if (auto a = alive.lock(); a && *a)
+                activateStat(stat);
+        };
+        m_s.panel->show(m_cachedGroups, toggleScreenRect(), onItem, onStat);
+    }
+    m_tileOpen = true;
+}
+
+void StatusBarController::closeTile()
+{
+    if (m_s.panel)
+        m_s.panel->hide();
+    m_tileOpen = false;
+    m_lastTileClose = m_s.scheduler.now();
+}
+
+ScreenRect StatusBarController::toggleScreenRect() const
+{
+    if (auto frame = m_mainItem->windowFrame())
+        return *frame;
+    // No window: the top right corner of the main screen, where the item would stand.
+    const std::optional<ScreenInfo> screen = m_s.screens.mainScreen();
+    const ScreenRect f = screen ? screen->frame : ScreenRect{0, 0, 1440, 900};
+    return {f.maxX() - 40.0, f.maxY() - 24.0, normalLength, 24.0};
+}
+
+void StatusBarController::activateItem(const BarItem& item)
+{
+    closeTile();
+    m_expanded = true;
+    applyLayout();
+    shrinkOwnItems();
+    const std::optional<ScreenRect> mainFrame = m_mainItem->windowFrame();
+    const double threshold = mainFrame ? mainFrame->x : 1200.0;
+    const double limit = hiddenSeparatorLimit(); // read here: the items live on the main thread
+    armRevealCollapse();
+    std::weak_ptr<bool> alive = m_alive;
+    Scheduler& scheduler = m_s.scheduler;
+    scheduler.background([this, alive, &scheduler, item, threshold, limit] {
+        scheduler.sleepBlocking(0.3);
+        if (auto a = alive.lock(); a && *a)
+            clickHiddenItem(item, threshold, limit);
+    });
+}
+
+void StatusBarController::clickHiddenItem(const BarItem& item, double threshold, double limit)
+{
+    const std::vector<BarGroup> groups = m_s.grouping.makeGroups(hiddenCandidates(limit));
+    if (const std::optional<MenuBarItemInfo> found = findInGroups(groups, item)) {
+        activate(item.key, found->centerX(), found->centerY());
+        return;
+    }
+    const std::optional<CaptureEngine::Raw> raw = findRaw(m_s.capture.scanAll(), item);
+    if (!raw)
+        return; // gone from the bar: nothing is clicked, the reveal period ends by itself
+    const MenuBarItemInfo info = raw->info();
+    // Dropped just left of the main item, it lands in view beside the separators.
+    m_s.moveEngine.move(raw->id, raw->pid, threshold - 2.0, info.centerY());
+    m_s.scheduler.sleepBlocking(0.34);
+    if (const std::optional<CaptureEngine::Raw> moved = findRaw(m_s.capture.scanAll(), item)) {
+        const MenuBarItemInfo now = moved->info();
+        activate(item.key, now.centerX(), now.centerY());
+    }
+}
+
+const QStringList& StatusBarController::syntheticClickHints()
+{
+    static const QStringList hints = {QStringLiteral("geminimacos"), QStringLiteral("chatgpt")};
+    return hints;
+}
+
+bool StatusBarController::prefersSyntheticClick(const QString& key)
+{
+    for (const QString& hint : syntheticClickHints())
+        if (key.contains(hint, Qt::CaseSensitive))
+            return true;
+    return false;
+}
+
+void StatusBarController::activate(const QString& key, double x, double y)
+{
+    if (prefersSyntheticClick(key) || !m_s.resolver.press(x, y))
+        postClick(x, y);
+}
+
+void StatusBarController::postClick(double x, double y)
+{
+    const EventSource source = m_s.events.createCombinedSessionSource();
+    const WindowServerPoint point{x, y};
+    m_s.events.warpCursor(point);
+    m_s.scheduler.sleepBlocking(0.03);
+    MouseEvent down;
+    down.type = MouseEventType::LeftMouseDown;
+    down.location = point;
+    m_s.events.post(source, down, EventTap::HID);
+    m_s.scheduler.sleepBlocking(0.06);
+    MouseEvent up = down;
+    up.type = MouseEventType::LeftMouseUp;
+    m_s.events.post(source, up, EventTap::HID);
+}
+
+void StatusBarController::activateStat(const Stat& stat)
+{
+    closeTile();
+    if (stat.key == u"sys.batt") {
+        m_s.workspace.openURL(QStringLiteral("x-apple.systempreferences:com.apple.Battery-Settings.extension"));
+        return;
+    }
+    if (const std::optional<QString> url = m_s.workspace.urlForApplication(QStringLiteral("com.apple.ActivityMonitor")))
+        m_s.workspace.openApplication(*url, true);
+}
+
+} // namespace ravlin

@@ -1,0 +1,163 @@
+// The status menu of a right click or control-click, and its commands.
+#include "StatusBarController.h"
+
+#include "ArrangeGuide.h"
+#include "TilePanel.h"
+#include "core/app/SettingsPresenter.h"
+#include "core/settings/LanguageManager.h"
+#include "core/settings/Preferences.h"
+#include "platform/ApplicationControl.h"
+#include "platform/StatusBar.h"
+
+namespace ravlin {
+namespace {
+
+MenuEntry entry(const QString& title, std::function<void()> action, const QString& key = QString())
+{
+    MenuEntry e;
+    e.title = title;
+    e.action = std::move(action);
+    e.keyEquivalent = key;
+    return e;
+}
+
+} // namespace
+
+void StatusBarController::showMenu()
+{
+    m_mainItem->popUpMenu(m_usesEngine ? buildEngineMenu() : buildMenu());
+}
+
+MenuModel StatusBarController::buildMenu()
+{
+    const LanguageManager& lm = m_s.language;
+    MenuModel menu;
+    auto& e = menu.entries;
+    e.push_back(entry(lm.L(m_expanded ? QStringLiteral("menu.hide") : QStringLiteral("menu.show")), weakly([this] { menuToggle(); })));
+    // These two titles stay German in every language, on purpose.
+    e.push_back(entry(QStringLiteral("Menüleiste anordnen…"), weakly([this] { menuArrange(); })));
+    if (m_alwaysSep)
+        e.push_back(entry(lm.L(QStringLiteral("menu.alwaysHidden")), weakly([this] { menuAlways(); })));
+    e.push_back(MenuEntry::separatorEntry());
+    MenuEntry design = entry(QStringLiteral("Design"), {});
+    const TileStyle current = m_s.preferences.tileStyle();
+    for (TileStyle style : allTileStyles) {
+        MenuEntry choice = entry(tileStyleTitle(style), weakly([this, style] { menuPickStyle(tileStyleRawValue(style)); }));
+        choice.checked = style == current;
+        design.submenu.push_back(std::move(choice));
+    }
+    e.push_back(std::move(design));
+    e.push_back(MenuEntry::separatorEntry());
+    e.push_back(entry(lm.L(QStringLiteral("menu.settings")), weakly([this] { menuSettings(); }), QStringLiteral(",")));
+    e.push_back(entry(lm.L(QStringLiteral("menu.about")), weakly([this] { menuAbout(); })));
+    e.push_back(MenuEntry::separatorEntry());
+    e.push_back(entry(lm.L(QStringLiteral("menu.quit")), weakly([this] { menuQuit(); }), QStringLiteral("q")));
+    return menu;
+}
+
+MenuModel StatusBarController::buildEngineMenu()
+{
+    const LanguageManager& lm = m_s.language;
+    MenuModel menu;
+    auto& e = menu.entries;
+    e.push_back(entry(lm.L(m_engineRevealed ? QStringLiteral("menu.hide") : QStringLiteral("menu.show")),
+                      weakly([this] { menuEngineToggle(); })));
+    e.push_back(MenuEntry::separatorEntry());
+    e.push_back(entry(lm.L(QStringLiteral("menu.settings")), weakly([this] { menuSettings(); }), QStringLiteral(",")));
+    e.push_back(entry(lm.L(QStringLiteral("menu.about")), weakly([this] { menuAbout(); })));
+    e.push_back(MenuEntry::separatorEntry());
+    e.push_back(entry(lm.L(QStringLiteral("menu.quit")), weakly([this] { menuQuit(); }), QStringLiteral("q")));
+    return menu;
+}
+
+void StatusBarController::menuToggle()
+{
+    if (m_expanded) {
+        refreshCache();
+        ensureCollapsed();
+    } else {
+        showInBar();
+    }
+}
+
+void StatusBarController::menuArrange()
+{
+    if (m_arranging)
+        exitArrangeMode();
+    else
+        enterArrangeMode();
+}
+
+void StatusBarController::menuAlways()
+{
+    toggleAlwaysReveal();
+}
+
+void StatusBarController::menuPickStyle(const QString& rawStyle)
+{
+    const std::optional<TileStyle> style = tileStyleFromRawValue(rawStyle);
+    if (!style)
+        return;
+    m_s.preferences.setTileStyle(*style);
+    if (m_s.panel && m_s.panel->isVisible()) {
+        closeTile();
+        openTile();
+    }
+}
+
+void StatusBarController::menuSettings()
+{
+    if (m_s.settings)
+        m_s.settings->show(0);
+}
+
+void StatusBarController::menuAbout()
+{
+    if (m_s.settings)
+        m_s.settings->show(3);
+}
+
+void StatusBarController::menuQuit()
+{
+    m_s.application.terminate();
+}
+
+void StatusBarController::menuEngineToggle()
+{
+    engineToggle();
+}
+
+// --- arrange mode --------------------------------------------------------------------
+
+void StatusBarController::enterArrangeMode()
+{
+    if (m_arranging)
+        return;
+    closeTile();
+    m_arranging = true;
+    m_expanded = true;
+    m_revealingAlways = true;
+    m_rehideTimer.invalidate();
+    applyLayout();
+    // The separator's arrow is then the application's one visible marker.
+    m_mainItem->setLength(1.0);
+    if (m_s.guide) {
+        m_s.guide->onDone = weakly([this] { exitArrangeMode(); });
+        m_s.guide->show(toggleScreenRect());
+    }
+}
+
+void StatusBarController::exitArrangeMode()
+{
+    if (!m_arranging)
+        return;
+    m_arranging = false;
+    if (m_s.guide)
+        m_s.guide->hide();
+    m_mainItem->setLength(normalLength);
+    m_expanded = false;
+    m_revealingAlways = false;
+    applyLayout();
+}
+
+} // namespace ravlin

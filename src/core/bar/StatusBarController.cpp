@@ -1,0 +1,275 @@
+#include "StatusBarController.h"
+
+#include "ArrangeGuide.h"
+#include "MenuBarHideEngine.h"
+#include "TilePanel.h"
+#include "core/foundation/DefaultsStore.h"
+#include "core/foundation/Logging.h"
+#include "core/settings/PrefKey.h"
+#include "core/settings/Preferences.h"
+#include "platform/StatusBar.h"
+
+namespace ravlin {
+
+StatusBarController::StatusBarController(StatusBarServices services) : m_s(std::move(services))
+{
+    m_usesEngine = m_s.hideEngine.isAvailable();
+    buildItems();
+    setupHover();
+    m_prefsToken = m_s.notifications.addObserver(ravlinPrefsChanged, weakly([this] { prefsChanged(); }));
+
+    if (m_usesEngine) {
+        updateChevron();
+        later(0.8, [this] {
+            engineCollapse();
+            startEngineWatch();
+        });
+        return;
+    }
+    applyLayout();
+    if (m_s.panel) {
+        m_s.panel->onClose = weakly([this] {
+            m_tileOpen = false;
+            m_lastTileClose = m_s.scheduler.now();
+        });
+    }
+    later(0.7, [this] {
+        refreshCache();
+        collapseToResting();
+        later(0.6, [this] {
+            rebuildFullCache();
+            startAutoRefresh();
+        });
+    });
+}
+
+StatusBarController::~StatusBarController()
+{
+    *m_alive = false;
+    for (Timer& t : m_deferred)
+        t.invalidate();
+    m_rehideTimer.invalidate();
+    m_revealSafetyTimer.invalidate();
+    m_watchTimer.invalidate();
+    if (m_s.panel)
+        m_s.panel->onClose = nullptr;
+    if (m_s.guide)
+        m_s.guide->onDone = nullptr;
+}
+
+std::function<void()> StatusBarController::weakly(std::function<void()> fn)
+{
+    std::weak_ptr<bool> alive = m_alive;
+    return [alive, fn = std::move(fn)] {
+        if (auto a = alive.lock(); a && *a)
+            fn();
+    };
+}
+
+Timer StatusBarController::later(double seconds, std::function<void()> fn)
+{
+    std::erase_if(m_deferred, [](const Timer& t) { return !t.isValid(); });
+    Timer timer = m_s.scheduler.after(seconds, weakly(std::move(fn)));
+    m_deferred.push_back(timer);
+    return timer;
+}
+
+// --- items ---------------------------------------------------------------------------
+
+void StatusBarController::seedDefaultPositionsIfNeeded()
+{
+    DefaultsStore& defaults = m_s.preferences.defaults();
+    if (defaults.boolForKey(PrefKey::seededPositions))
+        return;
+    const std::pair<QString, int> positions[] = {{mainName, 0}, {hiddenName, 32}, {alwaysName, 64}};
+    for (const auto& [name, position] : positions)
+        defaults.set(QStringLiteral("NSStatusItem Preferred Position ") + name, position);
+    defaults.set(PrefKey::seededPositions, true);
+}
+
+void StatusBarController::buildItems()
+{
+    seedDefaultPositionsIfNeeded();
+    m_mainItem = m_s.statusBar.createItem(normalLength, mainName);
+    configureToggleButton();
+    if (m_usesEngine)
+        return;
+    m_hiddenSep = makeSeparator(hiddenName, false);
+    if (m_s.preferences.enableAlwaysHidden())
+        addAlwaysSeparator();
+}
+
+void StatusBarController::configureToggleButton()
+{
+    updateChevron();
+    m_mainItem->setToolTip(QStringLiteral("Ravlin"));
+    m_mainItem->setAction(weakly([this] { mainClicked(); }));
+}
+
+std::unique_ptr<StatusItem> StatusBarController::makeSeparator(const QString& autosaveName, bool dimmed)
+{
+    auto item = m_s.statusBar.createItem(sepLength, autosaveName);
+    item->setImage(QString(), true);
+    item->setAppearsDisabled(dimmed);
+    item->setAction(weakly([this] { mainClicked(); }));
+    return item;
+}
+
+void StatusBarController::addAlwaysSeparator()
+{
+    if (!m_alwaysSep)
+        m_alwaysSep = makeSeparator(alwaysName, true);
+}
+
+void StatusBarController::removeAlwaysSeparator()
+{
+    m_alwaysSep.reset();
+}
+
+void StatusBarController::updateChevron()
+{
+    const bool open = m_usesEngine ? m_engineRevealed : m_expanded;
+    const QString symbol = open ? QStringLiteral("chevron.right") : QStringLiteral("chevron.left");
+    if (m_s.statusBar.symbolExists(symbol)) {
+        m_mainItem->setTitle(QString());
+        m_mainItem->setImage(symbol, true);
+    } else {
+        m_mainItem->setImage(QString(), true);
+        m_mainItem->setTitle(QStringLiteral("R"));
+    }
+}
+
+void StatusBarController::applyLayout()
+{
+    if (!m_hiddenSep) {
+        // Engine mode has no separators; only the chevron follows the state.
+        updateChevron();
+        return;
+    }
+    m_hiddenSep->setLength(m_expanded || m_arranging ? sepLength : collapsedLength);
+    if (m_alwaysSep) {
+        m_alwaysSep->setLength(m_revealingAlways || m_arranging ? sepLength : collapsedLength);
+        m_alwaysSep->setImage(QString(), true);
+    }
+    updateChevron();
+    m_hiddenSep->setImage(m_arranging && m_s.statusBar.symbolExists(QStringLiteral("arrow.left.and.right"))
+                              ? QStringLiteral("arrow.left.and.right")
+                              : QString(),
+                          true);
+}
+
+void StatusBarController::collapseToResting()
+{
+    m_expanded = false;
+    m_revealingAlways = false;
+    applyLayout();
+    m_tileOpen = false;
+}
+
+void StatusBarController::ensureCollapsed()
+{
+    if (!m_expanded)
+        return;
+    m_expanded = false;
+    m_revealingAlways = false;
+    applyLayout();
+}
+
+void StatusBarController::showInBar()
+{
+    closeTile();
+    if (m_expanded)
+        return;
+    m_expanded = true;
+    applyLayout();
+    later(0.4, [this] { refreshCache(); });
+}
+
+void StatusBarController::toggleAlwaysReveal()
+{
+    m_revealingAlways = !m_revealingAlways;
+    if (m_revealingAlways)
+        m_expanded = true;
+    applyLayout();
+    scheduleRehideIfNeeded();
+}
+
+void StatusBarController::shrinkOwnItems()
+{
+    if (!m_hiddenSep)
+        return;
+    m_hiddenSep->setLength(1.0);
+    if (m_alwaysSep)
+        m_alwaysSep->setLength(1.0);
+}
+
+void StatusBarController::restoreOwnItems()
+{
+    applyLayout();
+}
+
+void StatusBarController::mainClicked()
+{
+    if (m_arranging)
+        return;
+    const CurrentEvent event = m_s.statusBar.currentEvent();
+    if (event.type == CurrentEvent::RightMouseUp || (event.modifierFlags & CurrentEvent::controlKeyMask)) {
+        showMenu();
+        return;
+    }
+    if (m_usesEngine)
+        engineToggle();
+    else
+        toggleTile();
+}
+
+void StatusBarController::prefsChanged()
+{
+    if (m_usesEngine) {
+        setupHover();
+        if (!m_engineRevealed)
+            applyEngineAllowList();
+        updateChevron();
+        return;
+    }
+    if (m_s.preferences.enableAlwaysHidden())
+        addAlwaysSeparator();
+    else
+        removeAlwaysSeparator();
+    setupHover();
+    applyLayout();
+    applyItemFilter();
+}
+
+// --- engine mode ---------------------------------------------------------------------
+
+void StatusBarController::engineToggle()
+{
+    if (m_engineRevealed)
+        engineCollapse();
+    else
+        engineReveal();
+}
+
+void StatusBarController::engineReveal()
+{
+    m_engineRevealed = true;
+    m_s.hideEngine.release();
+    updateChevron();
+    armRevealCollapse();
+    if (m_s.preferences.autoRehide()) {
+        m_rehideTimer.invalidate();
+        m_rehideTimer = m_s.scheduler.after(m_s.preferences.rehideInterval(), weakly([this] { engineCollapse(); }));
+    }
+}
+
+void StatusBarController::engineCollapse()
+{
+    m_engineRevealed = false;
+    disarmRevealCollapse();
+    m_rehideTimer.invalidate();
+    applyEngineAllowList();
+    updateChevron();
+}
+
+} // namespace ravlin

@@ -1,0 +1,223 @@
+#pragma once
+
+#include "core/discovery/MenuBarItemInfo.h"
+#include "core/foundation/Geometry.h"
+#include "core/foundation/NotificationCenter.h"
+#include "core/foundation/Scheduler.h"
+#include "core/tiles/BarGroup.h"
+#include "core/tiles/BarItem.h"
+#include "platform/EventMonitors.h"
+#include "platform/Workspace.h"
+
+#include <QDateTime>
+#include <QObject>
+
+#include <limits>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace ravlin {
+
+class ApplicationControl;
+class ArrangeGuide;
+class AXResolver;
+class BarGrouping;
+class BarItemFactory;
+class CaptureEngine;
+class Events;
+class LanguageManager;
+class MenuBarApps;
+class MenuBarHideEngine;
+class MenuBarScanner;
+class MoveEngine;
+class Preferences;
+class ScannerModel;
+class Screens;
+class SettingsPresenter;
+class StatusBar;
+class StatusItem;
+class TilePanel;
+struct MenuModel;
+struct Stat;
+
+// What the controller works with; the application object owns all of it.
+struct StatusBarServices {
+    Scheduler& scheduler;
+    Preferences& preferences;
+    LanguageManager& language;
+    NotificationCenter& notifications;
+    StatusBar& statusBar;
+    EventMonitors& monitors;
+    Screens& screens;
+    Workspace& workspace;
+    Events& events;
+    ApplicationControl& application;
+    MenuBarHideEngine& hideEngine;
+    CaptureEngine& capture;
+    MenuBarScanner& scanner;
+    MenuBarApps& apps;
+    ScannerModel& scannerModel;
+    BarItemFactory& factory;
+    BarGrouping& grouping;
+    MoveEngine& moveEngine;
+    AXResolver& resolver;
+    TilePanel* panel = nullptr;
+    ArrangeGuide* guide = nullptr;
+    SettingsPresenter* settings = nullptr;
+    QString bundleIdentifier;
+};
+
+// The spine of the application: owns its status items, decides the separators'
+// lengths, keeps the expand/collapse state, reacts to clicks and settings, keeps
+// the cache of the bar's items and activates hidden items.
+class StatusBarController : public QObject {
+    Q_OBJECT
+public:
+    static constexpr double normalLength = 24.0;
+    static constexpr double sepLength = 10.0;
+    static constexpr double collapsedLength = 10000.0;
+    static inline const QString mainName = QStringLiteral("Ravlin.Main");
+    static inline const QString hiddenName = QStringLiteral("Ravlin.HiddenSeparator");
+    static inline const QString alwaysName = QStringLiteral("Ravlin.AlwaysHiddenSeparator");
+
+    explicit StatusBarController(StatusBarServices services);
+    ~StatusBarController() override;
+
+    // State, for observers and the sandbox.
+    bool usesEngine() const { return m_usesEngine; }
+    bool expanded() const { return m_expanded; }
+    bool revealingAlways() const { return m_revealingAlways; }
+    bool tileOpen() const { return m_tileOpen; }
+    bool arranging() const { return m_arranging; }
+    bool engineRevealed() const { return m_engineRevealed; }
+    bool buildingCache() const { return m_buildingCache; }
+    bool didFullBuild() const { return m_didFullBuild; }
+    QString lastBarSignature() const { return m_lastBarSignature; }
+    bool rehideTimerArmed() const { return m_rehideTimer.isValid(); }
+    bool revealSafetyTimerArmed() const { return m_revealSafetyTimer.isValid(); }
+    bool watchTimerArmed() const { return m_watchTimer.isValid(); }
+    bool hoverMonitorInstalled() const { return bool(m_hoverMonitor); }
+    bool revealCollapseMonitorInstalled() const { return bool(m_revealCollapseMonitor); }
+    const std::vector<BarGroup>& cachedGroups() const { return m_cachedGroups; }
+    StatusItem* mainItem() const { return m_mainItem.get(); }
+    StatusItem* hiddenSeparator() const { return m_hiddenSep.get(); }
+    StatusItem* alwaysSeparator() const { return m_alwaysSep.get(); }
+
+    // Items and their states.
+    void applyLayout();
+    void collapseToResting();
+    void ensureCollapsed();
+    void showInBar();
+    void toggleAlwaysReveal();
+    void addAlwaysSeparator();
+    void removeAlwaysSeparator();
+    void shrinkOwnItems();
+    void restoreOwnItems();
+    void updateChevron();
+    void mainClicked();
+
+    // Engine mode.
+    void engineToggle();
+    void engineReveal();
+    void engineCollapse();
+
+    // Reveal periods, auto-rehide and hover.
+    void scheduleRehideIfNeeded();
+    void setupHover();
+    void handleHover();
+    void armRevealCollapse();
+    void disarmRevealCollapse();
+    void bumpRevealSafety();
+    bool clickIsInMenuBar() const;
+    void finishReveal();
+
+    // The cache of the bar.
+    QString barSignature() const;
+    void startAutoRefresh();
+    void startEngineWatch();
+    void appsChanged();
+    void engineAppsChanged();
+    void checkForBarChanges();
+    void refreshCache();
+    void rebuildFullCache();
+    void invisibleRefresh();
+    std::vector<MenuBarItemInfo> hiddenCandidates() const;
+    void applyItemFilter();
+    void applyEngineAllowList();
+    void setItemPinned(const QString& key, bool pinned);
+    void reHideEscapedItems();
+
+    // The status menu and its commands.
+    void showMenu();
+    MenuModel buildMenu();
+    MenuModel buildEngineMenu();
+    void menuToggle();
+    void menuArrange();
+    void menuAlways();
+    void menuPickStyle(const QString& rawStyle);
+    void menuSettings();
+    void menuAbout();
+    void menuQuit();
+    void menuEngineToggle();
+
+    // Arrange mode.
+    void enterArrangeMode();
+    void exitArrangeMode();
+
+    // The tile panel and the activation of hidden items.
+    void toggleTile();
+    void openTile();
+    void presentTile();
+    void closeTile();
+    ScreenRect toggleScreenRect() const;
+    void activateItem(const BarItem& item);
+    void activateStat(const Stat& stat);
+    void clickHiddenItem(const BarItem& item, double threshold, double limit);
+    void activate(const QString& key, double x, double y);
+    void postClick(double x, double y);
+    static const QStringList& syntheticClickHints();
+    static bool prefersSyntheticClick(const QString& key);
+
+private:
+    void buildItems();
+    void seedDefaultPositionsIfNeeded();
+    void configureToggleButton();
+    std::unique_ptr<StatusItem> makeSeparator(const QString& autosaveName, bool dimmed);
+    void prefsChanged();
+    double hiddenSeparatorLimit() const;
+    std::vector<MenuBarItemInfo> hiddenCandidates(double limit) const;
+    std::vector<BarItem> mergeDetected(std::vector<BarItem> fresh) const;
+    // Runs fn later on the main queue unless the controller is gone by then.
+    Timer later(double seconds, std::function<void()> fn);
+    std::function<void()> weakly(std::function<void()> fn);
+
+    StatusBarServices m_s;
+    std::unique_ptr<StatusItem> m_mainItem;
+    std::unique_ptr<StatusItem> m_hiddenSep;
+    std::unique_ptr<StatusItem> m_alwaysSep;
+    bool m_expanded = true;
+    bool m_revealingAlways = false;
+    Timer m_rehideTimer;
+    std::unique_ptr<EventMonitors::Monitor> m_hoverMonitor;
+    bool m_tileOpen = false;
+    std::vector<BarGroup> m_cachedGroups;
+    double m_lastTileClose = -std::numeric_limits<double>::infinity();
+    std::unique_ptr<EventMonitors::Monitor> m_revealCollapseMonitor;
+    Timer m_revealSafetyTimer;
+    bool m_arranging = false;
+    Timer m_watchTimer;
+    QString m_lastBarSignature;
+    bool m_usesEngine = false;
+    bool m_engineRevealed = false;
+    bool m_buildingCache = false;
+    bool m_didFullBuild = false;
+
+    NotificationCenter::Token m_prefsToken;
+    Workspace::ObserverToken m_launchToken;
+    Workspace::ObserverToken m_terminateToken;
+    std::vector<Timer> m_deferred;
+    std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
+};
+
+} // namespace ravlin

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "core/foundation/Geometry.h"
+
+#include <functional>
+#include <vector>
+
+namespace ravlin {
+
+struct BarGroup;
+struct BarItem;
+struct Stat;
+
+// The floating tile panel, as the controller sees it.
+class TilePanel {
+public:
+    using ItemCallback = std::function<void(const BarItem&)>;
+    using StatCallback = std::function<void(const Stat&)>;
+
+    virtual ~TilePanel() = default;
+    // Fills and shows the panel hanging below anchor (screen coordinates).
+    virtual void show(const std::vector<BarGroup>& groups, const ScreenRect& anchor, ItemCallback onActivate,
+                      StatCallback onStat) = 0;
+    // Takes the panel off screen without telling onClose.
+    virtual void hide() = 0;
+    virtual bool isVisible() const = 0;
+
+    // Told when the panel closes because it lost key status.
+    std::function<void()> onClose;
+};
+
+} // namespace ravlin

@@ -1,0 +1,10 @@
+#include "NativeWindow.h"
+
+namespace ravlin::NativeWindow {
+
+void makeMenuBarPanel(QWidget*)
+{
+    // Qt's tool-window flags are all there is off macOS.
+}
+
+} // namespace ravlin::NativeWindow
