@@ -148,14 +148,9 @@ void registerCoreCommands(ScriptRunner& runner)
 void registerPendingCommands(ScriptRunner& runner)
 {
     runner.addUnsupported({
-        QStringLiteral("screen"), QStringLiteral("app"), QStringLiteral("item"), QStringLiteral("extras"),
-        QStringLiteral("permission"), QStringLiteral("engine"), QStringLiteral("instance"), QStringLiteral("launch"), QStringLiteral("terminate"),
-        QStringLiteral("click"), QStringLiteral("hover"), QStringLiteral("cmd-drag"), QStringLiteral("menu"),
-        QStringLiteral("tile"), QStringLiteral("panel"), QStringLiteral("hud"), QStringLiteral("settings"),
-        QStringLiteral("reopen"), QStringLiteral("selftest"), QStringLiteral("screenshot"),
-        QStringLiteral("engine"), QStringLiteral("instance"), QStringLiteral("probe"), QStringLiteral("location"),
-        QStringLiteral("forecast"), QStringLiteral("hover"), QStringLiteral("menu"), QStringLiteral("tile"),
-        QStringLiteral("panel"), QStringLiteral("hud"), QStringLiteral("settings"), QStringLiteral("reopen"),
+        QStringLiteral("tile"),
+        QStringLiteral("panel"),
+        QStringLiteral("settings"),
         QStringLiteral("screenshot"),
     });
 }
@@ -167,6 +162,7 @@ void registerAll(ScriptRunner& runner)
     registerCoreSections(runner);
     registerSysinfoCommands(runner);
     registerDiscoveryCommands(runner);
+    registerBarCommands(runner);
     registerPendingCommands(runner);
 }
 

@@ -8,6 +8,7 @@
 #include "core/settings/LanguageManager.h"
 #include "core/settings/PrefKey.h"
 #include "core/settings/Preferences.h"
+#include "platform/sim/SimApplicationControl.h"
 #include "platform/sim/SimLoginItems.h"
 
 #include <QJsonArray>
@@ -49,12 +50,13 @@ QJsonValue preferencesSection(SandboxSession& s, bool)
 
 QJsonValue processSection(SandboxSession& s, bool)
 {
-    const ProcessState& p = s.process();
+    const SimApplicationControl& a = s.application();
+    const bool accessory = a.activationPolicy() == ApplicationControl::Policy::Accessory;
     return QJsonObject{
-        {QStringLiteral("running"), p.running},
-        {QStringLiteral("exitCode"), p.exitCode ? QJsonValue(*p.exitCode) : QJsonValue()},
-        {QStringLiteral("terminateRequested"), p.terminateRequested},
-        {QStringLiteral("activationPolicy"), p.activationPolicy},
+        {QStringLiteral("running"), s.started() && a.running()},
+        {QStringLiteral("exitCode"), a.exitCode() ? QJsonValue(*a.exitCode()) : QJsonValue()},
+        {QStringLiteral("terminateRequested"), a.terminateRequested()},
+        {QStringLiteral("activationPolicy"), accessory ? QStringLiteral("accessory") : QStringLiteral("regular")},
     };
 }
 

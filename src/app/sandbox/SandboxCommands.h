@@ -15,6 +15,8 @@ void registerSysinfoCommands(ScriptRunner& runner);
 void registerDiscoveryCommands(ScriptRunner& runner);
 void registerDesktopCommands(ScriptRunner& runner);
 void registerDiscoverySections(ScriptRunner& runner);
+// engine, instance, hover, menu, hud, reopen; the sections controller, statusItems, menu, hud, engine.
+void registerBarCommands(ScriptRunner& runner);
 // Every command of the script language that a later part of the sandbox brings.
 void registerPendingCommands(ScriptRunner& runner);
 

@@ -1,6 +1,15 @@
 #include "SandboxSession.h"
 
 #include "core/app/AppDelegate.h"
+#include "platform/ApplicationControl.h"
+#include "platform/sim/SimApplicationControl.h"
+#include "platform/sim/SimAssessmentMode.h"
+#include "platform/sim/SimEventMonitors.h"
+#include "platform/sim/SimStatusBar.h"
+#include "ui/ArrangeHUD.h"
+#include "ui/ArrangeView.h"
+
+#include <QPushButton>
 #include "core/foundation/ResourceBundle.h"
 #include "platform/linux/LinuxServices.h"
 #include "platform/linux/LinuxSystemProbe.h"
@@ -29,6 +38,14 @@ SandboxSession::SandboxSession(Options options)
     m_platform.bundleIdentifier = QStringLiteral("de.vexa.Ravlin");
     installSimServices(m_platform, *m_desktop);
     installSimBarServices(m_platform, *m_desktop, m_scheduler);
+    // Clicks that go to other applications reach the global monitors; clicks on
+    // the application's own items do not.
+    m_desktop->addClickListener([this](const SimUserClick& click) {
+        const auto hit = m_desktop->itemAt(click.point);
+        if (hit && hit->item.own)
+            return;
+        monitors().deliver(click.button == MouseButton::Right ? EventMonitors::RightMouseDown : EventMonitors::LeftMouseDown);
+    });
     m_desktop->setDefaults(m_platform.defaults.get());
     m_desktop->setScheduler(&m_scheduler);
     if (m_options.realSystem)
@@ -62,7 +79,46 @@ bool SandboxSession::useMachineProbe()
     return true;
 }
 
-SandboxSession::~SandboxSession() = default;
+SandboxSession::~SandboxSession()
+{
+    m_app.reset(); // before the windows and services it uses
+}
+
+SimStatusBar& SandboxSession::statusBar()
+{
+    return static_cast<SimStatusBar&>(*m_platform.statusBar);
+}
+
+SimEventMonitors& SandboxSession::monitors()
+{
+    return static_cast<SimEventMonitors&>(*m_platform.eventMonitors);
+}
+
+SimAssessmentMode& SandboxSession::assessmentMode()
+{
+    return static_cast<SimAssessmentMode&>(*m_platform.assessmentMode);
+}
+
+SimApplicationControl& SandboxSession::application()
+{
+    return static_cast<SimApplicationControl&>(*m_platform.application);
+}
+
+ArrangeGuide* SandboxSession::arrangeGuide()
+{
+    return m_arrangeHUD.get();
+}
+
+bool SandboxSession::pressArrangeDone()
+{
+    if (!m_arrangeHUD || !m_arrangeHUD->isVisible())
+        return false;
+    const auto buttons = m_arrangeHUD->window()->findChildren<QPushButton*>();
+    if (buttons.isEmpty())
+        return false;
+    buttons.first()->click();
+    return true;
+}
 
 bool SandboxSession::setSystemLanguages(const QStringList& languages)
 {
@@ -83,6 +139,10 @@ AppDelegate& SandboxSession::app()
         m_platform.preferredLanguages = m_systemLanguages;
         m_resources = std::make_unique<Resources>(dir, m_systemLanguages);
         m_app = std::make_unique<AppDelegate>(m_platform, m_scheduler, *m_resources);
+        m_arrangeHUD = std::make_unique<ArrangeHUD>(*m_platform.screens);
+        AppWindows windows;
+        windows.guide = m_arrangeHUD.get();
+        m_app->setWindows(windows);
         m_app->setLogDirectory(m_options.logDir);
     }
     return *m_app;

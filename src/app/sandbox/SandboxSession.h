@@ -17,7 +17,13 @@ class Resources;
 class SimGeocoder;
 class SimHttpClient;
 class SimLocationService;
+class ArrangeGuide;
+class ArrangeHUD;
+class SimApplicationControl;
+class SimAssessmentMode;
 class SimDesktop;
+class SimEventMonitors;
+class SimStatusBar;
 class SimLoginItems;
 class SimSystemProbe;
 } // namespace ravlin
@@ -59,6 +65,14 @@ public:
     // Reads the machine's own figures from now on; only before the application exists.
     bool useMachineProbe();
     SimDesktop& desktop() { return *m_desktop; }
+    SimStatusBar& statusBar();
+    SimEventMonitors& monitors();
+    SimAssessmentMode& assessmentMode();
+    SimApplicationControl& application();
+    // The interface's windows, made with the application.
+    ArrangeGuide* arrangeGuide();
+    // Presses the arrange guide's done button; false when the guide is not showing.
+    bool pressArrangeDone();
     QString defaultsPath() const { return m_defaultsPath; }
     QString logDir() const { return m_options.logDir; }
 
@@ -68,7 +82,7 @@ public:
     // The application object, made on first use (texts can be read before start).
     AppDelegate& app();
     bool hasApp() const { return bool(m_app); }
-    bool started() const { return m_process.running || m_process.exitCode.has_value(); }
+    bool started() const { return m_process.running; }
     void start(const QStringList& arguments);
     ProcessState& process() { return m_process; }
 
@@ -88,6 +102,7 @@ private:
     SimHttpClient* m_http = nullptr;
     QStringList m_systemLanguages{QStringLiteral("en")};
     std::unique_ptr<Resources> m_resources;
+    std::unique_ptr<ArrangeHUD> m_arrangeHUD;
     std::unique_ptr<AppDelegate> m_app;
     ProcessState m_process;
 };
