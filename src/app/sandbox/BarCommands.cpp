@@ -223,6 +223,14 @@ void registerBarCommands(ScriptRunner& runner)
         c.session.app().applicationShouldHandleReopen(false);
         c.session.scheduler().runDue();
     });
+    // The full rebuild of the bar's cache, as the settings window's rescan asks for it.
+    runner.addCommand(QStringLiteral("rescan"), Phase::AfterStart, [](CommandContext& c) {
+        StatusBarController* controller = c.session.app().statusBar();
+        if (!controller)
+            c.fail(QStringLiteral("there is no status bar controller"));
+        controller->rebuildFullCache();
+        c.session.scheduler().runDue();
+    });
     runner.addSection(QStringLiteral("controller"), controllerSection);
     runner.addSection(QStringLiteral("statusItems"), statusItemsSection);
     runner.addSection(QStringLiteral("menu"), menuSection);

@@ -77,6 +77,18 @@ int showWindow(const SandboxSession::Options& options)
 
 } // namespace
 
+// Offscreen windows cannot be raised or sized by the window system; the headless
+// sandbox does not need to hear about it on every call.
+QtMessageHandler defaultHandler = nullptr;
+
+void quietOffscreenNotes(QtMsgType type, const QMessageLogContext& context, const QString& message)
+{
+    if (message.startsWith(QStringLiteral("This plugin does not support")))
+        return;
+    if (defaultHandler)
+        defaultHandler(type, context, message);
+}
+
 int main(int argc, char** argv)
 {
     QStringList rawArgs;
@@ -86,6 +98,7 @@ int main(int argc, char** argv)
     const bool headless = scripted || !hasDisplay();
     if (headless) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
+        defaultHandler = qInstallMessageHandler(quietOffscreenNotes);
         if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
             const QByteArray runtime = QDir::tempPath().toLocal8Bit() + "/ravlin-runtime-" + QByteArray::number(getuid());
             QDir().mkpath(QString::fromLocal8Bit(runtime));

@@ -21,7 +21,10 @@ bool SimDesktop::isPresent(const SimItem& item) const
 
 double SimDesktop::itemHeight(const SimItem& item) const
 {
-    return item.height.value_or(mainScreen().menuBarHeight);
+    // A screen without a reserved strip (the menu bar hides itself) still draws
+    // its items at the usual height.
+    const double bar = mainScreen().menuBarHeight;
+    return item.height.value_or(bar > 0 ? bar : 24.0);
 }
 
 double SimDesktop::movableRightEnd() const

@@ -1,0 +1,58 @@
+// How often timers fire while the application rests: plain mode, collapsed, panel
+// closed. A resting menu-bar tool must not wake up at all, so the figure must be 0.
+#include "sandbox/SandboxCommands.h"
+#include "sandbox/SandboxSession.h"
+#include "sandbox/ScriptRunner.h"
+
+#include <QApplication>
+#include <QTextStream>
+
+#include <benchmark/benchmark.h>
+
+using namespace ravlin::sandbox;
+
+namespace {
+
+// A desktop with a few applications, started and left alone until start-up settled.
+std::uint64_t firingsPerRestingMinute()
+{
+    QString out, err;
+    QTextStream o(&out), e(&err);
+    SandboxSession session({});
+    ScriptRunner runner(session, o, e);
+    registerAll(runner);
+    runner.run(QStringLiteral("app com.apple.controlcenter \"Control Center\"\n"
+                              "app com.example.chat \"Chat\"\n"
+                              "app com.example.sync \"Sync\"\n"
+                              "item com.apple.controlcenter \"Clock\" fixed width=80\n"
+                              "item com.example.chat \"Chat Status\"\n"
+                              "item com.example.sync \"Item-0\"\n"
+                              "start\n"
+                              "advance 5\n"));
+    const std::uint64_t before = session.scheduler().firedCount();
+    session.scheduler().advance(60);
+    return session.scheduler().firedCount() - before;
+}
+
+void BM_IdleTimerFiringsPerMinute(benchmark::State& state)
+{
+    std::uint64_t firings = 0;
+    for (auto _ : state)
+        firings = firingsPerRestingMinute();
+    state.counters["firings_per_minute"] = double(firings);
+    if (firings != 0)
+        state.SkipWithError("timers fire while the application rests");
+}
+BENCHMARK(BM_IdleTimerFiringsPerMinute)->Iterations(3)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
