@@ -1,7 +1,7 @@
 #include "MenuBarApps.h"
 
 #include "PermissionManager.h"
-#include "core/bar/HideEngineBundleIDs.h"
+#include "core/bar/MenuBarHideEngine.h"
 #include "core/foundation/Logging.h"
 #include "platform/Accessibility.h"
 #include "platform/Workspace.h"
@@ -19,7 +19,7 @@ namespace {
 const QSet<QString>& systemBundleIDs()
 {
     static const QSet<QString> ids = [] {
-        const QStringList all = HideEngineBundleIDs::alwaysAllowed();
+        const QStringList all = MenuBarHideEngine::alwaysAllowedBundleIDs();
         return QSet<QString>(all.cbegin(), all.cend());
     }();
     return ids;
