@@ -2,8 +2,18 @@
 
 #import <Foundation/Foundation.h>
 #include <dlfcn.h>
-#include <objc/message.h>
 #include <objc/runtime.h>
+
+// The selectors the private framework's classes answer, declared so that the
+// compiler (and ARC) know their signatures and ownership.
+@protocol RavlinAssessmentConfiguration
+- (instancetype)initWithAllowedSystemItems:(NSArray*)items allowedBundleIdentifiers:(NSArray*)bundleIdentifiers;
+@end
+
+@protocol RavlinAssessmentAssertion
+- (void)activateWithConfiguration:(id)configuration completionHandler:(void (^)(NSError*))handler;
+- (void)invalidate;
+@end
 
 namespace ravlin {
 namespace {
@@ -12,16 +22,11 @@ const char* const frameworkPath = "/System/Library/PrivateFrameworks/MenuBarClie
 
 class MacAssertion final : public AssessmentAssertion {
 public:
-    explicit MacAssertion(id assertion) : m_assertion(assertion) {}
-    void invalidate() override
-    {
-        if (m_assertion)
-            ((void (*)(id, SEL))objc_msgSend)(m_assertion, sel_registerName("invalidate"));
-    }
-    id object() const { return m_assertion; }
+    explicit MacAssertion(id<RavlinAssessmentAssertion> assertion) : m_assertion(assertion) {}
+    void invalidate() override { [m_assertion invalidate]; }
 
 private:
-    id m_assertion;
+    id<RavlinAssessmentAssertion> m_assertion;
 };
 
 } // namespace
@@ -60,14 +65,13 @@ std::shared_ptr<AssessmentAssertion> MacAssessmentMode::activate(const std::vect
         [owners addObject:bundle.toNSString()];
 
     Class configClass = (__bridge Class)m_configClass;
-    id config = ((id (*)(id, SEL))objc_msgSend)((id)configClass, sel_registerName("alloc"));
-    if (config)
-        config = ((id (*)(id, SEL, id, id))objc_msgSend)(config, sel_registerName("initWithAllowedSystemItems:allowedBundleIdentifiers:"), items, owners);
+    id<RavlinAssessmentConfiguration> allocated = [configClass alloc];
+    id config = allocated ? [allocated initWithAllowedSystemItems:items allowedBundleIdentifiers:owners] : nil;
     if (!config)
         return nullptr;
 
     Class assertionClass = (__bridge Class)m_assertionClass;
-    id assertion = [[assertionClass alloc] init];
+    id<RavlinAssessmentAssertion> assertion = [[assertionClass alloc] init];
     auto result = std::make_shared<MacAssertion>(assertion);
     auto shared = std::make_shared<std::function<void(std::optional<PlatformError>)>>(std::move(completion));
     void (^handler)(NSError*) = ^(NSError* error) {
@@ -79,7 +83,7 @@ std::shared_ptr<AssessmentAssertion> MacAssessmentMode::activate(const std::vect
             (*shared)(failure);
         });
     };
-    ((void (*)(id, SEL, id, id))objc_msgSend)(assertion, sel_registerName("activateWithConfiguration:completionHandler:"), config, handler);
+    [assertion activateWithConfiguration:config completionHandler:handler];
     return result;
 }
 

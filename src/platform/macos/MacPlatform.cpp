@@ -4,6 +4,10 @@
 #include "MacGeocoder.h"
 #include "MacLocationService.h"
 #include "MacAccessibility.h"
+#include "MacApplicationControl.h"
+#include "MacAssessmentMode.h"
+#include "MacEventMonitors.h"
+#include "MacStatusBar.h"
 #include "MacEvents.h"
 #include "MacPermissions.h"
 #include "MacScreens.h"
@@ -31,6 +35,10 @@ Platform makePlatform(Scheduler& scheduler)
     platform.events = std::make_unique<MacEvents>();
     platform.workspace = std::make_unique<MacWorkspace>();
     platform.permissions = std::make_unique<MacPermissions>();
+    platform.statusBar = std::make_unique<MacStatusBar>();
+    platform.eventMonitors = std::make_unique<MacEventMonitors>();
+    platform.assessmentMode = std::make_unique<MacAssessmentMode>();
+    platform.application = std::make_unique<MacApplicationControl>();
     platform.preferredLanguages = MacSystem::preferredLanguages();
     platform.bundleIdentifier = MacSystem::bundleIdentifier();
     return platform;

@@ -1,0 +1,40 @@
+// Ravlin.app: the menu-bar agent over the real macOS services.
+#include "ReopenHandler.h"
+
+#include "core/app/AppDelegate.h"
+#include "core/foundation/QtScheduler.h"
+#include "core/foundation/ResourceBundle.h"
+#include "platform/Platform.h"
+#include "platform/macos/MacPlatform.h"
+#include "ui/ArrangeHUD.h"
+
+#import <AppKit/AppKit.h>
+
+#include <QApplication>
+#include <QTimer>
+
+using namespace ravlin;
+
+int main(int argc, char** argv)
+{
+    QApplication app(argc, argv);
+    // An agent: no Dock icon and no main menu, decided before the event loop runs.
+    [NSApp setActivationPolicy:NSApplicationActivationPolicyAccessory];
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    QtScheduler scheduler;
+    Platform platform = macos::makePlatform(scheduler);
+    Resources resources(Resources::locate(QCoreApplication::applicationDirPath()), platform.preferredLanguages);
+    AppDelegate delegate(platform, scheduler, resources);
+
+    ArrangeHUD arrangeGuide(*platform.screens);
+    AppWindows windows;
+    windows.guide = &arrangeGuide;
+    delegate.setWindows(windows);
+
+    QTimer::singleShot(0, [&] {
+        ReopenHandler::install([&] { delegate.applicationShouldHandleReopen(false); });
+        delegate.applicationDidFinishLaunching(QCoreApplication::arguments());
+    });
+    return QApplication::exec();
+}
