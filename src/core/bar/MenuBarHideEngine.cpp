@@ -63,7 +63,7 @@ std::vector<int> MenuBarHideEngine::allowedSystemItems(const std::set<std::int64
 
 MenuBarHideEngine::MenuBarHideEngine(AssessmentMode* assessmentMode) : m_mode(assessmentMode)
 {
-    qCInfo(lcHideEngine) << "assessment mode available:" << isAvailable();
+    qCDebug(lcHideEngine) << "assessment mode available:" << isAvailable();
 }
 
 MenuBarHideEngine::~MenuBarHideEngine()
