@@ -3,7 +3,7 @@
 namespace ravlin {
 namespace {
 
-struct Spec {
+struct Conversion {
     qsizetype start = 0;
     qsizetype end = 0; // one past the conversion character
     int position = -1; // explicit n$ argument, 0-based
@@ -25,52 +25,52 @@ bool isConversion(QChar c)
 }
 
 // Reads one conversion starting at a '%'; false when the text there is not one.
-bool readSpec(const QString& f, qsizetype at, Spec& spec)
+bool readConversion(const QString& f, qsizetype at, Conversion& conversion)
 {
-    spec = Spec{};
-    spec.start = at;
+    conversion = Conversion{};
+    conversion.start = at;
     qsizetype i = at + 1;
     qsizetype digits = i;
     while (digits < f.size() && f[digits].isDigit())
         ++digits;
     if (digits > i && digits < f.size() && f[digits] == u'$') {
-        spec.position = f.mid(i, digits - i).toInt() - 1;
+        conversion.position = f.mid(i, digits - i).toInt() - 1;
         i = digits + 1;
     }
     while (i < f.size() && QStringView(u"-+ #0'").contains(f[i]))
-        spec.flags += f[i++];
+        conversion.flags += f[i++];
     while (i < f.size() && f[i].isDigit())
-        spec.width += f[i++];
+        conversion.width += f[i++];
     if (i < f.size() && f[i] == u'.') {
-        spec.precision += f[i++];
+        conversion.precision += f[i++];
         while (i < f.size() && f[i].isDigit())
-            spec.precision += f[i++];
+            conversion.precision += f[i++];
     }
     while (i < f.size() && isLengthChar(f[i]))
         ++i;
     if (i >= f.size() || !isConversion(f[i]))
         return false;
-    spec.conversion = f[i];
-    spec.end = i + 1;
+    conversion.conversion = f[i];
+    conversion.end = i + 1;
     return true;
 }
 
-QString pad(QString text, const Spec& spec)
+QString pad(QString text, const Conversion& conversion)
 {
-    const int width = spec.width.toInt();
+    const int width = conversion.width.toInt();
     if (text.size() >= width)
         return text;
-    return spec.flags.contains(u'-') ? text.leftJustified(width) : text.rightJustified(width);
+    return conversion.flags.contains(u'-') ? text.leftJustified(width) : text.rightJustified(width);
 }
 
-QString formatOne(const Spec& spec, const QVariant& arg)
+QString formatOne(const Conversion& conversion, const QVariant& arg)
 {
-    const QChar c = spec.conversion;
-    const QByteArray cFormat = (u'%' + spec.flags + spec.width + spec.precision).toLatin1();
+    const QChar c = conversion.conversion;
+    const QByteArray cFormat = (u'%' + conversion.flags + conversion.width + conversion.precision).toLatin1();
     if (c == u'@' || c == u's' || c == u'S')
-        return pad(arg.isValid() ? arg.toString() : QString(), spec);
+        return pad(arg.isValid() ? arg.toString() : QString(), conversion);
     if (c == u'c' || c == u'C')
-        return pad(QString(QChar(char16_t(arg.toUInt()))), spec);
+        return pad(QString(QChar(char16_t(arg.toUInt()))), conversion);
     if (c == u'd' || c == u'i')
         return QString::asprintf((cFormat + "lld").constData(), arg.toLongLong());
     if (c == u'u' || c == u'o' || c == u'x' || c == u'X' || c == u'p')
@@ -96,14 +96,14 @@ QString formatPrintf(const QString& format, const QVariantList& args)
             i += 2;
             continue;
         }
-        Spec spec;
-        if (!readSpec(format, i, spec)) {
+        Conversion conversion;
+        if (!readConversion(format, i, conversion)) {
             out += format[i++];
             continue;
         }
-        const int index = spec.position >= 0 ? spec.position : next++;
-        out += formatOne(spec, index < args.size() ? args[index] : QVariant());
-        i = spec.end;
+        const int index = conversion.position >= 0 ? conversion.position : next++;
+        out += formatOne(conversion, index < args.size() ? args[index] : QVariant());
+        i = conversion.end;
     }
     return out;
 }
@@ -118,10 +118,10 @@ QStringList printfPlaceholders(const QString& format)
             ++i;
             continue;
         }
-        Spec spec;
-        if (readSpec(format, i, spec)) {
-            found.append(format.mid(spec.start, spec.end - spec.start));
-            i = spec.end - 1;
+        Conversion conversion;
+        if (readConversion(format, i, conversion)) {
+            found.append(format.mid(conversion.start, conversion.end - conversion.start));
+            i = conversion.end - 1;
         }
     }
     return found;
