@@ -6,15 +6,18 @@
 #include "SandboxCommands.h"
 #include "SandboxSession.h"
 #include "ScriptRunner.h"
+#include "interactive/SandboxWindow.h"
+
+#include "platform/linux/PlistFileDefaultsStore.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFile>
-#include <QLabel>
-#include <QPlainTextEdit>
+#include <QLocalServer>
+#include <QLocalSocket>
+#include <QScreen>
 #include <QTextStream>
-#include <QVBoxLayout>
 
 #include <cstdio>
 #include <unistd.h>
@@ -50,33 +53,6 @@ int runScript(const QString& script, const SandboxSession::Options& options, boo
     return status;
 }
 
-int showWindow(const SandboxSession::Options& options)
-{
-    QString log;
-    QTextStream out(&log);
-    QTextStream err(&log);
-    SandboxSession session(options);
-    ScriptRunner runner(session, out, err);
-    registerAll(runner);
-    runner.setEcho(true);
-    runner.run(demoScript());
-
-    QWidget window;
-    window.setWindowTitle(QStringLiteral("Ravlin Sandbox"));
-    auto* layout = new QVBoxLayout(&window);
-    auto* title = new QLabel(QStringLiteral("<b>Ravlin sandbox</b> — the demo ran over the simulated desktop:"));
-    auto* text = new QPlainTextEdit(log);
-    text->setReadOnly(true);
-    text->setFont(QFont(QStringLiteral("monospace")));
-    layout->addWidget(title);
-    layout->addWidget(text);
-    window.resize(900, 600);
-    window.show();
-    return QApplication::exec();
-}
-
-} // namespace
-
 // Offscreen windows cannot be raised or sized by the window system; the headless
 // sandbox does not need to hear about it on every call.
 QtMessageHandler defaultHandler = nullptr;
@@ -88,6 +64,67 @@ void quietOffscreenNotes(QtMsgType type, const QMessageLogContext& context, cons
     if (defaultHandler)
         defaultHandler(type, context, message);
 }
+
+SandboxWindow* logWindow = nullptr;
+
+// Ravlin's own log lines also go to the window's log.
+void logToWindow(QtMsgType type, const QMessageLogContext& context, const QString& message)
+{
+    if (defaultHandler)
+        defaultHandler(type, context, message);
+    if (logWindow && context.category && QByteArray(context.category).startsWith("de.vexa.Ravlin"))
+        logWindow->log(message);
+}
+
+// One interactive sandbox at a time: a second start brings the first one forward.
+bool forwardToRunningCopy(QLocalServer& server)
+{
+    const QString name = QStringLiteral("ravlin-sandbox-%1").arg(getuid());
+    QLocalSocket probe;
+    probe.connectToServer(name);
+    if (probe.waitForConnected(300)) {
+        probe.write("raise\n");
+        probe.waitForBytesWritten(300);
+        return true;
+    }
+    QLocalServer::removeServer(name);
+    server.listen(name);
+    return false;
+}
+
+int showWindow(const SandboxSession::Options& options)
+{
+    QLocalServer single;
+    if (forwardToRunningCopy(single)) {
+        std::fprintf(stdout, "Ravlin sandbox is already running; brought it forward.\n");
+        return 0;
+    }
+    // The simulated screen fills the real one, beside a side bar, so that Ravlin's
+    // windows stand at the same coordinates on both.
+    const QRect available = QGuiApplication::primaryScreen()->geometry();
+    SandboxWindow::Setup setup;
+    setup.defaultsPath = options.defaultsPath.isEmpty() ? ravlin::PlistFileDefaultsStore::defaultPath() : options.defaultsPath;
+    setup.logDir = options.logDir;
+    setup.screenSize = QSize(std::max(800, available.width() - 320), std::max(500, available.height()));
+    SandboxWindow window(setup);
+    QObject::connect(&single, &QLocalServer::newConnection, &window, [&] {
+        if (QLocalSocket* s = single.nextPendingConnection())
+            s->deleteLater();
+        window.raise();
+        window.activateWindow();
+    });
+    window.setWindowFlag(Qt::FramelessWindowHint);
+    window.setGeometry(available.x(), available.y(), setup.screenSize.width() + 320, setup.screenSize.height());
+    logWindow = &window;
+    defaultHandler = qInstallMessageHandler(logToWindow);
+    window.show();
+    window.startSample();
+    const int status = QApplication::exec();
+    logWindow = nullptr;
+    return status;
+}
+
+} // namespace
 
 int main(int argc, char** argv)
 {
