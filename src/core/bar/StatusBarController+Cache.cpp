@@ -177,12 +177,21 @@ std::vector<BarItem> StatusBarController::mergeDetected(std::vector<BarItem> fre
 
 void StatusBarController::invisibleRefresh()
 {
+    QHash<std::int64_t, BarItem> known;
+    for (const BarItem& old : m_s.scannerModel.detected())
+        known.insert(old.info.id, old);
     std::vector<BarItem> fresh;
     QSet<QString> seen;
     for (const CaptureEngine::Raw& raw : m_s.capture.scanAll()) {
         if (leftOutOfSignature(raw.owner, raw.name))
             continue;
         std::optional<BarItem> item = m_s.factory.makeItem(raw.info());
+        // Off screen a generic item may not be identified at all; one detected before
+        // stays, where it stands now.
+        if (!item && known.contains(raw.info().id)) {
+            item = known.value(raw.info().id);
+            item->info = raw.info();
+        }
         if (item && !seen.contains(item->key)) {
             seen.insert(item->key);
             fresh.push_back(std::move(*item));
