@@ -11,6 +11,7 @@
 #import <AppKit/AppKit.h>
 
 #include <QApplication>
+#include <QLoggingCategory>
 #include <QTimer>
 
 using namespace ravlin;
@@ -18,6 +19,8 @@ using namespace ravlin;
 int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
+    if (qEnvironmentVariableIsEmpty("QT_LOGGING_RULES"))
+        QLoggingCategory::setFilterRules(QStringLiteral("de.vexa.Ravlin.*.debug=false"));
     // An agent: no Dock icon and no main menu, decided before the event loop runs.
     [NSApp setActivationPolicy:NSApplicationActivationPolicyAccessory];
     QApplication::setQuitOnLastWindowClosed(false);

@@ -15,6 +15,7 @@
 #include <QDir>
 #include <QFile>
 #include <QLocalServer>
+#include <QLoggingCategory>
 #include <QLocalSocket>
 #include <QScreen>
 #include <QTextStream>
@@ -146,6 +147,9 @@ int main(int argc, char** argv)
 
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Ravlin"));
+    // Debug lines only when asked for (QT_LOGGING_RULES still wins).
+    if (qEnvironmentVariableIsEmpty("QT_LOGGING_RULES"))
+        QLoggingCategory::setFilterRules(QStringLiteral("de.vexa.Ravlin.*.debug=false"));
     QApplication::setOrganizationDomain(QStringLiteral("vexa.de"));
 
     QCommandLineParser parser;
