@@ -81,7 +81,9 @@ PanelTile PanelContent::weatherTile() const
     tile.label = city && !city->isEmpty() ? *city : weatherFallbackTitle;
     tile.subtitle = temperatureText(m_weather.temp());
     tile.detail = rangeText(m_weather.high(), m_weather.low());
-    tile.symbol = WeatherService::describe(m_weather.code()).symbol;
+    const WeatherDescription description = WeatherService::describe(m_weather.code());
+    tile.symbol = description.symbol;
+    tile.note = description.text;
     tile.accent = weatherAccent;
     return tile;
 }
@@ -142,9 +144,9 @@ std::vector<PanelTile> PanelContent::permissionTiles(bool hasScreenRecording,
         tiles.push_back(std::move(tile));
     };
     if (!hasScreenRecording)
-        add(QStringLiteral("bar.grant"), QStringLiteral("lock.shield"));
+        add(screenRecordingKey, QStringLiteral("lock.shield"));
     if (!hasAccessibility)
-        add(QStringLiteral("bar.grantAX"), QStringLiteral("accessibility"));
+        add(accessibilityKey, QStringLiteral("accessibility"));
     return tiles;
 }
 

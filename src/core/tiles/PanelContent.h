@@ -29,6 +29,9 @@ class PanelContent {
 public:
     // Not localised on purpose: the statistics section reads "System" everywhere.
     static inline const QString systemTitle = QStringLiteral("System");
+    // The permission tiles' keys, which are also their label keys.
+    static inline const QString screenRecordingKey = QStringLiteral("bar.grant");
+    static inline const QString accessibilityKey = QStringLiteral("bar.grantAX");
     // The weather header's title when no place is known.
     static inline const QString weatherFallbackTitle = QStringLiteral("Wetter");
 

@@ -22,6 +22,7 @@ struct PanelTile {
     QString label;
     QString subtitle; // may be empty
     QString detail;   // may be empty
+    QString note;     // the weather's description in words
     QString symbol;   // may be empty: an item of another application shows its image
     std::optional<QColor> accent;
     std::optional<double> percent;      // a statistic's gauge, 0–100
