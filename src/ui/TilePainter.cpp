@@ -34,13 +34,24 @@ QColor white(int alpha)
     return QColor(255, 255, 255, alpha);
 }
 
+// Alignment is absolute: callers have already chosen the side for the reading direction.
 void text(QPainter& p, const QRectF& rect, const QString& s, const QFont& font, const QColor& colour,
           Qt::Alignment align)
 {
     p.setFont(font);
     p.setPen(colour);
     const QString shown = p.fontMetrics().elidedText(s, Qt::ElideRight, int(rect.width()));
-    p.drawText(rect, int(align | Qt::AlignVCenter) | Qt::TextSingleLine, shown);
+    p.drawText(rect, int(align | Qt::AlignVCenter | Qt::AlignAbsolute) | Qt::TextSingleLine, shown);
+}
+
+// Figures, rates and temperatures read left to right in every language.
+void figures(QPainter& p, const QRectF& rect, const QString& s, const QFont& font, const QColor& colour,
+             Qt::Alignment align)
+{
+    const Qt::LayoutDirection direction = p.layoutDirection();
+    p.setLayoutDirection(Qt::LeftToRight);
+    text(p, rect, s, font, colour, align);
+    p.setLayoutDirection(direction);
 }
 
 QRectF fitted(const QSizeF& size, const QRectF& box)
@@ -93,7 +104,7 @@ void disc(QPainter& p, const PanelTile& tile, const QRectF& rect)
         p.setBrush(shade);
     }
     p.drawEllipse(rect);
-    const double glyph = rect.height() * (quiet ? 0.62 : 0.56);
+    const double glyph = rect.height() * (quiet ? 0.86 : 0.56);
     const QRectF box(rect.center().x() - glyph / 2, rect.center().y() - glyph / 2, glyph, glyph);
     itemMark(p, tile, box, Qt::white);
 }
@@ -217,10 +228,10 @@ void TilePainter::weather(const PanelTile& t, const QRectF& rect)
     text(m_p, b.span(69, 9, 110, 19), t.label, Theme::font(13, QFont::DemiBold), Theme::hudPrimaryText(),
          b.lead());
     text(m_p, b.span(54, 30, 110, 16), t.note, Theme::font(11), Theme::hudSecondaryText(), b.lead());
-    text(m_p, b.at(rect.width() - 112, 5, 100, 30), t.subtitle, Theme::font(25, QFont::Light),
-         Theme::hudPrimaryText(), b.trail());
-    text(m_p, b.at(rect.width() - 152, 36, 140, 15), t.detail, Theme::font(10.5),
-         Theme::hudSecondaryText(), b.trail());
+    figures(m_p, b.at(rect.width() - 112, 5, 100, 30), t.subtitle, Theme::font(25, QFont::Light),
+            Theme::hudPrimaryText(), b.trail());
+    figures(m_p, b.at(rect.width() - 152, 36, 140, 15), t.detail, Theme::font(10.5),
+            Theme::hudSecondaryText(), b.trail());
 }
 
 void TilePainter::permission(const PanelTile& t, const QRectF& rect)
@@ -245,16 +256,16 @@ void TilePainter::dashboard(const PanelTile& t, const QRectF& rect)
         ring(m_p, gauge, t.percent.value_or(0), accent, 4.5);
         SymbolRenderer::paint(m_p, gauge.adjusted(12, 12, -12, -12), t.symbol, accent);
         text(m_p, b.span(61, h / 2 - 17, 8, 15), t.label, Theme::font(11), Theme::hudSecondaryText(), b.lead());
-        text(m_p, b.span(61, h / 2 - 2, 8, 21), t.subtitle, Theme::font(17, QFont::DemiBold),
-             Theme::hudPrimaryText(), b.lead());
+        figures(m_p, b.span(61, h / 2 - 2, 8, 21), t.subtitle, Theme::font(17, QFont::DemiBold),
+                Theme::hudPrimaryText(), b.lead());
         return;
     }
     disc(m_p, t, b.at(10, (h - 30) / 2, 30, 30));
     if (t.kind == TileKind::Network) {
         text(m_p, b.span(50, 0, 160, h), t.label, Theme::font(12.5, QFont::DemiBold), Theme::hudPrimaryText(),
              b.lead());
-        text(m_p, b.span(130, 0, 14, h), t.subtitle, Theme::font(12.5, QFont::Medium), Theme::hudPrimaryText(),
-             b.trail());
+        figures(m_p, b.span(130, 0, 14, h), t.subtitle, Theme::font(12.5, QFont::Medium),
+                Theme::hudPrimaryText(), b.trail());
         return;
     }
     const QString owner = ownerLine(t);
@@ -274,16 +285,22 @@ void TilePainter::capsule(const PanelTile& t, const QRectF& rect)
     const double h = rect.height();
     disc(m_p, t, b.at(6, 6, h - 12, h - 12));
     const double x = h + 2;
-    if (t.kind == TileKind::Item) {
+    switch (t.kind) {
+    case TileKind::Stat:
+        text(m_p, b.span(x, h / 2 - 14, 14, 13), t.label, Theme::font(10.5), Theme::hudSecondaryText(), b.lead());
+        figures(m_p, b.span(x, h / 2 - 1, 14, 16), t.subtitle, Theme::font(13, QFont::DemiBold),
+                Theme::hudPrimaryText(), b.lead());
+        break;
+    case TileKind::Network:
+        text(m_p, b.span(x, 0, 170, h), t.label, Theme::font(12.5, QFont::Medium), Theme::hudPrimaryText(),
+             b.lead());
+        figures(m_p, b.span(110, 0, 16, h), t.subtitle, Theme::font(12.5, QFont::DemiBold),
+                Theme::hudPrimaryText(), b.trail());
+        break;
+    default:
         text(m_p, b.span(x, 0, 14, h), t.label, Theme::font(12.5, QFont::Medium), Theme::hudPrimaryText(),
              b.lead());
-        return;
     }
-    const double valueWidth = t.kind == TileKind::Network ? 150 : 44;
-    text(m_p, b.span(x, 0, valueWidth + 18, h), t.label, Theme::font(12, QFont::Medium),
-         Theme::hudSecondaryText(), b.lead());
-    text(m_p, b.at(rect.width() - valueWidth - 14, 0, valueWidth, h), t.subtitle,
-         Theme::font(12.5, QFont::DemiBold), Theme::hudPrimaryText(), b.trail());
 }
 
 void TilePainter::gridCell(const PanelTile& t, const QRectF& rect)
@@ -295,8 +312,8 @@ void TilePainter::gridCell(const PanelTile& t, const QRectF& rect)
         disc(m_p, t, b.at(10, 10, 30, 30));
         text(m_p, b.span(48, 10, 8, 30), t.label, Theme::font(11.5, QFont::DemiBold), Theme::hudPrimaryText(),
              b.lead());
-        text(m_p, b.span(10, 47, 8, 16), t.detail, Theme::font(10.5, QFont::Medium), Theme::hudSecondaryText(),
-             b.lead());
+        figures(m_p, b.span(10, 47, 8, 16), t.detail, Theme::font(10.5, QFont::Medium),
+                Theme::hudSecondaryText(), b.lead());
         return;
     }
     const QRectF top(rect.left() + (w - 34) / 2, rect.top() + 9, 34, 34);
@@ -320,17 +337,19 @@ void TilePainter::stripRow(const PanelTile& t, const QRectF& rect)
     if (t.kind == TileKind::Stat) {
         text(m_p, b.span(38, 0, 130, h), t.label, Theme::font(12.5), Theme::hudPrimaryText(), b.lead());
         bar(m_p, b.at(rect.width() - 128, (h - 5) / 2, 62, 5), t.percent.value_or(0), accent, m_rtl);
-        text(m_p, b.at(rect.width() - 56, 0, 44, h), t.subtitle, Theme::font(12, QFont::DemiBold),
-             Theme::hudPrimaryText(), b.trail());
+        figures(m_p, b.at(rect.width() - 56, 0, 44, h), t.subtitle, Theme::font(12, QFont::DemiBold),
+                Theme::hudPrimaryText(), b.trail());
         return;
     }
     const QString trailing = t.kind == TileKind::Network ? t.subtitle : ownerLine(t);
     const double trailingWidth = t.kind == TileKind::Network ? 150 : 110;
     text(m_p, b.span(38, 0, trailingWidth + 20, h), t.label, Theme::font(12.5), Theme::hudPrimaryText(),
          b.lead());
-    text(m_p, b.at(rect.width() - trailingWidth - 12, 0, trailingWidth, h), trailing,
-         Theme::font(t.kind == TileKind::Network ? 12 : 11, t.kind == TileKind::Network ? QFont::Medium : QFont::Normal),
-         t.kind == TileKind::Network ? Theme::hudPrimaryText() : Theme::hudSecondaryText(), b.trail());
+    const QRectF trailingBox = b.at(rect.width() - trailingWidth - 12, 0, trailingWidth, h);
+    if (t.kind == TileKind::Network)
+        figures(m_p, trailingBox, trailing, Theme::font(12, QFont::Medium), Theme::hudPrimaryText(), b.trail());
+    else
+        text(m_p, trailingBox, trailing, Theme::font(11), Theme::hudSecondaryText(), b.trail());
 }
 
 } // namespace ravlin

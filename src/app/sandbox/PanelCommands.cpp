@@ -101,12 +101,32 @@ DesktopScene scene(SandboxSession& s)
     return scene;
 }
 
+// The panel with some of the desktop around it, for a closer look.
+QImage aroundPanel(CommandContext& c, const QImage& desktop)
+{
+    RavlinBar* bar = c.session.tilePanel();
+    if (!bar || !bar->isVisible())
+        c.fail(QStringLiteral("screenshot region=panel needs the tile panel open"));
+    const double dpr = desktop.devicePixelRatio();
+    const QRectF around = QRectF(bar->window()->geometry()).adjusted(-24, -30, 24, 30);
+    const QRect pixels = QRectF(around.topLeft() * dpr, around.size() * dpr).toRect().intersected(desktop.rect());
+    QImage cropped = desktop.copy(pixels);
+    cropped.setDevicePixelRatio(dpr);
+    return cropped;
+}
+
 void screenshotCommand(CommandContext& c)
 {
     const QString path = c.need(1, QStringLiteral("the file to write"));
+    const auto options = c.options(2);
+    const QString region = options.value(QStringLiteral("region"), QStringLiteral("desktop"));
+    if (region != u"desktop" && region != u"panel")
+        c.fail(QStringLiteral("screenshot takes region=desktop or region=panel"));
     const QFileInfo file(path);
     QDir().mkpath(file.absolutePath());
-    const QImage image = DesktopRenderer().render(scene(c.session));
+    QImage image = DesktopRenderer().render(scene(c.session));
+    if (region == u"panel")
+        image = aroundPanel(c, image);
     if (!image.save(file.absoluteFilePath(), "PNG"))
         c.fail(QStringLiteral("cannot write the screenshot to %1").arg(path));
 }
