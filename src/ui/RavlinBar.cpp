@@ -74,7 +74,7 @@ void RavlinBar::show(const std::vector<BarGroup>& groups, const ScreenRect& anch
     m_frame.height = height;
     positionPanel(height);
     const bool wasVisible = m_panel->isVisible();
-    if (!wasVisible)
+    if (!wasVisible && m_animated)
         m_panel->setWindowOpacity(0);
     m_panel->show();
     NativeWindow::makeMenuBarPanel(m_panel.get());
@@ -169,10 +169,8 @@ void RavlinBar::applyFrame(bool animate)
 void RavlinBar::fadeIn()
 {
     ++m_fades;
-    if (!m_animated) {
-        m_panel->setWindowOpacity(1);
+    if (!m_animated)
         return;
-    }
     auto* fade = new QPropertyAnimation(m_panel.get(), "windowOpacity", m_panel.get());
     fade->setDuration(int(fadeSeconds * 1000));
     fade->setEasingCurve(QEasingCurve::OutCubic);
