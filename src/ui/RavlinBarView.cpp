@@ -35,8 +35,9 @@ RavlinBarView::RavlinBarView(const Sources& sources, PanelRequest request, TileS
     connect(&sources.tiles, &TileModel::changed, this, redraw);
     connect(&sources.stats, &SystemStats::changed, this, redraw);
     connect(&sources.weather, &WeatherService::changed, this, redraw);
+    resize(int(PanelPlacement::panelWidth), height());
     rebuild();
-    resize(int(PanelPlacement::panelWidth), heightForWidth(int(PanelPlacement::panelWidth)));
+    resize(width(), heightForWidth(width()));
 }
 
 void RavlinBarView::rebuild()
