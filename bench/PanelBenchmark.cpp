@@ -20,12 +20,14 @@ static void BuildLayOutAndPaint(benchmark::State& state, TileStyle style)
     world.stats().refresh();
     const PanelContent content(world.stats(), world.weather(), world.tiles(), world.language());
     PanelRequest request;
-    request.groups = PanelWorld::groups(36); // with Wi-Fi and Sound: 38 items, 40 tiles with the permissions
+    request.groups =
+        PanelWorld::groups(36); // with Wi-Fi and Sound: 38 items, 40 tiles with the permissions
     request.hasAccessibility = false;
     request.hasScreenRecording = false;
     for (auto _ : state) {
-        RavlinBarView view({content, world.tiles(), world.stats(), world.weather(), QStringLiteral("none")},
-                           request, style);
+        RavlinBarView view(
+            {content, world.tiles(), world.stats(), world.weather(), QStringLiteral("none")},
+            request, style);
         QImage image(view.size() * 2, QImage::Format_ARGB32_Premultiplied);
         image.setDevicePixelRatio(2);
         image.fill(Qt::transparent);
@@ -33,10 +35,22 @@ static void BuildLayOutAndPaint(benchmark::State& state, TileStyle style)
         benchmark::DoNotOptimize(image.constBits());
     }
 }
-BENCHMARK_CAPTURE(BuildLayOutAndPaint, dashboard, TileStyle::Dashboard)->Unit(benchmark::kMillisecond)->Repetitions(15)->ReportAggregatesOnly(true);
-BENCHMARK_CAPTURE(BuildLayOutAndPaint, capsules, TileStyle::Capsules)->Unit(benchmark::kMillisecond)->Repetitions(15)->ReportAggregatesOnly(true);
-BENCHMARK_CAPTURE(BuildLayOutAndPaint, grid, TileStyle::Grid)->Unit(benchmark::kMillisecond)->Repetitions(15)->ReportAggregatesOnly(true);
-BENCHMARK_CAPTURE(BuildLayOutAndPaint, strip, TileStyle::Strip)->Unit(benchmark::kMillisecond)->Repetitions(15)->ReportAggregatesOnly(true);
+BENCHMARK_CAPTURE(BuildLayOutAndPaint, dashboard, TileStyle::Dashboard)
+    ->Unit(benchmark::kMillisecond)
+    ->Repetitions(15)
+    ->ReportAggregatesOnly(true);
+BENCHMARK_CAPTURE(BuildLayOutAndPaint, capsules, TileStyle::Capsules)
+    ->Unit(benchmark::kMillisecond)
+    ->Repetitions(15)
+    ->ReportAggregatesOnly(true);
+BENCHMARK_CAPTURE(BuildLayOutAndPaint, grid, TileStyle::Grid)
+    ->Unit(benchmark::kMillisecond)
+    ->Repetitions(15)
+    ->ReportAggregatesOnly(true);
+BENCHMARK_CAPTURE(BuildLayOutAndPaint, strip, TileStyle::Strip)
+    ->Unit(benchmark::kMillisecond)
+    ->Repetitions(15)
+    ->ReportAggregatesOnly(true);
 
 int main(int argc, char** argv)
 {

@@ -55,8 +55,8 @@ void DesktopRenderer::wallpaper(QPainter& p, const DesktopScene::Display& d) con
     p.fillRect(r, glow);
 }
 
-void DesktopRenderer::menuBar(QPainter& p, const DesktopScene& scene, const DesktopScene::Display& d,
-                              bool main) const
+void DesktopRenderer::menuBar(QPainter& p, const DesktopScene& scene,
+                              const DesktopScene::Display& d, bool main) const
 {
     const QRectF bar(d.frame.left(), d.frame.top(), d.frame.width(), d.menuBarHeight);
     p.fillRect(bar, QColor(18, 20, 28, 120));
@@ -71,7 +71,8 @@ void DesktopRenderer::menuBar(QPainter& p, const DesktopScene& scene, const Desk
     auto word = [&](const QString& text, const QFont& font) {
         p.setFont(font);
         const double w = p.fontMetrics().horizontalAdvance(text);
-        p.drawText(QRectF(x, bar.top(), w + 2, d.menuBarHeight), Qt::AlignVCenter | Qt::AlignLeft, text);
+        p.drawText(QRectF(x, bar.top(), w + 2, d.menuBarHeight), Qt::AlignVCenter | Qt::AlignLeft,
+                   text);
         x += w + 20;
     };
     word(scene.activeApplication, Theme::font(13, QFont::Bold));
@@ -84,12 +85,14 @@ void DesktopRenderer::statusItem(QPainter& p, const DesktopScene::StatusItem& it
     const QRectF r = item.frame;
     if (item.separator) {
         if (r.width() >= 3)
-            p.fillRect(QRectF(r.center().x() - 0.5, r.top() + r.height() * 0.28, 1, r.height() * 0.44),
-                       QColor(255, 255, 255, 110));
+            p.fillRect(
+                QRectF(r.center().x() - 0.5, r.top() + r.height() * 0.28, 1, r.height() * 0.44),
+                QColor(255, 255, 255, 110));
         return;
     }
     if (!item.image.isNull()) {
-        const QSizeF size = item.image.deviceIndependentSize().scaled(r.size(), Qt::KeepAspectRatio);
+        const QSizeF size =
+            item.image.deviceIndependentSize().scaled(r.size(), Qt::KeepAspectRatio);
         p.drawImage(QRectF(r.center().x() - size.width() / 2, r.center().y() - size.height() / 2,
                            size.width(), size.height()),
                     item.image);
@@ -97,8 +100,9 @@ void DesktopRenderer::statusItem(QPainter& p, const DesktopScene::StatusItem& it
     }
     if (!item.symbol.isEmpty()) {
         const double side = std::min(r.height() * 0.62, 16.0);
-        SymbolRenderer::paint(p, QRectF(r.center().x() - side / 2, r.center().y() - side / 2, side, side),
-                              item.symbol, Theme::hudPrimaryText());
+        SymbolRenderer::paint(
+            p, QRectF(r.center().x() - side / 2, r.center().y() - side / 2, side, side),
+            item.symbol, Theme::hudPrimaryText());
     }
 }
 

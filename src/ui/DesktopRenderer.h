@@ -44,7 +44,8 @@ public:
 
 private:
     void wallpaper(QPainter& p, const DesktopScene::Display& d) const;
-    void menuBar(QPainter& p, const DesktopScene& scene, const DesktopScene::Display& d, bool main) const;
+    void menuBar(QPainter& p, const DesktopScene& scene, const DesktopScene::Display& d,
+                 bool main) const;
     void statusItem(QPainter& p, const DesktopScene::StatusItem& item) const;
     void window(QPainter& p, QWidget* w) const;
 };

@@ -7,10 +7,10 @@
 namespace ravlin {
 namespace {
 
-constexpr double rowGap = 8;       // dashboard and capsules, both directions
-constexpr double stackGap = 6;     // weather header and permission tiles
-constexpr double stripGap = 4;     // between strip rows
-constexpr double gridGap = 7;      // the grid's flow, both directions
+constexpr double rowGap = 8;   // dashboard and capsules, both directions
+constexpr double stackGap = 6; // weather header and permission tiles
+constexpr double stripGap = 4; // between strip rows
+constexpr double gridGap = 7;  // the grid's flow, both directions
 constexpr double gridColumns = 4;
 constexpr double gridHeight = 72;
 constexpr double emptyNoteHeight = 34;
@@ -18,15 +18,22 @@ constexpr double emptyNoteHeight = 34;
 double heightOf(const PanelTile& tile, TileStyle style)
 {
     switch (tile.kind) {
-    case TileKind::Weather: return 58;
-    case TileKind::Permission: return 48;
-    default: break;
+    case TileKind::Weather:
+        return 58;
+    case TileKind::Permission:
+        return 48;
+    default:
+        break;
     }
     switch (style) {
-    case TileStyle::Dashboard: return tile.kind == TileKind::Stat ? 62 : 50;
-    case TileStyle::Capsules: return 40;
-    case TileStyle::Grid: return gridHeight;
-    case TileStyle::Strip: return 34;
+    case TileStyle::Dashboard:
+        return tile.kind == TileKind::Stat ? 62 : 50;
+    case TileStyle::Capsules:
+        return 40;
+    case TileStyle::Grid:
+        return gridHeight;
+    case TileStyle::Strip:
+        return 34;
     }
     return 40;
 }
@@ -38,7 +45,8 @@ bool fullWidth(const PanelTile& tile)
 
 class Builder {
 public:
-    Builder(TileStyle style, double width) : m_style(style), m_inner(width - 2 * PanelLayout::padding)
+    Builder(TileStyle style, double width)
+        : m_style(style), m_inner(width - 2 * PanelLayout::padding)
     {
         m_y = PanelLayout::padding;
     }
@@ -71,7 +79,10 @@ public:
         m_y += emptyNoteHeight;
     }
 
-    double height() const { return m_started ? m_y + PanelLayout::padding : 2 * PanelLayout::padding; }
+    double height() const
+    {
+        return m_started ? m_y + PanelLayout::padding : 2 * PanelLayout::padding;
+    }
 
 private:
     double x0() const { return PanelLayout::padding; }
@@ -104,7 +115,8 @@ private:
         std::vector<std::size_t> indices(section.tiles.size());
         for (std::size_t i = 0; i < indices.size(); ++i)
             indices[i] = i;
-        const auto packed = packRows(indices, [&](std::size_t i) { return fullWidth(section.tiles[i]); });
+        const auto packed =
+            packRows(indices, [&](std::size_t i) { return fullWidth(section.tiles[i]); });
         const double half = (m_inner - rowGap) / 2;
         for (std::size_t r = 0; r < packed.size(); ++r) {
             double rowHeight = 0;
@@ -133,8 +145,8 @@ QRectF mirrored(const QRectF& r, double width)
 
 } // namespace
 
-PanelLayout PanelLayout::make(const std::vector<PanelSection>& sections, TileStyle style, double width,
-                              bool rightToLeft, bool noteEmpty)
+PanelLayout PanelLayout::make(const std::vector<PanelSection>& sections, TileStyle style,
+                              double width, bool rightToLeft, bool noteEmpty)
 {
     PanelLayout out;
     Builder builder(style, width);

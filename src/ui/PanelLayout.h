@@ -35,8 +35,8 @@ struct PanelLayout {
     double height = 0;
 
     // Lays the sections out for a panel `width` wide; right-to-left mirrors every rectangle.
-    static PanelLayout make(const std::vector<PanelSection>& sections, TileStyle style, double width,
-                            bool rightToLeft, bool noteEmpty);
+    static PanelLayout make(const std::vector<PanelSection>& sections, TileStyle style,
+                            double width, bool rightToLeft, bool noteEmpty);
 
     // The tile under a point, if any.
     const PlacedTile* tileAt(const QPointF& point) const;

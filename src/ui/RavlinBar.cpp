@@ -65,7 +65,8 @@ void RavlinBar::show(const std::vector<BarGroup>& groups, const ScreenRect& anch
         m_container->deleteLater();
     }
     auto* container = new HudContainer(m_panel.get());
-    container->setNativeBackground(NativeWindow::addHudBackground(m_panel.get(), HudContainer::cornerRadius));
+    container->setNativeBackground(
+        NativeWindow::addHudBackground(m_panel.get(), HudContainer::cornerRadius));
     container->setContent(view);
     container->resize(int(P::panelWidth), int(height));
     m_container = container;
@@ -201,7 +202,8 @@ std::optional<ScreenRect> RavlinBar::frame() const
 
 void RavlinBar::openWeather()
 {
-    if (const std::optional<QString> url = m_s.workspace.urlForApplication(QStringLiteral("com.apple.weather")))
+    if (const std::optional<QString> url =
+            m_s.workspace.urlForApplication(QStringLiteral("com.apple.weather")))
         m_s.workspace.openApplication(*url, true);
 }
 

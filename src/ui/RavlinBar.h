@@ -53,8 +53,8 @@ public:
     explicit RavlinBar(RavlinBarServices services);
     ~RavlinBar() override;
 
-    void show(const std::vector<BarGroup>& groups, const ScreenRect& anchor, ItemCallback onActivate,
-              StatCallback onStat) override;
+    void show(const std::vector<BarGroup>& groups, const ScreenRect& anchor,
+              ItemCallback onActivate, StatCallback onStat) override;
     void hide() override;
     bool isVisible() const override;
 

@@ -18,13 +18,10 @@ constexpr double dragDistance = 4;
 
 } // namespace
 
-RavlinBarView::RavlinBarView(const Sources& sources, PanelRequest request, TileStyle style, QWidget* parent)
-    : QWidget(parent),
-      m_content(sources.content),
-      m_tiles(sources.tiles),
-      m_request(std::move(request)),
-      m_style(style),
-      m_emptyText(sources.emptyText)
+RavlinBarView::RavlinBarView(const Sources& sources, PanelRequest request, TileStyle style,
+                             QWidget* parent)
+    : QWidget(parent), m_content(sources.content), m_tiles(sources.tiles),
+      m_request(std::move(request)), m_style(style), m_emptyText(sources.emptyText)
 {
     setAttribute(Qt::WA_TranslucentBackground);
     setMouseTracking(true);
@@ -231,7 +228,8 @@ void RavlinBarView::paintEvent(QPaintEvent*)
         state.hovered = m_hover == t.key && !m_dragging;
         state.pressed = m_pressed == t.key && !m_dragging && m_hover == t.key;
         state.lifted = m_dragging && m_pressed == t.key;
-        state.dropTarget = m_dragging && under == t.key && t.kind == TileKind::Item && m_pressed != t.key;
+        state.dropTarget =
+            m_dragging && under == t.key && t.kind == TileKind::Item && m_pressed != t.key;
         tiles.tile(t, p.rect, state);
     }
     if (m_dragging)
@@ -247,7 +245,8 @@ void RavlinBarView::paintDragged(QPainter& painter)
     TileState state;
     state.hovered = true;
     state.floating = true;
-    TilePainter(painter, m_style, isRightToLeft()).tile(tileOf(*p), p->rect.translated(m_pointer - m_pressPoint), state);
+    TilePainter(painter, m_style, isRightToLeft())
+        .tile(tileOf(*p), p->rect.translated(m_pointer - m_pressPoint), state);
 }
 
 } // namespace ravlin

@@ -32,7 +32,8 @@ public:
         QString emptyText; // shown when there are no hidden items
     };
 
-    RavlinBarView(const Sources& sources, PanelRequest request, TileStyle style, QWidget* parent = nullptr);
+    RavlinBarView(const Sources& sources, PanelRequest request, TileStyle style,
+                  QWidget* parent = nullptr);
 
     std::function<void(const BarItem&)> onActivate;
     std::function<void(const Stat&)> onStat;

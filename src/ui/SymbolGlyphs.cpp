@@ -8,11 +8,11 @@ const QHash<QString, char32_t>& symbolGlyphs()
 {
     static const QHash<QString, char32_t> map = {
         // the status items and arrange mode
-        {QStringLiteral("chevron.left"), 0xe5cb},          // chevron_left
-        {QStringLiteral("chevron.right"), 0xe5cc},         // chevron_right
-        {QStringLiteral("arrow.left.and.right"), 0xe8d4},  // swap_horiz
-        {QStringLiteral("eye"), 0xe8f4},                   // visibility
-        {QStringLiteral("eye.slash"), 0xe8f5},             // visibility_off
+        {QStringLiteral("chevron.left"), 0xe5cb},         // chevron_left
+        {QStringLiteral("chevron.right"), 0xe5cc},        // chevron_right
+        {QStringLiteral("arrow.left.and.right"), 0xe8d4}, // swap_horiz
+        {QStringLiteral("eye"), 0xe8f4},                  // visibility
+        {QStringLiteral("eye.slash"), 0xe8f5},            // visibility_off
         // system items
         {QStringLiteral("wifi"), 0xe63e},                          // wifi
         {QStringLiteral("dot.radiowaves.left.and.right"), 0xe1a7}, // bluetooth

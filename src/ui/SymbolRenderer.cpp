@@ -16,7 +16,8 @@ const QStringList& SymbolRenderer::knownSymbols()
     return names;
 }
 
-QImage SymbolRenderer::image(const QString& name, double pointSize, const QColor& color, double devicePixelRatio)
+QImage SymbolRenderer::image(const QString& name, double pointSize, const QColor& color,
+                             double devicePixelRatio)
 {
     if (!symbolGlyphs().contains(name))
         return {};

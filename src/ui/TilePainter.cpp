@@ -46,8 +46,8 @@ QBrush glass(const QRectF& r, int alpha)
 }
 
 // Alignment is absolute: callers have already chosen the side for the reading direction.
-void text(QPainter& p, const QRectF& rect, const QString& s, const QFont& font, const QColor& colour,
-          Qt::Alignment align)
+void text(QPainter& p, const QRectF& rect, const QString& s, const QFont& font,
+          const QColor& colour, Qt::Alignment align)
 {
     p.setFont(font);
     p.setPen(colour);
@@ -56,8 +56,8 @@ void text(QPainter& p, const QRectF& rect, const QString& s, const QFont& font, 
 }
 
 // Figures, rates and temperatures read left to right in every language.
-void figures(QPainter& p, const QRectF& rect, const QString& s, const QFont& font, const QColor& colour,
-             Qt::Alignment align)
+void figures(QPainter& p, const QRectF& rect, const QString& s, const QFont& font,
+             const QColor& colour, Qt::Alignment align)
 {
     const Qt::LayoutDirection direction = p.layoutDirection();
     p.setLayoutDirection(Qt::LeftToRight);
@@ -68,7 +68,8 @@ void figures(QPainter& p, const QRectF& rect, const QString& s, const QFont& fon
 QRectF fitted(const QSizeF& size, const QRectF& box)
 {
     const QSizeF s = size.scaled(box.size(), Qt::KeepAspectRatio);
-    return {box.center().x() - s.width() / 2, box.center().y() - s.height() / 2, s.width(), s.height()};
+    return {box.center().x() - s.width() / 2, box.center().y() - s.height() / 2, s.width(),
+            s.height()};
 }
 
 void image(QPainter& p, const QImage& img, const QRectF& box)
@@ -173,9 +174,12 @@ double TilePainter::cornerRadius(const PanelTile& tile, const QRectF& rect) cons
     if (tile.kind == TileKind::Weather || tile.kind == TileKind::Permission)
         return 14;
     switch (m_style) {
-    case TileStyle::Capsules: return rect.height() / 2;
-    case TileStyle::Strip: return 9;
-    default: return 14;
+    case TileStyle::Capsules:
+        return rect.height() / 2;
+    case TileStyle::Strip:
+        return 9;
+    default:
+        return 14;
     }
 }
 
@@ -208,14 +212,26 @@ void TilePainter::tile(const PanelTile& tile, const QRectF& rect, const TileStat
     m_p.setBrush(glass(inner, fill));
     m_p.drawRoundedRect(inner, innerRadius, innerRadius);
     switch (tile.kind) {
-    case TileKind::Weather: weather(tile, rect); break;
-    case TileKind::Permission: permission(tile, rect); break;
+    case TileKind::Weather:
+        weather(tile, rect);
+        break;
+    case TileKind::Permission:
+        permission(tile, rect);
+        break;
     default:
         switch (m_style) {
-        case TileStyle::Dashboard: dashboard(tile, rect); break;
-        case TileStyle::Capsules: capsule(tile, rect); break;
-        case TileStyle::Grid: gridCell(tile, rect); break;
-        case TileStyle::Strip: stripRow(tile, rect); break;
+        case TileStyle::Dashboard:
+            dashboard(tile, rect);
+            break;
+        case TileStyle::Capsules:
+            capsule(tile, rect);
+            break;
+        case TileStyle::Grid:
+            gridCell(tile, rect);
+            break;
+        case TileStyle::Strip:
+            stripRow(tile, rect);
+            break;
         }
     }
     m_p.restore();
@@ -242,12 +258,14 @@ void TilePainter::emptyNote(const QString& note, const QRectF& rect)
 void TilePainter::weather(const PanelTile& t, const QRectF& rect)
 {
     const Box b{rect, m_rtl};
-    SymbolRenderer::paint(m_p, b.at(12, 13, 32, 32), t.symbol, t.accent.value_or(Theme::systemBlue()));
+    SymbolRenderer::paint(m_p, b.at(12, 13, 32, 32), t.symbol,
+                          t.accent.value_or(Theme::systemBlue()));
     SymbolRenderer::paint(m_p, b.at(54, 13, 11, 11), QStringLiteral("location.fill"),
                           Theme::hudSecondaryText());
-    text(m_p, b.span(69, 9, 110, 19), t.label, Theme::font(13, QFont::DemiBold), Theme::hudPrimaryText(),
+    text(m_p, b.span(69, 9, 110, 19), t.label, Theme::font(13, QFont::DemiBold),
+         Theme::hudPrimaryText(), b.lead());
+    text(m_p, b.span(54, 30, 110, 16), t.note, Theme::font(11), Theme::hudSecondaryText(),
          b.lead());
-    text(m_p, b.span(54, 30, 110, 16), t.note, Theme::font(11), Theme::hudSecondaryText(), b.lead());
     figures(m_p, b.at(rect.width() - 112, 5, 100, 30), t.subtitle, Theme::font(25, QFont::Light),
             Theme::hudPrimaryText(), b.trail());
     figures(m_p, b.at(rect.width() - 152, 36, 140, 15), t.detail, Theme::font(10.5),
@@ -258,10 +276,12 @@ void TilePainter::permission(const PanelTile& t, const QRectF& rect)
 {
     const Box b{rect, m_rtl};
     disc(m_p, t, b.at(10, (rect.height() - 30) / 2, 30, 30));
-    text(m_p, b.span(50, 7, 34, 18), t.label, Theme::font(12.5, QFont::DemiBold), Theme::hudPrimaryText(),
+    text(m_p, b.span(50, 7, 34, 18), t.label, Theme::font(12.5, QFont::DemiBold),
+         Theme::hudPrimaryText(), b.lead());
+    text(m_p, b.span(50, 25, 34, 15), t.subtitle, Theme::font(10.5), Theme::hudSecondaryText(),
          b.lead());
-    text(m_p, b.span(50, 25, 34, 15), t.subtitle, Theme::font(10.5), Theme::hudSecondaryText(), b.lead());
-    const QString chevron = m_rtl ? QStringLiteral("chevron.left") : QStringLiteral("chevron.right");
+    const QString chevron =
+        m_rtl ? QStringLiteral("chevron.left") : QStringLiteral("chevron.right");
     SymbolRenderer::paint(m_p, b.at(rect.width() - 26, (rect.height() - 16) / 2, 16, 16), chevron,
                           Theme::hudSecondaryText());
 }
@@ -275,28 +295,30 @@ void TilePainter::dashboard(const PanelTile& t, const QRectF& rect)
         const QRectF gauge = b.at(11, (h - 40) / 2, 40, 40);
         ring(m_p, gauge, t.percent.value_or(0), accent, 4.5);
         SymbolRenderer::paint(m_p, gauge.adjusted(12, 12, -12, -12), t.symbol, accent);
-        text(m_p, b.span(61, h / 2 - 17, 8, 15), t.label, Theme::font(11), Theme::hudSecondaryText(), b.lead());
+        text(m_p, b.span(61, h / 2 - 17, 8, 15), t.label, Theme::font(11),
+             Theme::hudSecondaryText(), b.lead());
         figures(m_p, b.span(61, h / 2 - 2, 8, 21), t.subtitle, Theme::font(17, QFont::DemiBold),
                 Theme::hudPrimaryText(), b.lead());
         return;
     }
     disc(m_p, t, b.at(10, (h - 30) / 2, 30, 30));
     if (t.kind == TileKind::Network) {
-        text(m_p, b.span(50, 0, 160, h), t.label, Theme::font(12.5, QFont::DemiBold), Theme::hudPrimaryText(),
-             b.lead());
+        text(m_p, b.span(50, 0, 160, h), t.label, Theme::font(12.5, QFont::DemiBold),
+             Theme::hudPrimaryText(), b.lead());
         figures(m_p, b.span(130, 0, 14, h), t.subtitle, Theme::font(12.5, QFont::Medium),
                 Theme::hudPrimaryText(), b.trail());
         return;
     }
     const QString owner = ownerLine(t);
     if (owner.isEmpty()) {
-        text(m_p, b.span(48, 0, 10, h), t.label, Theme::font(12.5, QFont::DemiBold), Theme::hudPrimaryText(),
-             b.lead());
+        text(m_p, b.span(48, 0, 10, h), t.label, Theme::font(12.5, QFont::DemiBold),
+             Theme::hudPrimaryText(), b.lead());
         return;
     }
     text(m_p, b.span(48, h / 2 - 16, 10, 17), t.label, Theme::font(12.5, QFont::DemiBold),
          Theme::hudPrimaryText(), b.lead());
-    text(m_p, b.span(48, h / 2 + 1, 10, 14), owner, Theme::font(10.5), Theme::hudSecondaryText(), b.lead());
+    text(m_p, b.span(48, h / 2 + 1, 10, 14), owner, Theme::font(10.5), Theme::hudSecondaryText(),
+         b.lead());
 }
 
 void TilePainter::capsule(const PanelTile& t, const QRectF& rect)
@@ -307,19 +329,20 @@ void TilePainter::capsule(const PanelTile& t, const QRectF& rect)
     const double x = h + 2;
     switch (t.kind) {
     case TileKind::Stat:
-        text(m_p, b.span(x, h / 2 - 14, 14, 13), t.label, Theme::font(10.5), Theme::hudSecondaryText(), b.lead());
+        text(m_p, b.span(x, h / 2 - 14, 14, 13), t.label, Theme::font(10.5),
+             Theme::hudSecondaryText(), b.lead());
         figures(m_p, b.span(x, h / 2 - 1, 14, 16), t.subtitle, Theme::font(13, QFont::DemiBold),
                 Theme::hudPrimaryText(), b.lead());
         break;
     case TileKind::Network:
-        text(m_p, b.span(x, 0, 170, h), t.label, Theme::font(12.5, QFont::Medium), Theme::hudPrimaryText(),
-             b.lead());
+        text(m_p, b.span(x, 0, 170, h), t.label, Theme::font(12.5, QFont::Medium),
+             Theme::hudPrimaryText(), b.lead());
         figures(m_p, b.span(110, 0, 16, h), t.subtitle, Theme::font(12.5, QFont::DemiBold),
                 Theme::hudPrimaryText(), b.trail());
         break;
     default:
-        text(m_p, b.span(x, 0, 14, h), t.label, Theme::font(12.5, QFont::Medium), Theme::hudPrimaryText(),
-             b.lead());
+        text(m_p, b.span(x, 0, 14, h), t.label, Theme::font(12.5, QFont::Medium),
+             Theme::hudPrimaryText(), b.lead());
     }
 }
 
@@ -330,8 +353,8 @@ void TilePainter::gridCell(const PanelTile& t, const QRectF& rect)
     const QColor accent = t.accent.value_or(Theme::systemBlue());
     if (t.kind == TileKind::Network) {
         disc(m_p, t, b.at(10, 10, 30, 30));
-        text(m_p, b.span(48, 10, 8, 30), t.label, Theme::font(11.5, QFont::DemiBold), Theme::hudPrimaryText(),
-             b.lead());
+        text(m_p, b.span(48, 10, 8, 30), t.label, Theme::font(11.5, QFont::DemiBold),
+             Theme::hudPrimaryText(), b.lead());
         figures(m_p, b.span(10, 47, 8, 16), t.detail, Theme::font(10.5, QFont::Medium),
                 Theme::hudSecondaryText(), b.lead());
         return;
@@ -339,8 +362,8 @@ void TilePainter::gridCell(const PanelTile& t, const QRectF& rect)
     const QRectF top(rect.left() + (w - 34) / 2, rect.top() + 9, 34, 34);
     if (t.kind == TileKind::Stat) {
         ring(m_p, top, t.percent.value_or(0), accent, 3.5);
-        text(m_p, top, QString::number(qRound(t.percent.value_or(0))), Theme::font(11, QFont::DemiBold),
-             Theme::hudPrimaryText(), Qt::AlignHCenter);
+        text(m_p, top, QString::number(qRound(t.percent.value_or(0))),
+             Theme::font(11, QFont::DemiBold), Theme::hudPrimaryText(), Qt::AlignHCenter);
     } else {
         disc(m_p, t, top);
     }
@@ -355,19 +378,22 @@ void TilePainter::stripRow(const PanelTile& t, const QRectF& rect)
     const QColor accent = t.accent.value_or(Theme::systemBlue());
     itemMark(m_p, t, b.at(10, (h - 18) / 2, 18, 18), accent);
     if (t.kind == TileKind::Stat) {
-        text(m_p, b.span(38, 0, 130, h), t.label, Theme::font(12.5), Theme::hudPrimaryText(), b.lead());
-        bar(m_p, b.at(rect.width() - 128, (h - 5) / 2, 62, 5), t.percent.value_or(0), accent, m_rtl);
-        figures(m_p, b.at(rect.width() - 56, 0, 44, h), t.subtitle, Theme::font(12, QFont::DemiBold),
-                Theme::hudPrimaryText(), b.trail());
+        text(m_p, b.span(38, 0, 130, h), t.label, Theme::font(12.5), Theme::hudPrimaryText(),
+             b.lead());
+        bar(m_p, b.at(rect.width() - 128, (h - 5) / 2, 62, 5), t.percent.value_or(0), accent,
+            m_rtl);
+        figures(m_p, b.at(rect.width() - 56, 0, 44, h), t.subtitle,
+                Theme::font(12, QFont::DemiBold), Theme::hudPrimaryText(), b.trail());
         return;
     }
     const QString trailing = t.kind == TileKind::Network ? t.subtitle : ownerLine(t);
     const double trailingWidth = t.kind == TileKind::Network ? 150 : 110;
-    text(m_p, b.span(38, 0, trailingWidth + 20, h), t.label, Theme::font(12.5), Theme::hudPrimaryText(),
-         b.lead());
+    text(m_p, b.span(38, 0, trailingWidth + 20, h), t.label, Theme::font(12.5),
+         Theme::hudPrimaryText(), b.lead());
     const QRectF trailingBox = b.at(rect.width() - trailingWidth - 12, 0, trailingWidth, h);
     if (t.kind == TileKind::Network)
-        figures(m_p, trailingBox, trailing, Theme::font(12, QFont::Medium), Theme::hudPrimaryText(), b.trail());
+        figures(m_p, trailingBox, trailing, Theme::font(12, QFont::Medium), Theme::hudPrimaryText(),
+                b.trail());
     else
         text(m_p, trailingBox, trailing, Theme::font(11), Theme::hudSecondaryText(), b.trail());
 }

@@ -2,8 +2,8 @@
 // how it closes.
 #include "support/PanelWorld.h"
 
-#include "core/settings/Preferences.h"
 #include "core/settings/LanguageManager.h"
+#include "core/settings/Preferences.h"
 #include "core/sysinfo/SystemStats.h"
 #include "platform/sim/SimSystemProbe.h"
 #include "ui/RavlinBar.h"
@@ -25,7 +25,8 @@ class PanelTest : public ::testing::Test {
 protected:
     void show(std::vector<BarGroup> groups = PanelWorld::groups(3), ScreenRect anchor = rightEnd)
     {
-        bar->show(groups, anchor, [](const BarItem&) {}, [](const Stat&) {});
+        bar->show(
+            groups, anchor, [](const BarItem&) {}, [](const Stat&) {});
     }
 
     PanelWorld world;

@@ -4,8 +4,8 @@
 
 #include "core/settings/Preferences.h"
 #include "core/sysinfo/SystemStats.h"
-#include "platform/sim/SimSystemProbe.h"
 #include "core/tiles/TileModel.h"
+#include "platform/sim/SimSystemProbe.h"
 #include "ui/RavlinBarView.h"
 
 #include <QCoreApplication>
@@ -23,13 +23,15 @@ class ViewTest : public ::testing::Test {
 protected:
     ViewTest() { world.stats().refresh(); }
 
-    std::unique_ptr<RavlinBarView> view(TileStyle style, std::vector<BarGroup> groups = PanelWorld::groups(5),
+    std::unique_ptr<RavlinBarView> view(TileStyle style,
+                                        std::vector<BarGroup> groups = PanelWorld::groups(5),
                                         Qt::LayoutDirection direction = Qt::LeftToRight)
     {
         PanelRequest request;
         request.groups = std::move(groups);
         auto v = std::make_unique<RavlinBarView>(
-            RavlinBarView::Sources{content, world.tiles(), world.stats(), world.weather(), QStringLiteral("none")},
+            RavlinBarView::Sources{content, world.tiles(), world.stats(), world.weather(),
+                                   QStringLiteral("none")},
             request, style);
         v->setLayoutDirection(direction);
         v->onActivate = [this](const BarItem& item) { activated.append(item.key); };
@@ -40,7 +42,8 @@ protected:
 
     static void send(QWidget& w, QEvent::Type type, QPointF at)
     {
-        const Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+        const Qt::MouseButtons held =
+            type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
         QMouseEvent event(type, at, w.mapToGlobal(at), Qt::LeftButton, held, Qt::NoModifier);
         QCoreApplication::sendEvent(&w, &event);
     }
@@ -107,7 +110,8 @@ TEST_F(ViewTest, TheGridFlowsFourCellsToALineAndStripStacksFullRows)
     EXPECT_DOUBLE_EQ(grid->tileRect(QStringLiteral("sys.net"))->width(), 2 * 65.75 + 7);
     const auto strip = view(TileStyle::Strip);
     EXPECT_EQ(strip->tileRect(QStringLiteral("n:Item 1"))->width(), 284);
-    EXPECT_EQ(strip->tileRect(QStringLiteral("n:Item 2"))->top(), strip->tileRect(QStringLiteral("n:Item 1"))->bottom() + 4);
+    EXPECT_EQ(strip->tileRect(QStringLiteral("n:Item 2"))->top(),
+              strip->tileRect(QStringLiteral("n:Item 1"))->bottom() + 4);
 }
 
 TEST_F(ViewTest, RightToLeftMirrorsEveryTile)
@@ -122,7 +126,8 @@ TEST_F(ViewTest, RightToLeftMirrorsEveryTile)
             EXPECT_DOUBLE_EQ(mirrored.left(), 308 - placed.rect.right()) << key.toStdString();
             EXPECT_DOUBLE_EQ(mirrored.top(), placed.rect.top());
         }
-        EXPECT_DOUBLE_EQ(rtl->panelLayout().headers[0].rect.left(), 308 - ltr->panelLayout().headers[0].rect.right());
+        EXPECT_DOUBLE_EQ(rtl->panelLayout().headers[0].rect.left(),
+                         308 - ltr->panelLayout().headers[0].rect.right());
     }
 }
 
@@ -144,27 +149,33 @@ TEST_F(ViewTest, AClickReachesTheTileUnderThePointerAndNothingElse)
     send(*v, QEvent::MouseButtonRelease, QPointF(cpu.right() + 4, cpu.center().y()));
     send(*v, QEvent::MouseButtonPress, cpu.center());
     send(*v, QEvent::MouseButtonRelease, v->tileRect(QStringLiteral("sys.ram"))->center());
-    EXPECT_EQ(activated, (QStringList{QStringLiteral("n:Item 2"), QStringLiteral("sys.net"), QStringLiteral("weather")}));
+    EXPECT_EQ(activated, (QStringList{QStringLiteral("n:Item 2"), QStringLiteral("sys.net"),
+                                      QStringLiteral("weather")}));
 }
 
 TEST_F(ViewTest, DraggingAnItemOntoAnotherPutsItInFront)
 {
     const auto v = view(TileStyle::Grid);
-    drag(*v, v->tileRect(QStringLiteral("n:Item 4"))->center(), v->tileRect(QStringLiteral("n:Item 2"))->center());
+    drag(*v, v->tileRect(QStringLiteral("n:Item 4"))->center(),
+         v->tileRect(QStringLiteral("n:Item 2"))->center());
     EXPECT_TRUE(activated.isEmpty());
     EXPECT_EQ(world.tiles().rev(), 1);
-    EXPECT_EQ(world.tiles().order().mid(0, 5), (QStringList{QStringLiteral("n:Item 1"), QStringLiteral("n:Item 4"),
-                                                            QStringLiteral("n:Item 2"), QStringLiteral("n:Item 3"),
-                                                            QStringLiteral("n:Item 5")}));
+    EXPECT_EQ(world.tiles().order().mid(0, 5),
+              (QStringList{QStringLiteral("n:Item 1"), QStringLiteral("n:Item 4"),
+                           QStringLiteral("n:Item 2"), QStringLiteral("n:Item 3"),
+                           QStringLiteral("n:Item 5")}));
     // The view follows the new order at once.
-    EXPECT_LT(v->tileRect(QStringLiteral("n:Item 4"))->left(), v->tileRect(QStringLiteral("n:Item 2"))->left());
+    EXPECT_LT(v->tileRect(QStringLiteral("n:Item 4"))->left(),
+              v->tileRect(QStringLiteral("n:Item 2"))->left());
 }
 
 TEST_F(ViewTest, StatisticsCannotBeDraggedNorDroppedOn)
 {
     const auto v = view(TileStyle::Dashboard);
-    drag(*v, v->tileRect(QStringLiteral("n:Item 1"))->center(), v->tileRect(QStringLiteral("sys.cpu"))->center());
-    drag(*v, v->tileRect(QStringLiteral("sys.cpu"))->center(), v->tileRect(QStringLiteral("n:Item 1"))->center());
+    drag(*v, v->tileRect(QStringLiteral("n:Item 1"))->center(),
+         v->tileRect(QStringLiteral("sys.cpu"))->center());
+    drag(*v, v->tileRect(QStringLiteral("sys.cpu"))->center(),
+         v->tileRect(QStringLiteral("n:Item 1"))->center());
     EXPECT_EQ(world.tiles().rev(), 0);
     EXPECT_FALSE(v->dropTile(QStringLiteral("sys.cpu"), QStringLiteral("n:Item 1")));
     EXPECT_FALSE(v->clickTile(QStringLiteral("no such tile")));

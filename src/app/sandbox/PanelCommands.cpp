@@ -69,7 +69,8 @@ DesktopScene::StatusItem ownItem(const SimStatusItem& item, const WindowServerRe
     DesktopScene::StatusItem shown;
     shown.frame = QRectF(frame.x, frame.y, frame.width, frame.height);
     shown.symbol = item.image();
-    shown.separator = item.autosaveName() != StatusBarController::mainName && item.image().isEmpty();
+    shown.separator =
+        item.autosaveName() != StatusBarController::mainName && item.image().isEmpty();
     return shown;
 }
 
@@ -91,7 +92,8 @@ DesktopScene scene(SandboxSession& s)
             continue;
         }
         DesktopScene::StatusItem item;
-        item.frame = QRectF(placed.frame.x, placed.frame.y, placed.frame.width, placed.frame.height);
+        item.frame =
+            QRectF(placed.frame.x, placed.frame.y, placed.frame.width, placed.frame.height);
         item.image = s.platform().windowServer->windowImage(std::uint32_t(placed.item.window));
         scene.items.push_back(item);
     }
@@ -109,7 +111,8 @@ QImage aroundPanel(CommandContext& c, const QImage& desktop)
         c.fail(QStringLiteral("screenshot region=panel needs the tile panel open"));
     const double dpr = desktop.devicePixelRatio();
     const QRectF around = QRectF(bar->window()->geometry()).adjusted(-24, -30, 24, 30);
-    const QRect pixels = QRectF(around.topLeft() * dpr, around.size() * dpr).toRect().intersected(desktop.rect());
+    const QRect pixels =
+        QRectF(around.topLeft() * dpr, around.size() * dpr).toRect().intersected(desktop.rect());
     QImage cropped = desktop.copy(pixels);
     cropped.setDevicePixelRatio(dpr);
     return cropped;
@@ -158,8 +161,9 @@ QJsonArray sectionsJson(const RavlinBarView& view)
         QJsonArray tiles;
         for (const PanelTile& t : section.tiles)
             tiles.append(tileJson(t, view.tileRect(t.key).value_or(QRectF())));
-        sections.append(QJsonObject{{QStringLiteral("title"), section.title ? QJsonValue(*section.title) : QJsonValue()},
-                                    {QStringLiteral("tiles"), tiles}});
+        sections.append(QJsonObject{
+            {QStringLiteral("title"), section.title ? QJsonValue(*section.title) : QJsonValue()},
+            {QStringLiteral("tiles"), tiles}});
     }
     return sections;
 }

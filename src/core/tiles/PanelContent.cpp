@@ -42,11 +42,16 @@ QString wholeDegrees(std::optional<double> celsius)
 QString tileKindName(TileKind kind)
 {
     switch (kind) {
-    case TileKind::Weather: return QStringLiteral("weather");
-    case TileKind::Stat: return QStringLiteral("stat");
-    case TileKind::Network: return QStringLiteral("network");
-    case TileKind::Item: return QStringLiteral("item");
-    case TileKind::Permission: return QStringLiteral("permission");
+    case TileKind::Weather:
+        return QStringLiteral("weather");
+    case TileKind::Stat:
+        return QStringLiteral("stat");
+    case TileKind::Network:
+        return QStringLiteral("network");
+    case TileKind::Item:
+        return QStringLiteral("item");
+    case TileKind::Permission:
+        return QStringLiteral("permission");
     }
     return {};
 }

@@ -13,7 +13,8 @@ bool overlaps(const ScreenRect& a, const ScreenRect& b)
 
 } // namespace
 
-std::optional<ScreenInfo> screenFor(const ScreenRect& anchor, const std::vector<ScreenInfo>& screens,
+std::optional<ScreenInfo> screenFor(const ScreenRect& anchor,
+                                    const std::vector<ScreenInfo>& screens,
                                     const std::optional<ScreenInfo>& mainScreen)
 {
     for (const ScreenInfo& screen : screens)

@@ -19,7 +19,8 @@ constexpr double gapBelowAnchor = 6;
 constexpr double refitTolerance = 0.5;
 
 // The first screen whose frame overlaps the anchor; the main screen when none does.
-std::optional<ScreenInfo> screenFor(const ScreenRect& anchor, const std::vector<ScreenInfo>& screens,
+std::optional<ScreenInfo> screenFor(const ScreenRect& anchor,
+                                    const std::vector<ScreenInfo>& screens,
                                     const std::optional<ScreenInfo>& mainScreen);
 
 // The panel's bottom-left corner (screen coordinates): its right edge on the

@@ -18,7 +18,7 @@ QString tileKindName(TileKind kind);
 // Everything a tile shows, decided before anything is drawn.
 struct PanelTile {
     TileKind kind = TileKind::Item;
-    QString key;      // item key, "sys.cpu"…, "weather", "bar.grant"/"bar.grantAX"
+    QString key; // item key, "sys.cpu"…, "weather", "bar.grant"/"bar.grantAX"
     QString label;
     QString subtitle; // may be empty
     QString detail;   // may be empty

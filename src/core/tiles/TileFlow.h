@@ -18,9 +18,11 @@ struct TileFlow {
     double spacing = 10;     // after every tile in a line
     double lineSpacing = 12; // between lines
 
-    QSizeF sizeThatFits(std::optional<double> proposedWidth, const std::vector<QSizeF>& ideal) const;
+    QSizeF sizeThatFits(std::optional<double> proposedWidth,
+                        const std::vector<QSizeF>& ideal) const;
     // Top-leading corners of the tiles within bounds.
-    std::vector<QPointF> placeSubviews(const QRectF& bounds, const std::vector<QSizeF>& ideal) const;
+    std::vector<QPointF> placeSubviews(const QRectF& bounds,
+                                       const std::vector<QSizeF>& ideal) const;
 
 private:
     struct Walk {

@@ -16,7 +16,8 @@
 
 namespace ravlin::test {
 
-PanelWorld::PanelWorld() : m_resources(QStringLiteral(RAVLIN_SOURCE_RESOURCES), {QStringLiteral("en")})
+PanelWorld::PanelWorld()
+    : m_resources(QStringLiteral(RAVLIN_SOURCE_RESOURCES), {QStringLiteral("en")})
 {
     platform.defaults = std::make_unique<InMemoryDefaultsStore>();
     installSimServices(platform, desktop);
@@ -36,19 +37,20 @@ PanelWorld::PanelWorld() : m_resources(QStringLiteral(RAVLIN_SOURCE_RESOURCES), 
     m_preferences->registerDefaults();
     m_language = std::make_unique<LanguageManager>(m_resources, *platform.defaults, *m_preferences);
     m_stats = std::make_unique<SystemStats>(scheduler, *platform.systemProbe);
-    m_weather = std::make_unique<WeatherService>(scheduler, *platform.location, *platform.geocoder, *platform.http);
+    m_weather = std::make_unique<WeatherService>(scheduler, *platform.location, *platform.geocoder,
+                                                 *platform.http);
     m_tiles = std::make_unique<TileModel>(*platform.defaults);
-    m_permissions = std::make_unique<PermissionManager>(*platform.permissions, *platform.accessibility,
-                                                        *platform.workspace);
+    m_permissions = std::make_unique<PermissionManager>(
+        *platform.permissions, *platform.accessibility, *platform.workspace);
 }
 
 PanelWorld::~PanelWorld() = default;
 
 std::unique_ptr<RavlinBar> PanelWorld::makePanel()
 {
-    auto bar = std::make_unique<RavlinBar>(RavlinBarServices{scheduler, *platform.screens, *m_preferences,
-                                                             *m_language, *m_stats, *m_weather, *m_tiles,
-                                                             *m_permissions, *platform.workspace});
+    auto bar = std::make_unique<RavlinBar>(
+        RavlinBarServices{scheduler, *platform.screens, *m_preferences, *m_language, *m_stats,
+                          *m_weather, *m_tiles, *m_permissions, *platform.workspace});
     bar->setAnimated(false);
     return bar;
 }
@@ -60,7 +62,8 @@ std::vector<BarGroup> PanelWorld::groups(int appItems, bool withSystem)
         BarItem item;
         item.key = QStringLiteral("n:Item %1").arg(i);
         item.label = QStringLiteral("Item %1").arg(i);
-        item.info = {1000 + i, -100.0 * i, 0, 22, 24, QStringLiteral("Owner %1").arg(i), item.label};
+        item.info = {1000 + i,  -100.0 * i, 0, 22, 24, QStringLiteral("Owner %1").arg(i),
+                     item.label};
         apps.items.push_back(item);
     }
     std::vector<BarGroup> result{apps};
@@ -71,7 +74,8 @@ std::vector<BarGroup> PanelWorld::groups(int appItems, bool withSystem)
             item.key = QStringLiteral("n:") + name;
             item.label = name;
             item.isApple = true;
-            item.symbolName = name == u"Wi-Fi" ? QStringLiteral("wifi") : QStringLiteral("speaker.wave.2");
+            item.symbolName =
+                name == u"Wi-Fi" ? QStringLiteral("wifi") : QStringLiteral("speaker.wave.2");
             system.items.push_back(item);
         }
         result.push_back(system);

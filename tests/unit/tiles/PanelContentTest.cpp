@@ -154,9 +154,11 @@ TEST_F(PanelContentTest, TheWeatherHeaderNamesThePlaceOrSaysWetter)
 
 TEST_F(PanelContentTest, ItemsFollowTheSavedOrderWithinTheirGroup)
 {
-    const BarGroup group{QStringLiteral("Apps"), {item(u"n:a"_s, u"A"_s), item(u"n:b"_s, u"B"_s), item(u"n:c"_s, u"C"_s)}};
+    const BarGroup group{QStringLiteral("Apps"),
+                         {item(u"n:a"_s, u"A"_s), item(u"n:b"_s, u"B"_s), item(u"n:c"_s, u"C"_s)}};
     tiles.move(QStringLiteral("n:c"), QStringLiteral("n:a"), {u"n:a"_s, u"n:b"_s, u"n:c"_s});
-    EXPECT_EQ(keysOf({std::nullopt, content.itemTiles(group)}), (QStringList{u"n:c"_s, u"n:a"_s, u"n:b"_s}));
+    EXPECT_EQ(keysOf({std::nullopt, content.itemTiles(group)}),
+              (QStringList{u"n:c"_s, u"n:a"_s, u"n:b"_s}));
 }
 
 TEST(TileAccent, TheFirstMatchingRowWins)

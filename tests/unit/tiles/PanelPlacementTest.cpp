@@ -36,7 +36,8 @@ TEST(PanelPlacement, PicksTheFirstScreenTheAnchorOverlapsElseTheMainOne)
 {
     const std::vector<ScreenInfo> screens{screen(0, 0, 1440, 900), screen(1440, 0, 1920, 1080)};
     EXPECT_EQ(P::screenFor({1500, 1056, 24, 24}, screens, screens[0])->frame.x, 1440);
-    EXPECT_EQ(P::screenFor({1430, 876, 24, 24}, screens, screens[1])->frame.x, 0); // straddles: the first
+    EXPECT_EQ(P::screenFor({1430, 876, 24, 24}, screens, screens[1])->frame.x,
+              0); // straddles: the first
     EXPECT_EQ(P::screenFor({5000, 5000, 24, 24}, screens, screens[1])->frame.x, 1440);
     EXPECT_FALSE(P::screenFor({5000, 5000, 24, 24}, {}, std::nullopt));
 }

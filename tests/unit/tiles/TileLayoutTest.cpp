@@ -27,7 +27,8 @@ TileContent half(const QString& key)
 
 TileContent full()
 {
-    return NetworkRates{Stat{QStringLiteral("sys.net"), QStringLiteral("Network"), 0, Qt::blue}, 0.5, 1};
+    return NetworkRates{Stat{QStringLiteral("sys.net"), QStringLiteral("Network"), 0, Qt::blue},
+                        0.5, 1};
 }
 
 QString shape(const std::vector<std::vector<TileContent>>& rows)
@@ -62,7 +63,8 @@ TEST(TileFlow, BreaksALineOnlyWhenTheNextTileWouldPassTheEdge)
     EXPECT_EQ(placed[2], QPointF(134, 0));
     EXPECT_EQ(placed[3], QPointF(0, 47)); // below the tallest tile of the line
     EXPECT_EQ(flow.sizeThatFits(194, ideal).height(), 77);
-    EXPECT_EQ(flow.sizeThatFits(193, ideal).height(), 77); // the third tile breaks, the fourth joins it
+    EXPECT_EQ(flow.sizeThatFits(193, ideal).height(),
+              77); // the third tile breaks, the fourth joins it
     EXPECT_EQ(flow.placeSubviews(QRectF(0, 0, 193, 0), ideal)[3], QPointF(67, 47));
 }
 
@@ -80,7 +82,8 @@ TEST(TileFlow, AnOverwideTileStaysOnItsLineAndPlacesRelativeToTheBounds)
 
 TEST(PackRows, PairsHalfTilesAndGivesTheFullTileARowOfItsOwn)
 {
-    EXPECT_EQ(shape(packRows({half(u"a"_s), full(), half(u"b"_s), half(u"c"_s)})), u"[a][net][b,c]"_s);
+    EXPECT_EQ(shape(packRows({half(u"a"_s), full(), half(u"b"_s), half(u"c"_s)})),
+              u"[a][net][b,c]"_s);
     EXPECT_EQ(shape(packRows({half(u"a"_s), half(u"b"_s), half(u"c"_s)})), u"[a,b][c]"_s);
     EXPECT_EQ(shape(packRows({full(), full()})), u"[net][net]"_s);
     EXPECT_TRUE(packRows(std::vector<TileContent>{}).empty());
