@@ -198,6 +198,27 @@ TEST_F(ViewTest, WithoutHiddenItemsItSaysSo)
     EXPECT_GT(v->panelLayout().emptyNote->top(), v->tileRect(QStringLiteral("sys.net"))->bottom());
 }
 
+TEST_F(ViewTest, TheTileUnderThePointerLightsUp)
+{
+    const auto v = view(TileStyle::Strip);
+    const QRectF tile = *v->tileRect(QStringLiteral("n:Item 3"));
+    const QPoint probe(int(tile.right() * 2 - 60), int(tile.center().y() * 2)); // empty part of the row
+    auto brightness = [&] {
+        QImage image(v->size() * 2, QImage::Format_ARGB32_Premultiplied);
+        image.setDevicePixelRatio(2);
+        image.fill(Qt::black);
+        v->render(&image);
+        return qGray(image.pixel(probe));
+    };
+    const int resting = brightness();
+    send(*v, QEvent::MouseMove, tile.center());
+    const int hovered = brightness();
+    EXPECT_GT(hovered, resting + 8);
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(v.get(), &leave);
+    EXPECT_EQ(brightness(), resting);
+}
+
 TEST_F(ViewTest, PaintsEveryStyleInBothDirections)
 {
     for (TileStyle style : allTileStyles) {
