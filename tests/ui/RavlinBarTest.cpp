@@ -108,6 +108,11 @@ TEST_F(PanelTest, EachShowBringsFreshContentInTheCurrentStyleAndDirection)
     EXPECT_NE(bar->view(), first);
     EXPECT_EQ(bar->view()->style(), TileStyle::Capsules);
     EXPECT_TRUE(bar->view()->isRightToLeft());
+    // The replaced view, not yet deleted, no longer follows the figures.
+    world.probe().setBattery(std::nullopt);
+    world.stats().refresh();
+    EXPECT_FALSE(bar->view()->tile(QStringLiteral("sys.batt")));
+    EXPECT_TRUE(first->tile(QStringLiteral("sys.batt")));
 }
 
 TEST_F(PanelTest, APermissionTileAsksAndOpensItsSettingsPage)
