@@ -7,4 +7,9 @@ void makeMenuBarPanel(QWidget*)
     // Qt's tool-window flags are all there is off macOS.
 }
 
+bool addHudBackground(QWidget*, double)
+{
+    return false;
+}
+
 } // namespace ravlin::NativeWindow

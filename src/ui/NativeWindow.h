@@ -8,4 +8,8 @@ namespace ravlin::NativeWindow {
 // level, a place on every space and beside full-screen windows. No-op off macOS.
 void makeMenuBarPanel(QWidget* window);
 
+// Puts the system's HUD material behind the window's content, rounded with a thin
+// light border; false where there is no such material (the content paints its own).
+bool addHudBackground(QWidget* window, double cornerRadius);
+
 } // namespace ravlin::NativeWindow

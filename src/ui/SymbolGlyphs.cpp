@@ -1,18 +1,18 @@
-// The symbol names the program draws, each with its Material Design icon.
+// The symbol names the program uses, each with its glyph in the Material Design icon font.
 #include "SymbolGlyphs.h"
 
-namespace ravlin::SymbolGlyphs {
+namespace ravlin {
 
 // Symbol name → Material Icons code point (the icon's name in the comment).
-const QHash<QString, char32_t>& table()
+const QHash<QString, char32_t>& symbolGlyphs()
 {
     static const QHash<QString, char32_t> map = {
         // the status items and arrange mode
-        {QStringLiteral("chevron.left"), 0xe5cb},          // chevron_left
-        {QStringLiteral("chevron.right"), 0xe5cc},         // chevron_right
-        {QStringLiteral("arrow.left.and.right"), 0xe8d4},  // swap_horiz
-        {QStringLiteral("eye"), 0xe8f4},                   // visibility
-        {QStringLiteral("eye.slash"), 0xe8f5},             // visibility_off
+        {QStringLiteral("chevron.left"), 0xe5cb},         // chevron_left
+        {QStringLiteral("chevron.right"), 0xe5cc},        // chevron_right
+        {QStringLiteral("arrow.left.and.right"), 0xe8d4}, // swap_horiz
+        {QStringLiteral("eye"), 0xe8f4},                  // visibility
+        {QStringLiteral("eye.slash"), 0xe8f5},            // visibility_off
         // system items
         {QStringLiteral("wifi"), 0xe63e},                          // wifi
         {QStringLiteral("dot.radiowaves.left.and.right"), 0xe1a7}, // bluetooth
@@ -62,4 +62,4 @@ const QHash<QString, char32_t>& table()
     return map;
 }
 
-} // namespace ravlin::SymbolGlyphs
+} // namespace ravlin

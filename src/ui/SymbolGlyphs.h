@@ -3,10 +3,10 @@
 #include <QHash>
 #include <QString>
 
-namespace ravlin::SymbolGlyphs {
+namespace ravlin {
 
-// Every symbol name the program uses, mapped to the code point of its glyph in the
-// Material Design icon font (what draws the symbols off macOS).
-const QHash<QString, char32_t>& table();
+// Symbol name → code point in the Material Design icon font. The keys are also
+// the list of every symbol name the program draws, on every platform.
+const QHash<QString, char32_t>& symbolGlyphs();
 
-} // namespace ravlin::SymbolGlyphs
+} // namespace ravlin

@@ -7,6 +7,7 @@
 
 #include <QFontDatabase>
 #include <QFontMetricsF>
+#include <QHash>
 #include <QPainter>
 
 namespace ravlin {
@@ -29,20 +30,10 @@ QString fontFamily()
 
 } // namespace
 
-const QStringList& SymbolRenderer::knownSymbols()
-{
-    static const QStringList names = [] {
-        QStringList list = SymbolGlyphs::table().keys();
-        list.sort();
-        return list;
-    }();
-    return names;
-}
-
 bool SymbolRenderer::hasSymbol(const QString& name)
 {
-    auto it = SymbolGlyphs::table().constFind(name);
-    if (it == SymbolGlyphs::table().constEnd())
+    auto it = symbolGlyphs().constFind(name);
+    if (it == symbolGlyphs().constEnd())
         return false;
     QFont font(fontFamily());
     return QFontMetricsF(font).inFontUcs4(uint(*it));
@@ -50,8 +41,8 @@ bool SymbolRenderer::hasSymbol(const QString& name)
 
 bool SymbolRenderer::paint(QPainter& painter, const QRectF& rect, const QString& name, const QColor& color)
 {
-    auto it = SymbolGlyphs::table().constFind(name);
-    if (it == SymbolGlyphs::table().constEnd())
+    auto it = symbolGlyphs().constFind(name);
+    if (it == symbolGlyphs().constEnd())
         return false;
     QFont font(fontFamily());
     font.setPixelSize(qMax(1, int(rect.height() * 1.0 + 0.5)));
@@ -63,21 +54,6 @@ bool SymbolRenderer::paint(QPainter& painter, const QRectF& rect, const QString&
     painter.drawText(rect, Qt::AlignCenter, QString::fromUcs4(&code, 1));
     painter.restore();
     return true;
-}
-
-QImage SymbolRenderer::image(const QString& name, double pointSize, const QColor& color, double devicePixelRatio)
-{
-    if (!SymbolGlyphs::table().contains(name))
-        return {};
-    const int side = qMax(1, int(pointSize * devicePixelRatio + 0.5));
-    QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    paint(painter, QRectF(0, 0, side, side), name, color);
-    painter.end();
-    image.setDevicePixelRatio(devicePixelRatio);
-    return image;
 }
 
 } // namespace ravlin

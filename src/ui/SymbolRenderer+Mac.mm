@@ -1,4 +1,4 @@
-// Symbols on macOS: the system's own symbol images, tinted and drawn into Qt images.
+// Symbols on macOS: the system's own symbol images, tinted and drawn into Qt.
 #include "SymbolRenderer.h"
 
 #include "SymbolGlyphs.h"
@@ -6,6 +6,8 @@
 #import <AppKit/AppKit.h>
 
 #include <QPainter>
+
+#include <algorithm>
 
 namespace ravlin {
 namespace {
@@ -15,75 +17,60 @@ NSImage* systemSymbol(const QString& name, double pointSize)
     NSImage* image = [NSImage imageWithSystemSymbolName:name.toNSString() accessibilityDescription:nil];
     if (!image)
         return nil;
-    NSImageSymbolConfiguration* config = [NSImageSymbolConfiguration configurationWithPointSize:pointSize
-                                                                                         weight:NSFontWeightRegular];
+    NSImageSymbolConfiguration* config =
+        [NSImageSymbolConfiguration configurationWithPointSize:pointSize weight:NSFontWeightRegular];
     return [image imageWithSymbolConfiguration:config];
 }
 
-QImage render(const QString& name, int side, const QColor& color)
+// Renders the template symbol in one colour at the painter's pixel density.
+QImage render(NSImage* symbol, const QSizeF& box, const QColor& color, double scale)
 {
-    NSImage* symbol = systemSymbol(name, side * 0.8);
-    if (!symbol || side <= 0)
-        return {};
-    QImage out(side, side, QImage::Format_ARGB32_Premultiplied);
-    out.fill(Qt::transparent);
+    const NSSize size = symbol.size;
+    const double fit = std::min(box.width() / size.width, box.height() / size.height);
+    const int w = std::max(1, int(size.width * fit * scale + 0.5));
+    const int h = std::max(1, int(size.height * fit * scale + 0.5));
+    QImage image(w, h, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
     CGColorSpaceRef space = CGColorSpaceCreateDeviceRGB();
-    CGContextRef context = CGBitmapContextCreate(out.bits(), side, side, 8, out.bytesPerLine(), space,
+    CGContextRef context = CGBitmapContextCreate(image.bits(), w, h, 8, image.bytesPerLine(), space,
                                                  kCGImageAlphaPremultipliedFirst | kCGBitmapByteOrder32Host);
     CGColorSpaceRelease(space);
     if (!context)
         return {};
-    const NSSize size = symbol.size;
-    const double scale = std::min(side / size.width, side / size.height);
-    const NSRect target = NSMakeRect((side - size.width * scale) / 2, (side - size.height * scale) / 2,
-                                     size.width * scale, size.height * scale);
+    NSGraphicsContext* ns = [NSGraphicsContext graphicsContextWithCGContext:context flipped:NO];
     [NSGraphicsContext saveGraphicsState];
-    NSGraphicsContext.currentContext = [NSGraphicsContext graphicsContextWithCGContext:context flipped:NO];
-    [symbol drawInRect:target];
+    NSGraphicsContext.currentContext = ns;
+    const NSRect rect = NSMakeRect(0, 0, w, h);
+    [symbol drawInRect:rect];
+    [[NSColor colorWithSRGBRed:color.redF() green:color.greenF() blue:color.blueF() alpha:color.alphaF()] set];
+    NSRectFillUsingOperation(rect, NSCompositingOperationSourceIn);
     [NSGraphicsContext restoreGraphicsState];
-    // Symbols are templates: keep their shape, paint them in the wanted colour.
-    CGContextSetBlendMode(context, kCGBlendModeSourceIn);
-    CGContextSetRGBFillColor(context, color.redF(), color.greenF(), color.blueF(), color.alphaF());
-    CGContextFillRect(context, CGRectMake(0, 0, side, side));
     CGContextRelease(context);
-    return out;
+    image.setDevicePixelRatio(scale);
+    return image;
 }
 
 } // namespace
 
-const QStringList& SymbolRenderer::knownSymbols()
-{
-    static const QStringList names = [] {
-        QStringList list = SymbolGlyphs::table().keys();
-        list.sort();
-        return list;
-    }();
-    return names;
-}
-
 bool SymbolRenderer::hasSymbol(const QString& name)
 {
-    return SymbolGlyphs::table().contains(name) && systemSymbol(name, 13) != nil;
+    return symbolGlyphs().contains(name) && systemSymbol(name, 13) != nil;
 }
 
 bool SymbolRenderer::paint(QPainter& painter, const QRectF& rect, const QString& name, const QColor& color)
 {
-    const double ratio = painter.device() ? painter.device()->devicePixelRatioF() : 2.0;
-    QImage image = render(name, int(rect.height() * ratio + 0.5), color);
+    if (!symbolGlyphs().contains(name))
+        return false;
+    NSImage* symbol = systemSymbol(name, rect.height() * 0.8);
+    if (!symbol)
+        return false;
+    const double scale = painter.device() ? painter.device()->devicePixelRatioF() : 2.0;
+    const QImage image = render(symbol, rect.size(), color, scale);
     if (image.isNull())
         return false;
-    image.setDevicePixelRatio(ratio);
-    const QSizeF size = image.deviceIndependentSize();
-    painter.drawImage(QPointF(rect.center().x() - size.width() / 2, rect.center().y() - size.height() / 2), image);
+    const QSizeF drawn = image.deviceIndependentSize();
+    painter.drawImage(QPointF(rect.center().x() - drawn.width() / 2, rect.center().y() - drawn.height() / 2), image);
     return true;
-}
-
-QImage SymbolRenderer::image(const QString& name, double pointSize, const QColor& color, double devicePixelRatio)
-{
-    QImage image = render(name, int(pointSize * devicePixelRatio + 0.5), color);
-    if (!image.isNull())
-        image.setDevicePixelRatio(devicePixelRatio);
-    return image;
 }
 
 } // namespace ravlin

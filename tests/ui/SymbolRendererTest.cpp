@@ -1,3 +1,8 @@
+#include "support/PanelWorld.h"
+
+#include "core/sysinfo/SystemStats.h"
+#include "core/sysinfo/WeatherService.h"
+#include "core/tiles/PanelContent.h"
 #include "ui/SymbolRenderer.h"
 
 #include <QDirIterator>
@@ -33,6 +38,8 @@ QSet<QString> symbolNamesInSources()
 {
     static const QRegularExpression literal(QStringLiteral(R"re((?:QStringLiteral|u)\("([a-z][a-z0-9]*(?:\.[a-z0-9]+)*)"\))re"));
     static const QRegularExpression dotted(QStringLiteral(R"(^[a-z][a-z0-9]*(\.[a-z0-9]+)+$)"));
+    // The last entry of a table row after a list of keywords: `{{u"wlan", …}, u"wifi"},`.
+    static const QRegularExpression rowResult(QStringLiteral(R"re(\},\s*u"([a-z][a-z0-9.]*)"\})re"));
     QSet<QString> names;
     QDirIterator it(QStringLiteral(RAVLIN_SOURCE_DIR "/src"), {QStringLiteral("*.cpp"), QStringLiteral("*.h")}, QDir::Files,
                     QDirIterator::Subdirectories);
@@ -45,6 +52,8 @@ QSet<QString> symbolNamesInSources()
             continue;
         const QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n');
         for (const QString& line : lines) {
+            if (const auto row = rowResult.match(line); row.hasMatch())
+                names.insert(row.captured(1));
             const bool speaksOfSymbols = line.contains(QStringLiteral("symbol"), Qt::CaseInsensitive);
             auto matches = literal.globalMatch(line);
             while (matches.hasNext()) {
@@ -82,4 +91,20 @@ TEST(SymbolRenderer, DrawsKnownSymbolsAndNothingForUnknownOnes)
             inked += qAlpha(chevron.pixel(x, y)) > 128 ? 1 : 0;
     EXPECT_GT(inked, 20);
     EXPECT_TRUE(SymbolRenderer::image(QStringLiteral("no.such.symbol"), 16, Qt::white).isNull());
+}
+
+TEST(SymbolRenderer, EveryTileAndWeatherSymbolHasAGlyph)
+{
+    test::PanelWorld world;
+    world.stats().refresh(); // with a battery
+    const PanelContent content(world.stats(), world.weather(), world.tiles(), world.language());
+    std::vector<PanelTile> tiles = content.statisticsTiles();
+    for (const PanelTile& t : content.permissionTiles(false, false))
+        tiles.push_back(t);
+    ASSERT_EQ(tiles.size(), 7u);
+    for (const PanelTile& t : tiles)
+        EXPECT_TRUE(SymbolRenderer::hasSymbol(t.symbol)) << t.key.toStdString();
+    for (int code = -1; code <= 100; ++code)
+        EXPECT_TRUE(SymbolRenderer::hasSymbol(WeatherService::describe(code).symbol)) << code;
+    EXPECT_TRUE(SymbolRenderer::hasSymbol(WeatherService::describe(std::nullopt).symbol));
 }

@@ -148,10 +148,7 @@ void registerCoreCommands(ScriptRunner& runner)
 void registerPendingCommands(ScriptRunner& runner)
 {
     runner.addUnsupported({
-        QStringLiteral("tile"),
-        QStringLiteral("panel"),
         QStringLiteral("settings"),
-        QStringLiteral("screenshot"),
     });
 }
 
@@ -163,6 +160,7 @@ void registerAll(ScriptRunner& runner)
     registerSysinfoCommands(runner);
     registerDiscoveryCommands(runner);
     registerBarCommands(runner);
+    registerPanelCommands(runner);
     registerPendingCommands(runner);
 }
 

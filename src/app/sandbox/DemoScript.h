@@ -30,6 +30,11 @@ dump language
 # the location service where the system has one (without one the tile shows "denied").
 advance 0.5
 dump stats weather
+# A click on Ravlin's chevron opens the tile panel under it; losing focus closes it.
+click main
+expect /panel/visible == true
+dump panel
+panel resign
 # The login item follows the setting.
 prefs set launchAtLogin true
 dump login

@@ -8,6 +8,8 @@
 #include "platform/sim/SimStatusBar.h"
 #include "ui/ArrangeHUD.h"
 #include "ui/ArrangeView.h"
+#include "ui/RavlinBar.h"
+#include "core/app/MenuBarServices.h"
 
 #include <QPushButton>
 #include "core/foundation/ResourceBundle.h"
@@ -109,6 +111,11 @@ ArrangeGuide* SandboxSession::arrangeGuide()
     return m_arrangeHUD.get();
 }
 
+QWidget* SandboxSession::arrangeWindow()
+{
+    return m_arrangeHUD ? m_arrangeHUD->window() : nullptr;
+}
+
 bool SandboxSession::pressArrangeDone()
 {
     if (!m_arrangeHUD || !m_arrangeHUD->isVisible())
@@ -140,8 +147,13 @@ AppDelegate& SandboxSession::app()
         m_resources = std::make_unique<Resources>(dir, m_systemLanguages);
         m_app = std::make_unique<AppDelegate>(m_platform, m_scheduler, *m_resources);
         m_arrangeHUD = std::make_unique<ArrangeHUD>(*m_platform.screens);
+        m_ravlinBar = std::make_unique<RavlinBar>(RavlinBarServices{
+            m_scheduler, *m_platform.screens, m_app->preferences(), m_app->languageManager(), m_app->systemStats(),
+            m_app->weatherService(), m_app->tileModel(), m_app->menuBar().permissions(), *m_platform.workspace});
+        m_ravlinBar->setAnimated(false); // virtual time has no animation frames
         AppWindows windows;
         windows.guide = m_arrangeHUD.get();
+        windows.panel = m_ravlinBar.get();
         m_app->setWindows(windows);
         m_app->setLogDirectory(m_options.logDir);
     }

@@ -7,6 +7,8 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+class QWidget;
+
 #include <memory>
 #include <optional>
 
@@ -19,6 +21,7 @@ class SimHttpClient;
 class SimLocationService;
 class ArrangeGuide;
 class ArrangeHUD;
+class RavlinBar;
 class SimApplicationControl;
 class SimAssessmentMode;
 class SimDesktop;
@@ -71,6 +74,8 @@ public:
     SimApplicationControl& application();
     // The interface's windows, made with the application.
     ArrangeGuide* arrangeGuide();
+    QWidget* arrangeWindow();
+    RavlinBar* tilePanel() { return m_ravlinBar.get(); }
     // Presses the arrange guide's done button; false when the guide is not showing.
     bool pressArrangeDone();
     QString defaultsPath() const { return m_defaultsPath; }
@@ -103,6 +108,7 @@ private:
     QStringList m_systemLanguages{QStringLiteral("en")};
     std::unique_ptr<Resources> m_resources;
     std::unique_ptr<ArrangeHUD> m_arrangeHUD;
+    std::unique_ptr<RavlinBar> m_ravlinBar;
     std::unique_ptr<AppDelegate> m_app;
     ProcessState m_process;
 };

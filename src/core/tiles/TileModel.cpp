@@ -61,6 +61,7 @@ void TileModel::move(const QString& dragged, const QString& before, const QStrin
     m_order = order;
     m_defaults.set(PrefKey::tileOrder, PlistValue::fromStringList(m_order));
     ++m_rev;
+    Q_EMIT changed();
 }
 
 } // namespace ravlin

@@ -31,6 +31,8 @@ public:
 
 Q_SIGNALS:
     void willChange();
+    // After a move took effect, for views that redraw from the new order.
+    void changed();
 
 private:
     DefaultsStore& m_defaults;

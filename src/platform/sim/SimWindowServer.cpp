@@ -3,6 +3,9 @@
 #include "SimDesktop.h"
 
 #include <QColor>
+#include <QPainter>
+
+#include <algorithm>
 
 namespace ravlin {
 
@@ -29,6 +32,30 @@ PlistValue windowEntry(const SimPlacedItem& p)
     if (p.onScreen)
         d.insert(WindowKey::isOnscreen, true);
     return d;
+}
+
+// What a menu-bar extra looks like here: a white template glyph drawn from the
+// item's name, at the backing scale of a Retina display as the window server gives it.
+QImage monogram(const SimPlacedItem& p)
+{
+    constexpr double scale = 2.0;
+    const QSize size(qMax(1, int(p.frame.width * scale)), qMax(1, int(p.frame.height * scale)));
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    const QString name = p.item.title.isEmpty() || p.item.title == u"Item-0" ? p.item.owner : p.item.title;
+    const QString letter = name.isEmpty() ? QStringLiteral("?") : name.left(1).toUpper();
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const double side = std::min(size.width(), size.height()) * 0.62;
+    const QRectF box((size.width() - side) / 2, (size.height() - side) / 2, side, side);
+    painter.setPen(QPen(QColor(255, 255, 255, 235), scale * 1.4));
+    painter.drawRoundedRect(box, side * 0.24, side * 0.24);
+    QFont font;
+    font.setPixelSize(qMax(1, int(side * 0.62)));
+    font.setBold(true);
+    painter.setFont(font);
+    painter.drawText(box, Qt::AlignCenter, letter);
+    return image;
 }
 
 } // namespace
@@ -70,9 +97,7 @@ QImage SimWindowServer::windowImage(std::uint32_t windowNumber)
         dot.fill(Qt::transparent);
         return dot;
     }
-    QImage image(int(p->frame.width), int(p->frame.height), QImage::Format_ARGB32);
-    image.fill(QColor::fromHsv(int(windowNumber * 37 % 360), 160, 200));
-    return image;
+    return monogram(*p);
 }
 
 } // namespace ravlin

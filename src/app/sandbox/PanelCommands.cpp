@@ -1,0 +1,196 @@
+// Sandbox commands and the dump section of the tile panel: tile click, tile drag,
+// panel resign, screenshot; the section panel.
+#include "SandboxCommands.h"
+#include "SandboxSession.h"
+#include "ScriptRunner.h"
+
+#include "core/app/AppDelegate.h"
+#include "core/bar/StatusBarController.h"
+#include "platform/WindowServer.h"
+#include "platform/sim/SimDesktop.h"
+#include "platform/sim/SimStatusBar.h"
+#include "ui/DesktopRenderer.h"
+#include "ui/RavlinBar.h"
+#include "ui/RavlinBarView.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonObject>
+
+namespace ravlin::sandbox {
+namespace {
+
+using Phase = ScriptRunner::Phase;
+
+RavlinBarView& openPanel(CommandContext& c)
+{
+    RavlinBar* bar = c.session.tilePanel();
+    if (!bar || !bar->isVisible() || !bar->view())
+        c.fail(QStringLiteral("the tile panel is not open"));
+    return *bar->view();
+}
+
+void tileCommand(CommandContext& c)
+{
+    const QString what = c.need(1, QStringLiteral("click or drag"));
+    RavlinBarView& view = openPanel(c);
+    if (what == u"click") {
+        const QString key = c.need(2, QStringLiteral("the tile's key"));
+        if (!view.clickTile(key))
+            c.fail(QStringLiteral("the open panel has no tile %1").arg(key));
+    } else if (what == u"drag") {
+        const QString dragged = c.need(2, QStringLiteral("the dragged tile's key"));
+        if (c.word(3) != u"onto")
+            c.fail(QStringLiteral("tile drag takes KEY onto KEY"));
+        const QString onto = c.need(4, QStringLiteral("the key of the tile dropped on"));
+        for (const QString& key : {dragged, onto})
+            if (!view.tile(key))
+                c.fail(QStringLiteral("the open panel has no tile %1").arg(key));
+        if (!view.dropTile(dragged, onto))
+            c.fail(QStringLiteral("only item tiles can be dragged onto item tiles"));
+    } else {
+        c.fail(QStringLiteral("tile takes click or drag, not %1").arg(what));
+    }
+    c.session.scheduler().runDue();
+}
+
+void panelCommand(CommandContext& c)
+{
+    if (c.word(1) != u"resign" || c.wordCount() != 2)
+        c.fail(QStringLiteral("panel knows only: panel resign"));
+    if (RavlinBar* bar = c.session.tilePanel())
+        bar->resignKey();
+    c.session.scheduler().runDue();
+}
+
+DesktopScene::StatusItem ownItem(const SimStatusItem& item, const WindowServerRect& frame)
+{
+    DesktopScene::StatusItem shown;
+    shown.frame = QRectF(frame.x, frame.y, frame.width, frame.height);
+    shown.symbol = item.image();
+    shown.separator =
+        item.autosaveName() != StatusBarController::mainName && item.image().isEmpty();
+    return shown;
+}
+
+DesktopScene scene(SandboxSession& s)
+{
+    DesktopScene scene;
+    SimDesktop& desktop = s.desktop();
+    const auto screens = desktop.screens();
+    for (std::size_t i = 0; i < screens.size(); ++i) {
+        const WindowServerRect f = desktop.screenFrame(i);
+        scene.displays.push_back({QRectF(f.x, f.y, f.width, f.height), screens[i].menuBarHeight});
+    }
+    for (const SimPlacedItem& placed : desktop.bar()) {
+        if (!placed.onScreen)
+            continue;
+        if (placed.item.own) {
+            if (const SimStatusItem* own = s.statusBar().item(placed.item.title))
+                scene.items.push_back(ownItem(*own, placed.frame));
+            continue;
+        }
+        DesktopScene::StatusItem item;
+        item.frame =
+            QRectF(placed.frame.x, placed.frame.y, placed.frame.width, placed.frame.height);
+        item.image = s.platform().windowServer->windowImage(std::uint32_t(placed.item.window));
+        scene.items.push_back(item);
+    }
+    for (QWidget* window : {s.arrangeWindow(), s.tilePanel() ? s.tilePanel()->window() : nullptr})
+        if (window && window->isVisible())
+            scene.windows.push_back(window);
+    return scene;
+}
+
+// The panel with some of the desktop around it, for a closer look.
+QImage aroundPanel(CommandContext& c, const QImage& desktop)
+{
+    RavlinBar* bar = c.session.tilePanel();
+    if (!bar || !bar->isVisible())
+        c.fail(QStringLiteral("screenshot region=panel needs the tile panel open"));
+    const double dpr = desktop.devicePixelRatio();
+    const QRectF around = QRectF(bar->window()->geometry()).adjusted(-24, -30, 24, 30);
+    const QRect pixels =
+        QRectF(around.topLeft() * dpr, around.size() * dpr).toRect().intersected(desktop.rect());
+    QImage cropped = desktop.copy(pixels);
+    cropped.setDevicePixelRatio(dpr);
+    return cropped;
+}
+
+void screenshotCommand(CommandContext& c)
+{
+    const QString path = c.need(1, QStringLiteral("the file to write"));
+    const auto options = c.options(2);
+    const QString region = options.value(QStringLiteral("region"), QStringLiteral("desktop"));
+    if (region != u"desktop" && region != u"panel")
+        c.fail(QStringLiteral("screenshot takes region=desktop or region=panel"));
+    const QFileInfo file(path);
+    QDir().mkpath(file.absolutePath());
+    QImage image = DesktopRenderer().render(scene(c.session));
+    if (region == u"panel")
+        image = aroundPanel(c, image);
+    if (!image.save(file.absoluteFilePath(), "PNG"))
+        c.fail(QStringLiteral("cannot write the screenshot to %1").arg(path));
+}
+
+QJsonValue text(const QString& s)
+{
+    return s.isEmpty() ? QJsonValue() : QJsonValue(s);
+}
+
+QJsonObject tileJson(const PanelTile& t, const QRectF& r)
+{
+    return {{QStringLiteral("kind"), tileKindName(t.kind)},
+            {QStringLiteral("key"), t.key},
+            {QStringLiteral("label"), t.label},
+            {QStringLiteral("subtitle"), text(t.subtitle)},
+            {QStringLiteral("detail"), text(t.detail)},
+            {QStringLiteral("symbol"), text(t.symbol)},
+            {QStringLiteral("accent"), t.accent ? QJsonValue(t.accent->name()) : QJsonValue()},
+            {QStringLiteral("x"), r.x()},
+            {QStringLiteral("y"), r.y()},
+            {QStringLiteral("w"), r.width()},
+            {QStringLiteral("h"), r.height()}};
+}
+
+QJsonArray sectionsJson(const RavlinBarView& view)
+{
+    QJsonArray sections;
+    for (const PanelSection& section : view.sections()) {
+        QJsonArray tiles;
+        for (const PanelTile& t : section.tiles)
+            tiles.append(tileJson(t, view.tileRect(t.key).value_or(QRectF())));
+        sections.append(QJsonObject{
+            {QStringLiteral("title"), section.title ? QJsonValue(*section.title) : QJsonValue()},
+            {QStringLiteral("tiles"), tiles}});
+    }
+    return sections;
+}
+
+QJsonValue panelSection(SandboxSession& s, bool)
+{
+    const RavlinBar* bar = s.tilePanel();
+    const std::optional<ScreenRect> f = bar ? bar->frame() : std::nullopt;
+    if (!f || !bar->view())
+        return QJsonValue();
+    const RavlinBarView& view = *bar->view();
+    return QJsonObject{{QStringLiteral("visible"), bar->isVisible()},
+                       {QStringLiteral("frame"), QJsonArray{f->x, f->y, f->width, f->height}},
+                       {QStringLiteral("style"), tileStyleRawValue(view.style())},
+                       {QStringLiteral("rtl"), view.isRightToLeft()},
+                       {QStringLiteral("fades"), bar->fadeCount()},
+                       {QStringLiteral("sections"), sectionsJson(view)}};
+}
+
+} // namespace
+
+void registerPanelCommands(ScriptRunner& runner)
+{
+    runner.addCommand(QStringLiteral("tile"), Phase::AfterStart, tileCommand);
+    runner.addCommand(QStringLiteral("panel"), Phase::AfterStart, panelCommand);
+    runner.addCommand(QStringLiteral("screenshot"), Phase::Any, screenshotCommand);
+    runner.addSection(QStringLiteral("panel"), panelSection);
+}
+
+} // namespace ravlin::sandbox

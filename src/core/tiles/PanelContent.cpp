@@ -1,0 +1,175 @@
+#include "PanelContent.h"
+
+#include "TileAccent.h"
+#include "TileModel.h"
+#include "core/foundation/SystemColor.h"
+#include "core/settings/LanguageManager.h"
+#include "core/sysinfo/RateText.h"
+#include "core/sysinfo/SystemStats.h"
+#include "core/sysinfo/WeatherService.h"
+
+#include <QHash>
+
+#include <algorithm>
+#include <cmath>
+
+namespace ravlin {
+namespace {
+
+const QColor weatherAccent = QColor::fromRgbF(0.39f, 0.82f, 0.94f);
+
+QString statSymbol(const QString& key)
+{
+    static const QHash<QString, QString> symbols = {
+        {QStringLiteral("sys.cpu"), QStringLiteral("cpu")},
+        {QStringLiteral("sys.ram"), QStringLiteral("memorychip")},
+        {QStringLiteral("sys.disk"), QStringLiteral("internaldrive")},
+        {QStringLiteral("sys.batt"), QStringLiteral("battery.100")},
+        {QStringLiteral("sys.net"), QStringLiteral("network")},
+    };
+    return symbols.value(key);
+}
+
+QString wholeDegrees(std::optional<double> celsius)
+{
+    if (!celsius || !std::isfinite(*celsius))
+        return QStringLiteral("--");
+    return QString::number(std::lround(*celsius));
+}
+
+} // namespace
+
+QString tileKindName(TileKind kind)
+{
+    switch (kind) {
+    case TileKind::Weather:
+        return QStringLiteral("weather");
+    case TileKind::Stat:
+        return QStringLiteral("stat");
+    case TileKind::Network:
+        return QStringLiteral("network");
+    case TileKind::Item:
+        return QStringLiteral("item");
+    case TileKind::Permission:
+        return QStringLiteral("permission");
+    }
+    return {};
+}
+
+PanelContent::PanelContent(const SystemStats& stats, const WeatherService& weather,
+                           const TileModel& tiles, const LanguageManager& language)
+    : m_stats(stats), m_weather(weather), m_tiles(tiles), m_language(language)
+{}
+
+std::vector<PanelSection> PanelContent::sections(const PanelRequest& request) const
+{
+    std::vector<PanelSection> result;
+    if (request.showWeather)
+        result.push_back({std::nullopt, {weatherTile()}, false});
+    if (request.showSystemTiles)
+        result.push_back({systemTitle, statisticsTiles(), true});
+    for (const BarGroup& group : request.groups)
+        result.push_back({group.title, itemTiles(group), true});
+    std::vector<PanelTile> permissions =
+        permissionTiles(request.hasScreenRecording, request.hasAccessibility);
+    if (!permissions.empty())
+        result.push_back({std::nullopt, std::move(permissions), false});
+    return result;
+}
+
+PanelTile PanelContent::weatherTile() const
+{
+    PanelTile tile;
+    tile.kind = TileKind::Weather;
+    tile.key = QStringLiteral("weather");
+    const std::optional<QString> city = m_weather.city();
+    tile.label = city && !city->isEmpty() ? *city : weatherFallbackTitle;
+    tile.subtitle = temperatureText(m_weather.temp());
+    tile.detail = rangeText(m_weather.high(), m_weather.low());
+    const WeatherDescription description = WeatherService::describe(m_weather.code());
+    tile.symbol = description.symbol;
+    tile.note = description.text;
+    tile.accent = weatherAccent;
+    return tile;
+}
+
+std::vector<PanelTile> PanelContent::statisticsTiles() const
+{
+    std::vector<PanelTile> tiles;
+    for (const Stat& stat : makeStats(m_stats, m_language)) {
+        PanelTile tile;
+        tile.key = stat.key;
+        tile.label = stat.label;
+        tile.symbol = statSymbol(stat.key);
+        tile.accent = stat.accent;
+        if (stat.key == u"sys.net") {
+            tile.kind = TileKind::Network;
+            tile.subtitle = networkRatesText(m_stats.netDown(), m_stats.netUp(), RateLayout::Wide);
+            tile.detail = networkRatesText(m_stats.netDown(), m_stats.netUp(), RateLayout::Compact);
+            tile.content = NetworkRates{stat, m_stats.netDown(), m_stats.netUp()};
+        } else {
+            tile.kind = TileKind::Stat;
+            tile.subtitle = percentText(stat.value);
+            tile.percent = std::isfinite(stat.value) ? std::clamp(stat.value, 0.0, 100.0) : 0.0;
+            tile.content = stat;
+        }
+        tiles.push_back(std::move(tile));
+    }
+    return tiles;
+}
+
+std::vector<PanelTile> PanelContent::itemTiles(const BarGroup& group) const
+{
+    std::vector<PanelTile> tiles;
+    for (const BarItem& item : m_tiles.ordered(group.items)) {
+        PanelTile tile;
+        tile.kind = TileKind::Item;
+        tile.key = item.key;
+        tile.label = item.label;
+        tile.symbol = item.symbolName.value_or(QString());
+        tile.accent = tileAccent(item.label);
+        tile.content = item;
+        tiles.push_back(std::move(tile));
+    }
+    return tiles;
+}
+
+std::vector<PanelTile> PanelContent::permissionTiles(bool hasScreenRecording,
+                                                     bool hasAccessibility) const
+{
+    std::vector<PanelTile> tiles;
+    auto add = [&](const QString& key, const QString& symbol) {
+        PanelTile tile;
+        tile.kind = TileKind::Permission;
+        tile.key = key;
+        tile.label = m_language.L(key);
+        tile.subtitle = m_language.L(key + QStringLiteral(".desc"));
+        tile.symbol = symbol;
+        tile.accent = SystemColor::orange();
+        tiles.push_back(std::move(tile));
+    };
+    if (!hasScreenRecording)
+        add(screenRecordingKey, QStringLiteral("lock.shield"));
+    if (!hasAccessibility)
+        add(accessibilityKey, QStringLiteral("accessibility"));
+    return tiles;
+}
+
+QString PanelContent::percentText(double value)
+{
+    const long whole = std::isfinite(value) ? std::lround(value) : 0;
+    return QString::number(whole) + QStringLiteral(" %");
+}
+
+QString PanelContent::temperatureText(std::optional<double> celsius)
+{
+    return wholeDegrees(celsius) + QChar(u'°');
+}
+
+QString PanelContent::rangeText(std::optional<double> high, std::optional<double> low)
+{
+    return QStringLiteral("H: ") + wholeDegrees(high) + QStringLiteral("°  T: ") +
+           wholeDegrees(low) + QChar(u'°');
+}
+
+} // namespace ravlin

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "BarGroup.h"
+#include "PanelSection.h"
+
+#include <optional>
+#include <vector>
+
+namespace ravlin {
+
+class LanguageManager;
+class SystemStats;
+class TileModel;
+class WeatherService;
+
+// What the panel is asked to show, as it stands when it is shown.
+struct PanelRequest {
+    std::vector<BarGroup> groups;
+    bool showWeather = true;
+    bool showSystemTiles = true;
+    bool hasScreenRecording = true;
+    bool hasAccessibility = true;
+};
+
+// Decides the panel's sections top to bottom: the weather header, the "System"
+// statistics, one section per group in the saved tile order, and a tile for each
+// permission that is missing. Reads the live figures each time it is asked.
+class PanelContent {
+public:
+    // Not localised on purpose: the statistics section reads "System" everywhere.
+    static inline const QString systemTitle = QStringLiteral("System");
+    // The permission tiles' keys, which are also their label keys.
+    static inline const QString screenRecordingKey = QStringLiteral("bar.grant");
+    static inline const QString accessibilityKey = QStringLiteral("bar.grantAX");
+    // The weather header's title when no place is known.
+    static inline const QString weatherFallbackTitle = QStringLiteral("Wetter");
+
+    PanelContent(const SystemStats& stats, const WeatherService& weather, const TileModel& tiles,
+                 const LanguageManager& language);
+
+    std::vector<PanelSection> sections(const PanelRequest& request) const;
+
+    PanelTile weatherTile() const;
+    std::vector<PanelTile> statisticsTiles() const;
+    std::vector<PanelTile> itemTiles(const BarGroup& group) const;
+    std::vector<PanelTile> permissionTiles(bool hasScreenRecording, bool hasAccessibility) const;
+
+    // "42 %": the value rounded to a whole number.
+    static QString percentText(double value);
+    // "21°", or "--°" while there is no figure.
+    static QString temperatureText(std::optional<double> celsius);
+    // "H: 24°  T: 13°" (German H for high, T for low).
+    static QString rangeText(std::optional<double> high, std::optional<double> low);
+
+private:
+    const SystemStats& m_stats;
+    const WeatherService& m_weather;
+    const TileModel& m_tiles;
+    const LanguageManager& m_language;
+};
+
+} // namespace ravlin

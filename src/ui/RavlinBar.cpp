@@ -1,0 +1,227 @@
+#include "RavlinBar.h"
+
+#include "HudContainer.h"
+#include "NativeWindow.h"
+#include "PanelWindow.h"
+#include "RavlinBarView.h"
+#include "core/discovery/PermissionManager.h"
+#include "core/foundation/Logging.h"
+#include "core/foundation/Scheduler.h"
+#include "core/settings/LanguageManager.h"
+#include "core/settings/Preferences.h"
+#include "core/sysinfo/SystemStats.h"
+#include "core/sysinfo/WeatherService.h"
+#include "core/tiles/PanelPlacement.h"
+#include "core/tiles/TileModel.h"
+#include "platform/Screens.h"
+#include "platform/Workspace.h"
+
+#include <QPropertyAnimation>
+
+namespace ravlin {
+
+namespace P = PanelPlacement;
+
+RavlinBar::RavlinBar(RavlinBarServices services)
+    : m_s(services), m_content(services.stats, services.weather, services.tiles, services.language)
+{}
+
+RavlinBar::~RavlinBar()
+{
+    *m_alive = false;
+}
+
+QWidget* RavlinBar::window() const
+{
+    return m_panel.get();
+}
+
+RavlinBarView* RavlinBar::view() const
+{
+    return static_cast<RavlinBarView*>(m_view.data());
+}
+
+void RavlinBar::makePanel()
+{
+    m_panel = std::make_unique<PanelWindow>();
+    m_panel->onResignKey = [this] { resignKey(); };
+}
+
+void RavlinBar::show(const std::vector<BarGroup>& groups, const ScreenRect& anchor,
+                     ItemCallback onActivate, StatCallback onStat)
+{
+    if (m_s.preferences.showSystemTiles())
+        m_s.stats.start();
+    else
+        m_s.stats.stop();
+    if (m_s.preferences.showWeather())
+        m_s.weather.refreshIfStale();
+    RavlinBarView* view = makeView(groups, std::move(onActivate), std::move(onStat));
+    m_anchor = anchor;
+    const double height = P::fittedHeight(view->heightForWidth(int(P::panelWidth)));
+    if (!m_panel)
+        makePanel();
+    if (m_container) {
+        // Deleted later: this show may come from inside the old view's own event handling.
+        // Until then it must not redraw for every new figure.
+        for (QObject* source : {static_cast<QObject*>(&m_s.stats), static_cast<QObject*>(&m_s.weather),
+                                static_cast<QObject*>(&m_s.tiles)})
+            QObject::disconnect(source, nullptr, m_view, nullptr);
+        m_container->hide();
+        m_container->deleteLater();
+    }
+    auto* container = new HudContainer(m_panel.get());
+    container->setNativeBackground(
+        NativeWindow::addHudBackground(m_panel.get(), HudContainer::cornerRadius));
+    container->setContent(view);
+    container->resize(int(P::panelWidth), int(height));
+    m_container = container;
+    m_view = view;
+    m_frame.width = P::panelWidth;
+    m_frame.height = height;
+    positionPanel(height);
+    const bool wasVisible = m_panel->isVisible();
+    if (!wasVisible && m_animated)
+        m_panel->setWindowOpacity(0);
+    m_panel->show();
+    NativeWindow::makeMenuBarPanel(m_panel.get());
+    m_panel->raise();
+    m_panel->activateWindow();
+    if (!wasVisible)
+        fadeIn();
+    for (double delay : {firstRefit, secondRefit}) {
+        m_s.scheduler.after(delay, [this, alive = std::weak_ptr<bool>(m_alive)] {
+            if (auto a = alive.lock(); a && *a)
+                resizeToFit();
+        });
+    }
+}
+
+RavlinBarView* RavlinBar::makeView(const std::vector<BarGroup>& groups, ItemCallback onActivate,
+                                   StatCallback onStat)
+{
+    PanelRequest request;
+    request.groups = groups;
+    request.showWeather = m_s.preferences.showWeather();
+    request.showSystemTiles = m_s.preferences.showSystemTiles();
+    request.hasScreenRecording = m_s.permissions.hasScreenRecording();
+    request.hasAccessibility = m_s.permissions.hasAccessibility();
+    const RavlinBarView::Sources sources{m_content, m_s.tiles, m_s.stats, m_s.weather,
+                                         m_s.language.L(QStringLiteral("bar.empty"))};
+    auto* view = new RavlinBarView(sources, std::move(request), m_s.preferences.tileStyle());
+    view->setLayoutDirection(m_s.language.isRTL() ? Qt::RightToLeft : Qt::LeftToRight);
+    view->onActivate = std::move(onActivate);
+    view->onStat = std::move(onStat);
+    view->onWeather = [this] { openWeather(); };
+    view->onPermission = [this](const QString& key) { askForPermission(key); };
+    return view;
+}
+
+void RavlinBar::hide()
+{
+    m_s.stats.stop();
+    if (m_panel)
+        m_panel->hide();
+}
+
+bool RavlinBar::isVisible() const
+{
+    return m_panel && m_panel->isVisible();
+}
+
+void RavlinBar::resignKey()
+{
+    if (!isVisible())
+        return;
+    hide();
+    if (onClose)
+        onClose();
+}
+
+double RavlinBar::mainDisplayHeight() const
+{
+    const std::vector<ScreenInfo> screens = m_s.screens.screens();
+    return screens.empty() ? 900.0 : screens.front().frame.height;
+}
+
+void RavlinBar::positionPanel(double height)
+{
+    const std::optional<ScreenInfo> screen =
+        P::screenFor(m_anchor, m_s.screens.screens(), m_s.screens.mainScreen());
+    if (!screen) {
+        qCWarning(lcUi) << "no screen to show the tile panel on";
+        return;
+    }
+    const ScreenPoint origin = P::origin(m_anchor, screen->frame, height);
+    m_frame = {origin.x, origin.y, P::panelWidth, height};
+    applyFrame(false);
+}
+
+// The window's geometry follows m_frame; Qt's global coordinates are the window server's.
+void RavlinBar::applyFrame(bool animate)
+{
+    const WindowServerRect g = Geometry::toWindowServer(m_frame, mainDisplayHeight());
+    const QRect target(qRound(g.x), qRound(g.y), qRound(g.width), qRound(g.height));
+    if (!animate || !m_animated || !m_panel->isVisible()) {
+        m_panel->setGeometry(target);
+        return;
+    }
+    auto* move = new QPropertyAnimation(m_panel.get(), "geometry", m_panel.get());
+    move->setDuration(int(resizeSeconds * 1000));
+    move->setEasingCurve(QEasingCurve::OutCubic);
+    move->setEndValue(target);
+    move->start(QAbstractAnimation::DeleteWhenStopped);
+}
+
+void RavlinBar::fadeIn()
+{
+    ++m_fades;
+    if (!m_animated)
+        return;
+    auto* fade = new QPropertyAnimation(m_panel.get(), "windowOpacity", m_panel.get());
+    fade->setDuration(int(fadeSeconds * 1000));
+    fade->setEasingCurve(QEasingCurve::OutCubic);
+    fade->setStartValue(0.0);
+    fade->setEndValue(1.0);
+    fade->start(QAbstractAnimation::DeleteWhenStopped);
+}
+
+void RavlinBar::resizeToFit()
+{
+    if (!m_panel || !m_container || !m_view)
+        return;
+    const std::optional<ScreenRect> refitted =
+        P::refit(m_frame, view()->heightForWidth(int(P::panelWidth)));
+    if (!refitted)
+        return;
+    m_frame = *refitted;
+    m_container->resize(int(P::panelWidth), int(m_frame.height));
+    applyFrame(true);
+}
+
+std::optional<ScreenRect> RavlinBar::frame() const
+{
+    if (!m_panel)
+        return std::nullopt;
+    return m_frame;
+}
+
+void RavlinBar::openWeather()
+{
+    if (const std::optional<QString> url =
+            m_s.workspace.urlForApplication(QStringLiteral("com.apple.weather")))
+        m_s.workspace.openApplication(*url, true);
+}
+
+void RavlinBar::askForPermission(const QString& key)
+{
+    if (key == PanelContent::screenRecordingKey) {
+        m_s.permissions.requestScreenRecording();
+        m_s.permissions.openScreenRecordingSettings();
+    } else if (key == PanelContent::accessibilityKey) {
+        m_s.permissions.requestAccessibility();
+        m_s.permissions.openAccessibilitySettings();
+    }
+}
+
+} // namespace ravlin

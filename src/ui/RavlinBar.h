@@ -1,0 +1,98 @@
+#pragma once
+
+#include "core/bar/TilePanel.h"
+#include "core/tiles/PanelContent.h"
+
+#include <QPointer>
+
+#include <memory>
+#include <optional>
+
+class QWidget;
+
+namespace ravlin {
+
+class HudContainer;
+class LanguageManager;
+class PanelWindow;
+class PermissionManager;
+class Preferences;
+class RavlinBarView;
+class Scheduler;
+class Screens;
+class SystemStats;
+class TileModel;
+class WeatherService;
+class Workspace;
+
+// What the tile panel reads and acts on; the application object owns all of it.
+struct RavlinBarServices {
+    Scheduler& scheduler;
+    Screens& screens;
+    Preferences& preferences;
+    LanguageManager& language;
+    SystemStats& stats;
+    WeatherService& weather;
+    TileModel& tiles;
+    PermissionManager& permissions;
+    Workspace& workspace;
+};
+
+// The floating tile panel under the main status item. The window is made once
+// and kept; its content is made anew on every show. It fades in on its first
+// show only, follows its content's height twice after showing (figures, weather
+// and images arrive late) and closes when it loses key status or when the
+// controller hides it.
+class RavlinBar final : public TilePanel {
+public:
+    static constexpr double fadeSeconds = 0.16;
+    static constexpr double resizeSeconds = 0.14;
+    static constexpr double firstRefit = 0.4;
+    static constexpr double secondRefit = 1.3;
+
+    explicit RavlinBar(RavlinBarServices services);
+    ~RavlinBar() override;
+
+    void show(const std::vector<BarGroup>& groups, const ScreenRect& anchor,
+              ItemCallback onActivate, StatCallback onStat) override;
+    void hide() override;
+    bool isVisible() const override;
+
+    // The window lost key status (the user clicked elsewhere).
+    void resignKey();
+    // Off, fades and resizes happen at once (virtual time has no animation frames).
+    void setAnimated(bool animated) { m_animated = animated; }
+
+    // For the sandbox and tests.
+    std::optional<ScreenRect> frame() const; // screen coordinates
+    ScreenRect anchor() const { return m_anchor; }
+    int fadeCount() const { return m_fades; }
+    QWidget* window() const;
+    RavlinBarView* view() const;
+
+private:
+    void makePanel();
+    RavlinBarView* makeView(const std::vector<BarGroup>& groups, ItemCallback onActivate,
+                            StatCallback onStat);
+    void positionPanel(double height);
+    void resizeToFit();
+    void fadeIn();
+    void applyFrame(bool animate);
+    void openWeather();
+    void askForPermission(const QString& key);
+    double mainDisplayHeight() const;
+
+    RavlinBarServices m_s;
+    PanelContent m_content;
+    std::unique_ptr<PanelWindow> m_panel;
+    // Made anew on every show; held loosely because the old ones are deleted later.
+    QPointer<QWidget> m_container;
+    QPointer<QWidget> m_view;
+    ScreenRect m_anchor;
+    ScreenRect m_frame;
+    bool m_animated = true;
+    int m_fades = 0;
+    std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
+};
+
+} // namespace ravlin

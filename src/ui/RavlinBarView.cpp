@@ -1,0 +1,252 @@
+#include "RavlinBarView.h"
+
+#include "TilePainter.h"
+#include "core/sysinfo/SystemStats.h"
+#include "core/sysinfo/WeatherService.h"
+#include "core/tiles/PanelPlacement.h"
+#include "core/tiles/TileModel.h"
+
+#include <QEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace ravlin {
+namespace {
+
+// A press that moves further than this becomes a drag.
+constexpr double dragDistance = 4;
+
+} // namespace
+
+RavlinBarView::RavlinBarView(const Sources& sources, PanelRequest request, TileStyle style,
+                             QWidget* parent)
+    : QWidget(parent), m_content(sources.content), m_tiles(sources.tiles),
+      m_request(std::move(request)), m_style(style), m_emptyText(sources.emptyText)
+{
+    setAttribute(Qt::WA_TranslucentBackground);
+    setMouseTracking(true);
+    auto redraw = [this] {
+        rebuild();
+        update();
+    };
+    connect(&sources.tiles, &TileModel::changed, this, redraw);
+    connect(&sources.stats, &SystemStats::changed, this, redraw);
+    connect(&sources.weather, &WeatherService::changed, this, redraw);
+    resize(int(PanelPlacement::panelWidth), height());
+    rebuild();
+    resize(width(), heightForWidth(width()));
+}
+
+void RavlinBarView::rebuild()
+{
+    m_sections = m_content.sections(m_request);
+    relayout();
+}
+
+void RavlinBarView::relayout()
+{
+    m_layout = layoutFor(width() > 0 ? width() : PanelPlacement::panelWidth);
+    updateGeometry();
+}
+
+PanelLayout RavlinBarView::layoutFor(double width) const
+{
+    return PanelLayout::make(m_sections, m_style, width, isRightToLeft(), m_request.groups.empty());
+}
+
+QSize RavlinBarView::sizeHint() const
+{
+    const int w = int(PanelPlacement::panelWidth);
+    return {w, heightForWidth(w)};
+}
+
+int RavlinBarView::heightForWidth(int width) const
+{
+    const PanelLayout layout = width == this->width() ? m_layout : layoutFor(width);
+    return int(std::ceil(layout.height));
+}
+
+const PanelTile& RavlinBarView::tileOf(const PanelLayout::PlacedTile& placed) const
+{
+    return m_sections[placed.section].tiles[placed.index];
+}
+
+const PanelLayout::PlacedTile* RavlinBarView::placed(const QString& key) const
+{
+    for (const PanelLayout::PlacedTile& p : m_layout.tiles)
+        if (tileOf(p).key == key)
+            return &p;
+    return nullptr;
+}
+
+const PanelTile* RavlinBarView::tile(const QString& key) const
+{
+    const PanelLayout::PlacedTile* p = placed(key);
+    return p ? &tileOf(*p) : nullptr;
+}
+
+std::optional<QRectF> RavlinBarView::tileRect(const QString& key) const
+{
+    const PanelLayout::PlacedTile* p = placed(key);
+    return p ? std::optional(p->rect) : std::nullopt;
+}
+
+bool RavlinBarView::isItem(const QString& key) const
+{
+    const PanelTile* t = tile(key);
+    return t && t->kind == TileKind::Item;
+}
+
+std::optional<QString> RavlinBarView::keyAt(const QPointF& point) const
+{
+    const PanelLayout::PlacedTile* p = m_layout.tileAt(point);
+    return p ? std::optional(tileOf(*p).key) : std::nullopt;
+}
+
+bool RavlinBarView::clickTile(const QString& key)
+{
+    const PanelTile* found = tile(key);
+    if (!found)
+        return false;
+    // Copied first: a callback may close the panel or refill this view.
+    const PanelTile t = *found;
+    switch (t.kind) {
+    case TileKind::Item:
+        if (onActivate)
+            onActivate(std::get<BarItem>(*t.content));
+        break;
+    case TileKind::Stat:
+        if (onStat)
+            onStat(std::get<Stat>(*t.content));
+        break;
+    case TileKind::Network:
+        if (onStat)
+            onStat(std::get<NetworkRates>(*t.content).stat);
+        break;
+    case TileKind::Weather:
+        if (onWeather)
+            onWeather();
+        break;
+    case TileKind::Permission:
+        if (onPermission)
+            onPermission(t.key);
+        break;
+    }
+    return true;
+}
+
+bool RavlinBarView::dropTile(const QString& dragged, const QString& onto)
+{
+    const PanelLayout::PlacedTile* from = placed(dragged);
+    if (!from || !isItem(dragged) || !isItem(onto))
+        return false;
+    // The order is kept among the tiles shown together with the dragged one.
+    QStringList within;
+    for (const PanelTile& t : m_sections[from->section].tiles)
+        within.append(t.key);
+    m_tiles.move(dragged, onto, within);
+    return true;
+}
+
+void RavlinBarView::setHover(std::optional<QString> key)
+{
+    if (key == m_hover)
+        return;
+    m_hover = std::move(key);
+    update();
+}
+
+void RavlinBarView::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    m_pressed = keyAt(event->position());
+    m_pressPoint = m_pointer = event->position();
+    m_dragging = false;
+    update();
+}
+
+void RavlinBarView::mouseMoveEvent(QMouseEvent* event)
+{
+    m_pointer = event->position();
+    if (m_pressed && !m_dragging && isItem(*m_pressed) &&
+        (m_pointer - m_pressPoint).manhattanLength() > dragDistance)
+        m_dragging = true;
+    setHover(keyAt(m_pointer));
+    if (m_dragging)
+        update();
+}
+
+void RavlinBarView::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton || !m_pressed)
+        return;
+    const QString pressed = *std::exchange(m_pressed, std::nullopt);
+    const bool dragging = std::exchange(m_dragging, false);
+    const std::optional<QString> under = keyAt(event->position());
+    update();
+    if (dragging) {
+        if (under && *under != pressed)
+            dropTile(pressed, *under);
+        return;
+    }
+    if (under == pressed)
+        clickTile(pressed);
+}
+
+void RavlinBarView::leaveEvent(QEvent*)
+{
+    setHover(std::nullopt);
+}
+
+void RavlinBarView::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LayoutDirectionChange) {
+        relayout();
+        update();
+    }
+    QWidget::changeEvent(event);
+}
+
+void RavlinBarView::resizeEvent(QResizeEvent*)
+{
+    relayout();
+}
+
+void RavlinBarView::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    TilePainter tiles(painter, m_style, isRightToLeft());
+    for (const PanelLayout::PlacedHeader& h : m_layout.headers)
+        tiles.header(m_sections[h.section].title.value_or(QString()), h.rect);
+    if (m_layout.emptyNote)
+        tiles.emptyNote(m_emptyText, *m_layout.emptyNote);
+    const std::optional<QString> under = m_dragging ? keyAt(m_pointer) : std::nullopt;
+    for (const PanelLayout::PlacedTile& p : m_layout.tiles) {
+        const PanelTile& t = tileOf(p);
+        TileState state;
+        state.hovered = m_hover == t.key && !m_dragging;
+        state.pressed = m_pressed == t.key && !m_dragging && m_hover == t.key;
+        state.lifted = m_dragging && m_pressed == t.key;
+        state.dropTarget =
+            m_dragging && under == t.key && t.kind == TileKind::Item && m_pressed != t.key;
+        tiles.tile(t, p.rect, state);
+    }
+    if (m_dragging)
+        paintDragged(painter);
+}
+
+// The dragged tile follows the pointer.
+void RavlinBarView::paintDragged(QPainter& painter)
+{
+    const PanelLayout::PlacedTile* p = m_pressed ? placed(*m_pressed) : nullptr;
+    if (!p)
+        return;
+    TileState state;
+    state.hovered = true;
+    state.floating = true;
+    TilePainter(painter, m_style, isRightToLeft())
+        .tile(tileOf(*p), p->rect.translated(m_pointer - m_pressPoint), state);
+}
+
+} // namespace ravlin

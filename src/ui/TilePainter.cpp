@@ -1,0 +1,401 @@
+#include "TilePainter.h"
+
+#include "SymbolRenderer.h"
+#include "Theme.h"
+
+#include <QPainter>
+#include <QPainterPath>
+
+#include <algorithm>
+
+namespace ravlin {
+namespace {
+
+// Measures inside a tile from its leading edge, so one description serves both directions.
+struct Box {
+    QRectF r;
+    bool rtl;
+
+    QRectF at(double x, double y, double w, double h) const
+    {
+        return {rtl ? r.right() - x - w : r.left() + x, r.top() + y, w, h};
+    }
+    // From x to `trailingInset` short of the trailing edge.
+    QRectF span(double x, double y, double trailingInset, double h) const
+    {
+        return at(x, y, std::max(0.0, r.width() - x - trailingInset), h);
+    }
+    Qt::Alignment lead() const { return rtl ? Qt::AlignRight : Qt::AlignLeft; }
+    Qt::Alignment trail() const { return rtl ? Qt::AlignLeft : Qt::AlignRight; }
+};
+
+QColor white(int alpha)
+{
+    return QColor(255, 255, 255, alpha);
+}
+
+// A faint white that is a touch brighter at the top, as light falls on glass. Qt fills
+// translucent gradients several times faster than translucent plain colours, which
+// keeps a panel of many tiles within one frame.
+QBrush glass(const QRectF& r, int alpha)
+{
+    QLinearGradient g(r.topLeft(), r.bottomLeft());
+    g.setColorAt(0, white(alpha + 3));
+    g.setColorAt(1, white(std::max(0, alpha - 3)));
+    return g;
+}
+
+// Alignment is absolute: callers have already chosen the side for the reading direction.
+void text(QPainter& p, const QRectF& rect, const QString& s, const QFont& font,
+          const QColor& colour, Qt::Alignment align)
+{
+    p.setFont(font);
+    p.setPen(colour);
+    const QString shown = p.fontMetrics().elidedText(s, Qt::ElideRight, int(rect.width()));
+    p.drawText(rect, int(align | Qt::AlignVCenter | Qt::AlignAbsolute) | Qt::TextSingleLine, shown);
+}
+
+// Figures, rates and temperatures read left to right in every language.
+void figures(QPainter& p, const QRectF& rect, const QString& s, const QFont& font,
+             const QColor& colour, Qt::Alignment align)
+{
+    const Qt::LayoutDirection direction = p.layoutDirection();
+    p.setLayoutDirection(Qt::LeftToRight);
+    text(p, rect, s, font, colour, align);
+    p.setLayoutDirection(direction);
+}
+
+QRectF fitted(const QSizeF& size, const QRectF& box)
+{
+    const QSizeF s = size.scaled(box.size(), Qt::KeepAspectRatio);
+    return {box.center().x() - s.width() / 2, box.center().y() - s.height() / 2, s.width(),
+            s.height()};
+}
+
+void image(QPainter& p, const QImage& img, const QRectF& box)
+{
+    const QSizeF logical = img.deviceIndependentSize();
+    p.save();
+    p.setRenderHint(QPainter::SmoothPixmapTransform);
+    p.drawImage(fitted(logical, box), img);
+    p.restore();
+}
+
+// A captured image of the item when there is one, else its symbol, else its initial.
+void itemMark(QPainter& p, const PanelTile& tile, const QRectF& box, const QColor& colour)
+{
+    const BarItem* item = tile.content ? std::get_if<BarItem>(&*tile.content) : nullptr;
+    if (item && item->image && !item->image->isNull()) {
+        image(p, *item->image, box);
+        return;
+    }
+    if (!tile.symbol.isEmpty() && SymbolRenderer::paint(p, box, tile.symbol, colour))
+        return;
+    const QString initial = tile.label.trimmed().left(1).toUpper();
+    text(p, box, initial, Theme::font(box.height() * 0.72, QFont::Bold), colour, Qt::AlignHCenter);
+}
+
+bool hasImage(const PanelTile& tile)
+{
+    const BarItem* item = tile.content ? std::get_if<BarItem>(&*tile.content) : nullptr;
+    return item && item->image && !item->image->isNull();
+}
+
+// The round coloured badge that carries a tile's symbol; captured images sit on a quiet one.
+void disc(QPainter& p, const PanelTile& tile, const QRectF& rect)
+{
+    const bool quiet = hasImage(tile);
+    const QColor accent = tile.accent.value_or(Theme::systemBlue());
+    p.setPen(Qt::NoPen);
+    if (quiet) {
+        p.setBrush(glass(rect, 26));
+    } else {
+        QLinearGradient shade(rect.topLeft(), rect.bottomLeft());
+        shade.setColorAt(0, accent.lighter(112));
+        shade.setColorAt(1, accent);
+        p.setBrush(shade);
+    }
+    p.drawEllipse(rect);
+    const double glyph = rect.height() * (quiet ? 0.86 : 0.56);
+    const QRectF box(rect.center().x() - glyph / 2, rect.center().y() - glyph / 2, glyph, glyph);
+    itemMark(p, tile, box, Qt::white);
+}
+
+void ring(QPainter& p, const QRectF& rect, double percent, const QColor& accent, double width)
+{
+    const QRectF r = rect.adjusted(width / 2, width / 2, -width / 2, -width / 2);
+    QColor track = accent;
+    track.setAlpha(56);
+    p.setBrush(Qt::NoBrush);
+    p.setPen(QPen(track, width, Qt::SolidLine, Qt::RoundCap));
+    p.drawEllipse(r);
+    const double share = std::clamp(percent, 0.0, 100.0) / 100.0;
+    if (share <= 0)
+        return;
+    p.setPen(QPen(accent, width, Qt::SolidLine, Qt::RoundCap));
+    p.drawArc(r, 90 * 16, -int(share * 360 * 16)); // clockwise from twelve o'clock
+}
+
+void bar(QPainter& p, const QRectF& rect, double percent, const QColor& accent, bool rtl)
+{
+    p.setPen(Qt::NoPen);
+    p.setBrush(glass(rect, 30));
+    const double radius = rect.height() / 2;
+    p.drawRoundedRect(rect, radius, radius);
+    const double w = rect.width() * std::clamp(percent, 0.0, 100.0) / 100.0;
+    if (w <= 0)
+        return;
+    const QRectF fill(rtl ? rect.right() - w : rect.left(), rect.top(), w, rect.height());
+    p.setBrush(accent);
+    p.drawRoundedRect(fill, radius, radius);
+}
+
+// The owner's name under an item's label, when it says something the label does not.
+QString ownerLine(const PanelTile& tile)
+{
+    const BarItem* item = tile.content ? std::get_if<BarItem>(&*tile.content) : nullptr;
+    if (!item || item->info.owner.isEmpty() || item->info.owner == tile.label)
+        return {};
+    return item->info.owner;
+}
+
+} // namespace
+
+TilePainter::TilePainter(QPainter& painter, TileStyle style, bool rightToLeft)
+    : m_p(painter), m_style(style), m_rtl(rightToLeft)
+{
+    m_p.setRenderHint(QPainter::Antialiasing);
+    m_p.setRenderHint(QPainter::TextAntialiasing);
+    m_p.setLayoutDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+}
+
+double TilePainter::cornerRadius(const PanelTile& tile, const QRectF& rect) const
+{
+    if (tile.kind == TileKind::Weather || tile.kind == TileKind::Permission)
+        return 14;
+    switch (m_style) {
+    case TileStyle::Capsules:
+        return rect.height() / 2;
+    case TileStyle::Strip:
+        return 9;
+    default:
+        return 14;
+    }
+}
+
+void TilePainter::tile(const PanelTile& tile, const QRectF& rect, const TileState& state)
+{
+    m_p.save();
+    if (state.lifted)
+        m_p.setOpacity(0.35);
+    const double radius = cornerRadius(tile, rect);
+    if (state.floating) {
+        m_p.setPen(Qt::NoPen);
+        for (int i = 3; i >= 1; --i) {
+            m_p.setBrush(QColor(0, 0, 0, 24));
+            m_p.drawRoundedRect(rect.adjusted(-i, 3 - i, i, 3 + i), radius + i, radius + i);
+        }
+        m_p.setBrush(QColor(50, 50, 54));
+        m_p.drawRoundedRect(rect, radius, radius);
+    }
+    const int fill = state.pressed ? 44 : state.hovered || state.dropTarget ? 32 : 17;
+    // The hairline border is filled as a ring rather than stroked: stroking curves costs
+    // more than the rest of the tile together.
+    const double edge = state.dropTarget ? 1.5 : 1;
+    const QRectF inner = rect.adjusted(edge, edge, -edge, -edge);
+    const double innerRadius = std::max(0.0, radius - edge);
+    QPainterPath border;
+    border.addRoundedRect(rect, radius, radius);
+    border.addRoundedRect(inner, innerRadius, innerRadius);
+    m_p.setPen(Qt::NoPen);
+    m_p.fillPath(border, state.dropTarget ? QBrush(Theme::systemBlue()) : glass(rect, 12));
+    m_p.setBrush(glass(inner, fill));
+    m_p.drawRoundedRect(inner, innerRadius, innerRadius);
+    switch (tile.kind) {
+    case TileKind::Weather:
+        weather(tile, rect);
+        break;
+    case TileKind::Permission:
+        permission(tile, rect);
+        break;
+    default:
+        switch (m_style) {
+        case TileStyle::Dashboard:
+            dashboard(tile, rect);
+            break;
+        case TileStyle::Capsules:
+            capsule(tile, rect);
+            break;
+        case TileStyle::Grid:
+            gridCell(tile, rect);
+            break;
+        case TileStyle::Strip:
+            stripRow(tile, rect);
+            break;
+        }
+    }
+    m_p.restore();
+}
+
+void TilePainter::header(const QString& title, const QRectF& rect)
+{
+    const Box b{rect, m_rtl};
+    text(m_p, b.span(4, 0, 4, rect.height()), title, Theme::font(11, QFont::DemiBold),
+         Theme::hudSecondaryText(), b.lead());
+}
+
+void TilePainter::emptyNote(const QString& note, const QRectF& rect)
+{
+    m_p.save();
+    m_p.setPen(Qt::NoPen);
+    m_p.setBrush(glass(rect, 8));
+    m_p.drawRoundedRect(rect, 12, 12);
+    text(m_p, rect.adjusted(12, 0, -12, 0), note, Theme::font(12), Theme::hudSecondaryText(),
+         Qt::AlignHCenter);
+    m_p.restore();
+}
+
+void TilePainter::weather(const PanelTile& t, const QRectF& rect)
+{
+    const Box b{rect, m_rtl};
+    SymbolRenderer::paint(m_p, b.at(12, 13, 32, 32), t.symbol,
+                          t.accent.value_or(Theme::systemBlue()));
+    SymbolRenderer::paint(m_p, b.at(54, 13, 11, 11), QStringLiteral("location.fill"),
+                          Theme::hudSecondaryText());
+    text(m_p, b.span(69, 9, 110, 19), t.label, Theme::font(13, QFont::DemiBold),
+         Theme::hudPrimaryText(), b.lead());
+    text(m_p, b.span(54, 30, 110, 16), t.note, Theme::font(11), Theme::hudSecondaryText(),
+         b.lead());
+    figures(m_p, b.at(rect.width() - 112, 5, 100, 30), t.subtitle, Theme::font(25, QFont::Light),
+            Theme::hudPrimaryText(), b.trail());
+    figures(m_p, b.at(rect.width() - 152, 36, 140, 15), t.detail, Theme::font(10.5),
+            Theme::hudSecondaryText(), b.trail());
+}
+
+void TilePainter::permission(const PanelTile& t, const QRectF& rect)
+{
+    const Box b{rect, m_rtl};
+    disc(m_p, t, b.at(10, (rect.height() - 30) / 2, 30, 30));
+    text(m_p, b.span(50, 7, 34, 18), t.label, Theme::font(12.5, QFont::DemiBold),
+         Theme::hudPrimaryText(), b.lead());
+    text(m_p, b.span(50, 25, 34, 15), t.subtitle, Theme::font(10.5), Theme::hudSecondaryText(),
+         b.lead());
+    const QString chevron =
+        m_rtl ? QStringLiteral("chevron.left") : QStringLiteral("chevron.right");
+    SymbolRenderer::paint(m_p, b.at(rect.width() - 26, (rect.height() - 16) / 2, 16, 16), chevron,
+                          Theme::hudSecondaryText());
+}
+
+void TilePainter::dashboard(const PanelTile& t, const QRectF& rect)
+{
+    const Box b{rect, m_rtl};
+    const double h = rect.height();
+    const QColor accent = t.accent.value_or(Theme::systemBlue());
+    if (t.kind == TileKind::Stat) {
+        const QRectF gauge = b.at(11, (h - 40) / 2, 40, 40);
+        ring(m_p, gauge, t.percent.value_or(0), accent, 4.5);
+        SymbolRenderer::paint(m_p, gauge.adjusted(12, 12, -12, -12), t.symbol, accent);
+        text(m_p, b.span(61, h / 2 - 17, 8, 15), t.label, Theme::font(11),
+             Theme::hudSecondaryText(), b.lead());
+        figures(m_p, b.span(61, h / 2 - 2, 8, 21), t.subtitle, Theme::font(17, QFont::DemiBold),
+                Theme::hudPrimaryText(), b.lead());
+        return;
+    }
+    disc(m_p, t, b.at(10, (h - 30) / 2, 30, 30));
+    if (t.kind == TileKind::Network) {
+        text(m_p, b.span(50, 0, 160, h), t.label, Theme::font(12.5, QFont::DemiBold),
+             Theme::hudPrimaryText(), b.lead());
+        figures(m_p, b.span(130, 0, 14, h), t.subtitle, Theme::font(12.5, QFont::Medium),
+                Theme::hudPrimaryText(), b.trail());
+        return;
+    }
+    const QString owner = ownerLine(t);
+    if (owner.isEmpty()) {
+        text(m_p, b.span(48, 0, 10, h), t.label, Theme::font(12.5, QFont::DemiBold),
+             Theme::hudPrimaryText(), b.lead());
+        return;
+    }
+    text(m_p, b.span(48, h / 2 - 16, 10, 17), t.label, Theme::font(12.5, QFont::DemiBold),
+         Theme::hudPrimaryText(), b.lead());
+    text(m_p, b.span(48, h / 2 + 1, 10, 14), owner, Theme::font(10.5), Theme::hudSecondaryText(),
+         b.lead());
+}
+
+void TilePainter::capsule(const PanelTile& t, const QRectF& rect)
+{
+    const Box b{rect, m_rtl};
+    const double h = rect.height();
+    disc(m_p, t, b.at(6, 6, h - 12, h - 12));
+    const double x = h + 2;
+    switch (t.kind) {
+    case TileKind::Stat:
+        text(m_p, b.span(x, h / 2 - 14, 14, 13), t.label, Theme::font(10.5),
+             Theme::hudSecondaryText(), b.lead());
+        figures(m_p, b.span(x, h / 2 - 1, 14, 16), t.subtitle, Theme::font(13, QFont::DemiBold),
+                Theme::hudPrimaryText(), b.lead());
+        break;
+    case TileKind::Network:
+        text(m_p, b.span(x, 0, 170, h), t.label, Theme::font(12.5, QFont::Medium),
+             Theme::hudPrimaryText(), b.lead());
+        figures(m_p, b.span(110, 0, 16, h), t.subtitle, Theme::font(12.5, QFont::DemiBold),
+                Theme::hudPrimaryText(), b.trail());
+        break;
+    default:
+        text(m_p, b.span(x, 0, 14, h), t.label, Theme::font(12.5, QFont::Medium),
+             Theme::hudPrimaryText(), b.lead());
+    }
+}
+
+void TilePainter::gridCell(const PanelTile& t, const QRectF& rect)
+{
+    const Box b{rect, m_rtl};
+    const double w = rect.width();
+    const QColor accent = t.accent.value_or(Theme::systemBlue());
+    if (t.kind == TileKind::Network) {
+        disc(m_p, t, b.at(10, 10, 30, 30));
+        text(m_p, b.span(48, 10, 8, 30), t.label, Theme::font(11.5, QFont::DemiBold),
+             Theme::hudPrimaryText(), b.lead());
+        figures(m_p, b.span(10, 47, 8, 16), t.detail, Theme::font(10.5, QFont::Medium),
+                Theme::hudSecondaryText(), b.lead());
+        return;
+    }
+    const QRectF top(rect.left() + (w - 34) / 2, rect.top() + 9, 34, 34);
+    if (t.kind == TileKind::Stat) {
+        ring(m_p, top, t.percent.value_or(0), accent, 3.5);
+        text(m_p, top, QString::number(qRound(t.percent.value_or(0))),
+             Theme::font(11, QFont::DemiBold), Theme::hudPrimaryText(), Qt::AlignHCenter);
+    } else {
+        disc(m_p, t, top);
+    }
+    text(m_p, QRectF(rect.left() + 5, rect.top() + 48, w - 10, 15), t.label, Theme::font(10.5),
+         Theme::hudPrimaryText(), Qt::AlignHCenter);
+}
+
+void TilePainter::stripRow(const PanelTile& t, const QRectF& rect)
+{
+    const Box b{rect, m_rtl};
+    const double h = rect.height();
+    const QColor accent = t.accent.value_or(Theme::systemBlue());
+    itemMark(m_p, t, b.at(10, (h - 18) / 2, 18, 18), accent);
+    if (t.kind == TileKind::Stat) {
+        text(m_p, b.span(38, 0, 130, h), t.label, Theme::font(12.5), Theme::hudPrimaryText(),
+             b.lead());
+        bar(m_p, b.at(rect.width() - 128, (h - 5) / 2, 62, 5), t.percent.value_or(0), accent,
+            m_rtl);
+        figures(m_p, b.at(rect.width() - 56, 0, 44, h), t.subtitle,
+                Theme::font(12, QFont::DemiBold), Theme::hudPrimaryText(), b.trail());
+        return;
+    }
+    const QString trailing = t.kind == TileKind::Network ? t.subtitle : ownerLine(t);
+    const double trailingWidth = t.kind == TileKind::Network ? 150 : 110;
+    text(m_p, b.span(38, 0, trailingWidth + 20, h), t.label, Theme::font(12.5),
+         Theme::hudPrimaryText(), b.lead());
+    const QRectF trailingBox = b.at(rect.width() - trailingWidth - 12, 0, trailingWidth, h);
+    if (t.kind == TileKind::Network)
+        figures(m_p, trailingBox, trailing, Theme::font(12, QFont::Medium), Theme::hudPrimaryText(),
+                b.trail());
+    else
+        text(m_p, trailingBox, trailing, Theme::font(11), Theme::hudSecondaryText(), b.trail());
+}
+
+} // namespace ravlin

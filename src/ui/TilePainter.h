@@ -1,0 +1,45 @@
+#pragma once
+
+#include "core/settings/TileStyle.h"
+#include "core/tiles/PanelSection.h"
+
+#include <QRectF>
+
+class QPainter;
+
+namespace ravlin {
+
+// How a tile is being touched right now.
+struct TileState {
+    bool hovered = false;
+    bool pressed = false;
+    bool dropTarget = false; // a dragged tile would land in front of this one
+    bool lifted = false;     // this tile is being dragged away from here
+    bool floating = false;   // the dragged copy under the pointer
+};
+
+// Paints the parts of the tile panel, one tile at a time, in the panel's dark
+// HUD look. Right to left mirrors the inside of every tile as well.
+class TilePainter {
+public:
+    TilePainter(QPainter& painter, TileStyle style, bool rightToLeft);
+
+    void tile(const PanelTile& tile, const QRectF& rect, const TileState& state);
+    void header(const QString& title, const QRectF& rect);
+    void emptyNote(const QString& text, const QRectF& rect);
+
+private:
+    void weather(const PanelTile& tile, const QRectF& rect);
+    void permission(const PanelTile& tile, const QRectF& rect);
+    void dashboard(const PanelTile& tile, const QRectF& rect);
+    void capsule(const PanelTile& tile, const QRectF& rect);
+    void gridCell(const PanelTile& tile, const QRectF& rect);
+    void stripRow(const PanelTile& tile, const QRectF& rect);
+    double cornerRadius(const PanelTile& tile, const QRectF& rect) const;
+
+    QPainter& m_p;
+    TileStyle m_style;
+    bool m_rtl;
+};
+
+} // namespace ravlin

@@ -1,0 +1,126 @@
+// The panel window: where it stands, how tall it is, its fade, its refits and
+// how it closes.
+#include "support/PanelWorld.h"
+
+#include "core/settings/LanguageManager.h"
+#include "core/settings/Preferences.h"
+#include "core/sysinfo/SystemStats.h"
+#include "platform/sim/SimSystemProbe.h"
+#include "ui/RavlinBar.h"
+#include "ui/RavlinBarView.h"
+
+#include <QWidget>
+
+#include <gtest/gtest.h>
+
+using namespace ravlin;
+using namespace ravlin::test;
+
+namespace {
+
+// The main item at the right end of the 1440×900 screen's menu bar (screen coordinates).
+const ScreenRect rightEnd{1416, 876, 24, 24};
+
+class PanelTest : public ::testing::Test {
+protected:
+    void show(std::vector<BarGroup> groups = PanelWorld::groups(3), ScreenRect anchor = rightEnd)
+    {
+        bar->show(
+            groups, anchor, [](const BarItem&) {}, [](const Stat&) {});
+    }
+
+    PanelWorld world;
+    std::unique_ptr<RavlinBar> bar = world.makePanel();
+};
+
+} // namespace
+
+TEST_F(PanelTest, HangsUnderTheItemAndTheWindowSitsThereInQtCoordinates)
+{
+    show();
+    ASSERT_TRUE(bar->isVisible());
+    const ScreenRect f = *bar->frame();
+    EXPECT_EQ(f.x, 1124);
+    EXPECT_EQ(f.width, 308);
+    EXPECT_EQ(f.maxY(), 876 - 6);
+    // Qt's global coordinates run from the top left: the top edge is 30 points down.
+    EXPECT_EQ(bar->window()->geometry(), QRect(1124, 30, 308, int(f.height)));
+    EXPECT_TRUE(bar->window()->windowFlags() & Qt::FramelessWindowHint);
+    EXPECT_TRUE(bar->window()->testAttribute(Qt::WA_ShowWithoutActivating));
+}
+
+TEST_F(PanelTest, FadesInOnItsFirstShowOnly)
+{
+    show();
+    show();
+    EXPECT_EQ(bar->fadeCount(), 1);
+    bar->hide();
+    show();
+    EXPECT_EQ(bar->fadeCount(), 2);
+}
+
+TEST_F(PanelTest, IsNeverLowerThan120Points)
+{
+    world.preferences().setShowWeather(false);
+    world.preferences().setShowSystemTiles(false);
+    show(PanelWorld::groups(1, false));
+    EXPECT_EQ(bar->frame()->height, 120);
+    EXPECT_FALSE(world.stats().isSampling());
+}
+
+TEST_F(PanelTest, RefitsKeepTheTopEdgeWhenTheContentGrows)
+{
+    world.preferences().setTileStyle(TileStyle::Strip);
+    world.probe().setBattery(std::nullopt);
+    show();
+    const ScreenRect before = *bar->frame();
+    EXPECT_TRUE(world.stats().isSampling());
+    world.probe().setBattery(PowerSource{50, 100});
+    world.scheduler.advance(1.3);
+    const ScreenRect after = *bar->frame();
+    EXPECT_EQ(after.height, before.height + 38); // one more strip row
+    EXPECT_EQ(after.maxY(), before.maxY());
+    EXPECT_EQ(bar->window()->height(), int(after.height));
+}
+
+TEST_F(PanelTest, LosingKeyStatusClosesItAndTellsOnceOnly)
+{
+    int closed = 0;
+    bar->onClose = [&] { ++closed; };
+    show();
+    bar->resignKey();
+    EXPECT_FALSE(bar->isVisible());
+    bar->resignKey();
+    EXPECT_EQ(closed, 1);
+    show();
+    bar->hide(); // the controller's own close does not call back
+    EXPECT_EQ(closed, 1);
+    EXPECT_FALSE(world.stats().isSampling());
+}
+
+TEST_F(PanelTest, EachShowBringsFreshContentInTheCurrentStyleAndDirection)
+{
+    show();
+    RavlinBarView* first = bar->view();
+    world.preferences().setTileStyle(TileStyle::Capsules);
+    world.language().apply(QStringLiteral("he"));
+    show();
+    EXPECT_NE(bar->view(), first);
+    EXPECT_EQ(bar->view()->style(), TileStyle::Capsules);
+    EXPECT_TRUE(bar->view()->isRightToLeft());
+    // The replaced view, not yet deleted, no longer follows the figures.
+    world.probe().setBattery(std::nullopt);
+    world.stats().refresh();
+    EXPECT_FALSE(bar->view()->tile(QStringLiteral("sys.batt")));
+    EXPECT_TRUE(first->tile(QStringLiteral("sys.batt")));
+}
+
+TEST_F(PanelTest, APermissionTileAsksAndOpensItsSettingsPage)
+{
+    world.desktop.accessibilityTrusted = false;
+    show();
+    ASSERT_TRUE(bar->view()->clickTile(QStringLiteral("bar.grantAX")));
+    EXPECT_EQ(world.desktop.accessibilityPrompts, 1);
+    EXPECT_TRUE(world.desktop.opened().contains(QStringLiteral(
+        "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility")));
+}
