@@ -9,6 +9,7 @@
 #include "platform/WindowServer.h"
 #include "platform/sim/SimDesktop.h"
 #include "platform/sim/SimStatusBar.h"
+#include "DesktopScene.h"
 #include "ui/DesktopRenderer.h"
 #include "ui/RavlinBar.h"
 #include "ui/RavlinBarView.h"
@@ -64,45 +65,6 @@ void panelCommand(CommandContext& c)
     c.session.scheduler().runDue();
 }
 
-DesktopScene::StatusItem ownItem(const SimStatusItem& item, const WindowServerRect& frame)
-{
-    DesktopScene::StatusItem shown;
-    shown.frame = QRectF(frame.x, frame.y, frame.width, frame.height);
-    shown.symbol = item.image();
-    shown.separator =
-        item.autosaveName() != StatusBarController::mainName && item.image().isEmpty();
-    return shown;
-}
-
-DesktopScene scene(SandboxSession& s)
-{
-    DesktopScene scene;
-    SimDesktop& desktop = s.desktop();
-    const auto screens = desktop.screens();
-    for (std::size_t i = 0; i < screens.size(); ++i) {
-        const WindowServerRect f = desktop.screenFrame(i);
-        scene.displays.push_back({QRectF(f.x, f.y, f.width, f.height), screens[i].menuBarHeight});
-    }
-    for (const SimPlacedItem& placed : desktop.bar()) {
-        if (!placed.onScreen)
-            continue;
-        if (placed.item.own) {
-            if (const SimStatusItem* own = s.statusBar().item(placed.item.title))
-                scene.items.push_back(ownItem(*own, placed.frame));
-            continue;
-        }
-        DesktopScene::StatusItem item;
-        item.frame =
-            QRectF(placed.frame.x, placed.frame.y, placed.frame.width, placed.frame.height);
-        item.image = s.platform().windowServer->windowImage(std::uint32_t(placed.item.window));
-        scene.items.push_back(item);
-    }
-    for (QWidget* window : {s.arrangeWindow(), s.tilePanel() ? s.tilePanel()->window() : nullptr})
-        if (window && window->isVisible())
-            scene.windows.push_back(window);
-    return scene;
-}
-
 // The panel with some of the desktop around it, for a closer look.
 QImage aroundPanel(CommandContext& c, const QImage& desktop)
 {
@@ -127,7 +89,7 @@ void screenshotCommand(CommandContext& c)
         c.fail(QStringLiteral("screenshot takes region=desktop or region=panel"));
     const QFileInfo file(path);
     QDir().mkpath(file.absolutePath());
-    QImage image = DesktopRenderer().render(scene(c.session));
+    QImage image = DesktopRenderer().render(desktopScene(c.session, true));
     if (region == u"panel")
         image = aroundPanel(c, image);
     if (!image.save(file.absoluteFilePath(), "PNG"))

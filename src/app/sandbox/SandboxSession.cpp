@@ -116,6 +116,15 @@ QWidget* SandboxSession::arrangeWindow()
     return m_arrangeHUD ? m_arrangeHUD->window() : nullptr;
 }
 
+std::vector<QWidget*> SandboxSession::visibleWindows()
+{
+    std::vector<QWidget*> windows;
+    for (QWidget* window : {arrangeWindow(), m_ravlinBar ? m_ravlinBar->window() : nullptr})
+        if (window && window->isVisible())
+            windows.push_back(window);
+    return windows;
+}
+
 bool SandboxSession::pressArrangeDone()
 {
     if (!m_arrangeHUD || !m_arrangeHUD->isVisible())

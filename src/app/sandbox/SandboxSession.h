@@ -10,6 +10,7 @@
 class QWidget;
 
 #include <memory>
+#include <vector>
 #include <optional>
 
 namespace ravlin {
@@ -76,6 +77,8 @@ public:
     ArrangeGuide* arrangeGuide();
     QWidget* arrangeWindow();
     RavlinBar* tilePanel() { return m_ravlinBar.get(); }
+    // The application's windows that show now, front last.
+    std::vector<QWidget*> visibleWindows();
     // Presses the arrange guide's done button; false when the guide is not showing.
     bool pressArrangeDone();
     QString defaultsPath() const { return m_defaultsPath; }

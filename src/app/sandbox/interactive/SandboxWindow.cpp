@@ -1,6 +1,7 @@
 #include "SandboxWindow.h"
 
 #include "DesktopCanvas.h"
+#include "sandbox/DesktopScene.h"
 #include "sandbox/SampleDesktop.h"
 #include "sandbox/SandboxCommands.h"
 #include "sandbox/SandboxSession.h"
@@ -69,6 +70,10 @@ SandboxWindow::SandboxWindow(Setup setup) : m_setup(std::move(setup))
     m_canvas = new DesktopCanvas(this);
     m_canvas->setFixedSize(m_setup.screenSize);
     connect(m_canvas, &DesktopCanvas::acted, this, &SandboxWindow::log);
+    // Ravlin's windows are real windows above the canvas, at the same coordinates.
+    m_canvas->painter = [](QPainter& painter, SandboxSession& session) {
+        DesktopRenderer().paint(painter, desktopScene(session, false));
+    };
     row->addWidget(m_canvas, 0, Qt::AlignTop | Qt::AlignLeft);
     row->addWidget(buildSidebar());
     connect(&m_clock, &QTimer::timeout, this, &SandboxWindow::tick);
