@@ -150,7 +150,6 @@ void registerPendingCommands(ScriptRunner& runner)
     runner.addUnsupported({
         QStringLiteral("tile"),
         QStringLiteral("panel"),
-        QStringLiteral("settings"),
         QStringLiteral("screenshot"),
     });
 }
@@ -163,6 +162,7 @@ void registerAll(ScriptRunner& runner)
     registerSysinfoCommands(runner);
     registerDiscoveryCommands(runner);
     registerBarCommands(runner);
+    registerSettingsWindowCommands(runner);
     registerPendingCommands(runner);
 }
 

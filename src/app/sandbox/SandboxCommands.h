@@ -17,6 +17,8 @@ void registerDesktopCommands(ScriptRunner& runner);
 void registerDiscoverySections(ScriptRunner& runner);
 // engine, instance, hover, menu, hud, reopen; the sections controller, statusItems, menu, hud, engine.
 void registerBarCommands(ScriptRunner& runner);
+// settings (open, close and the window's controls); the section settings.
+void registerSettingsWindowCommands(ScriptRunner& runner);
 // Every command of the script language that a later part of the sandbox brings.
 void registerPendingCommands(ScriptRunner& runner);
 

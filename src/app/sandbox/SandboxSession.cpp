@@ -5,9 +5,11 @@
 #include "platform/sim/SimApplicationControl.h"
 #include "platform/sim/SimAssessmentMode.h"
 #include "platform/sim/SimEventMonitors.h"
+#include "platform/sim/SimMenuBarSpacing.h"
 #include "platform/sim/SimStatusBar.h"
 #include "ui/ArrangeHUD.h"
 #include "ui/ArrangeView.h"
+#include "ui/settings/SettingsWindowController.h"
 
 #include <QPushButton>
 #include "core/foundation/ResourceBundle.h"
@@ -81,7 +83,8 @@ bool SandboxSession::useMachineProbe()
 
 SandboxSession::~SandboxSession()
 {
-    m_app.reset(); // before the windows and services it uses
+    m_settingsWindow.reset(); // the window works on the application, so it goes first
+    m_app.reset();            // before the windows and services it uses
 }
 
 SimStatusBar& SandboxSession::statusBar()
@@ -120,6 +123,17 @@ bool SandboxSession::pressArrangeDone()
     return true;
 }
 
+SettingsWindowController& SandboxSession::settingsWindow()
+{
+    app();
+    return *m_settingsWindow;
+}
+
+SimMenuBarSpacing& SandboxSession::menuBarSpacing()
+{
+    return static_cast<SimMenuBarSpacing&>(*m_platform.menuBarSpacing);
+}
+
 bool SandboxSession::setSystemLanguages(const QStringList& languages)
 {
     if (m_app)
@@ -140,8 +154,10 @@ AppDelegate& SandboxSession::app()
         m_resources = std::make_unique<Resources>(dir, m_systemLanguages);
         m_app = std::make_unique<AppDelegate>(m_platform, m_scheduler, *m_resources);
         m_arrangeHUD = std::make_unique<ArrangeHUD>(*m_platform.screens);
+        m_settingsWindow = std::make_unique<SettingsWindowController>(*m_app);
         AppWindows windows;
         windows.guide = m_arrangeHUD.get();
+        windows.settings = m_settingsWindow.get();
         m_app->setWindows(windows);
         m_app->setLogDirectory(m_options.logDir);
     }

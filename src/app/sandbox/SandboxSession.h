@@ -19,12 +19,14 @@ class SimHttpClient;
 class SimLocationService;
 class ArrangeGuide;
 class ArrangeHUD;
+class SettingsWindowController;
 class SimApplicationControl;
 class SimAssessmentMode;
 class SimDesktop;
 class SimEventMonitors;
 class SimStatusBar;
 class SimLoginItems;
+class SimMenuBarSpacing;
 class SimSystemProbe;
 } // namespace ravlin
 
@@ -73,6 +75,8 @@ public:
     ArrangeGuide* arrangeGuide();
     // Presses the arrange guide's done button; false when the guide is not showing.
     bool pressArrangeDone();
+    SettingsWindowController& settingsWindow();
+    SimMenuBarSpacing& menuBarSpacing();
     QString defaultsPath() const { return m_defaultsPath; }
     QString logDir() const { return m_options.logDir; }
 
@@ -103,6 +107,7 @@ private:
     QStringList m_systemLanguages{QStringLiteral("en")};
     std::unique_ptr<Resources> m_resources;
     std::unique_ptr<ArrangeHUD> m_arrangeHUD;
+    std::unique_ptr<SettingsWindowController> m_settingsWindow;
     std::unique_ptr<AppDelegate> m_app;
     ProcessState m_process;
 };

@@ -3,6 +3,7 @@
 #include "CFPreferencesDefaultsStore.h"
 #include "MacGeocoder.h"
 #include "MacLocationService.h"
+#include "MacMenuBarSpacing.h"
 #include "MacAccessibility.h"
 #include "MacEvents.h"
 #include "MacPermissions.h"
@@ -31,6 +32,7 @@ Platform makePlatform(Scheduler& scheduler)
     platform.events = std::make_unique<MacEvents>();
     platform.workspace = std::make_unique<MacWorkspace>();
     platform.permissions = std::make_unique<MacPermissions>();
+    platform.menuBarSpacing = std::make_unique<MacMenuBarSpacing>();
     platform.preferredLanguages = MacSystem::preferredLanguages();
     platform.bundleIdentifier = MacSystem::bundleIdentifier();
     return platform;
