@@ -1,6 +1,7 @@
 #include "SettingsRow.h"
 
 #include "SettingsStyle.h"
+#include "TextLabel.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -64,7 +65,7 @@ void SettingsRow::setHint(const QString& text, bool visible)
         m_hint->setObjectName(QStringLiteral("hint"));
         m_text->addWidget(m_hint);
     }
-    m_hint->setText(text);
+    static_cast<TextLabel*>(m_hint)->setPlainText(text);
     m_hint->setVisible(visible);
 }
 

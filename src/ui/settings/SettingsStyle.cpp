@@ -1,5 +1,6 @@
 #include "SettingsStyle.h"
 
+#include "TextLabel.h"
 #include "ui/Theme.h"
 
 #include <QLabel>
@@ -22,7 +23,7 @@ void setTextColor(QWidget* widget, const QColor& color)
 
 QLabel* label(const QString& text, const QFont& font, const QColor& color, QWidget* parent, bool wrap)
 {
-    auto* l = new QLabel(text, parent);
+    auto* l = new TextLabel(text, parent);
     l->setFont(font);
     l->setTextFormat(Qt::PlainText);
     setTextColor(l, color);

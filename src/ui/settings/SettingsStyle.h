@@ -38,8 +38,8 @@ QFont captionFont();  // one-line explanations and notes
 QFont headingFont();  // the title above a group
 QFont smallFont();    // the toolbar's tab titles, segmented controls
 
-// A label in one of the window's text styles; wrapping labels break at the
-// window's width, never widen it.
+// A label in one of the window's text styles (a TextLabel, running in the
+// window's direction); wrapping labels break at the window's width, never widen it.
 QLabel* label(const QString& text, const QFont& font, const QColor& color, QWidget* parent,
               bool wrap = false);
 void setTextColor(QWidget* widget, const QColor& color);
