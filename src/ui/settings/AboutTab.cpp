@@ -7,6 +7,7 @@
 #include "SettingsGroup.h"
 #include "SettingsRow.h"
 #include "SettingsStyle.h"
+#include "TextLabel.h"
 #include "core/app/AppDelegate.h"
 #include "core/settings/LanguageManager.h"
 #include "ui/SymbolRenderer.h"
@@ -90,8 +91,13 @@ void AboutTab::buildNotices()
     SettingsGroup* group = addSection(m_app.languageManager().L(QStringLiteral("about.opensource")));
     group->setObjectName(QStringLiteral("notices"));
     for (const OpenSourceNotice& notice : OpenSourceNotices::all()) {
+        // Names, holders and licences are written in English whatever the interface's language.
         auto* row = new SettingsRow(notice.name, QStringLiteral("© ") + notice.holder);
-        QLabel* licence = SettingsStyle::label(notice.licence, SettingsStyle::captionFont(), SettingsStyle::secondaryText(), row);
+        row->setTitleIsName();
+        static_cast<TextLabel*>(row->descriptionLabel())->setFollowsWindowDirection(false);
+        auto* licence = static_cast<TextLabel*>(
+            SettingsStyle::label(notice.licence, SettingsStyle::captionFont(), SettingsStyle::secondaryText(), row));
+        licence->setFollowsWindowDirection(false);
         licence->setObjectName(QStringLiteral("licence"));
         row->addTrailing(licence);
         group->addRow(row);

@@ -61,7 +61,7 @@ void MenuBarTab::fillApps()
         auto* icon = new ItemIcon;
         icon->setMonogram(app.name);
         ToggleSwitch* toggle = nullptr;
-        switchRowWithIcon(m_apps, QStringLiteral("bundle:") + app.bundleID, app.name, icon, &toggle);
+        switchRowWithIcon(m_apps, QStringLiteral("bundle:") + app.bundleID, app.name, icon, &toggle)->setTitleIsName();
         connect(toggle, &ToggleSwitch::toggled, this, [&p, id = app.bundleID](bool hidden) { p.setBundle(id, hidden); });
         m_appSwitches.insert(app.bundleID, toggle);
     }

@@ -74,6 +74,7 @@ QWidget* MenuBarTab::itemRow(const BarItem& item)
     const LanguageManager& lm = m_app.languageManager();
     const QString title = item.label.isEmpty() ? item.info.owner : item.label;
     auto* row = new SettingsRow(title, QString());
+    row->setTitleIsName();
     auto* icon = new ItemIcon;
     if (item.image)
         icon->setImage(*item.image);

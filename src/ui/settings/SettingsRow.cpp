@@ -58,6 +58,11 @@ void SettingsRow::changeEvent(QEvent* event)
     QWidget::changeEvent(event);
 }
 
+void SettingsRow::setTitleIsName()
+{
+    static_cast<TextLabel*>(m_title)->setFollowsWindowDirection(false);
+}
+
 void SettingsRow::setHint(const QString& text, bool visible)
 {
     if (!m_hint) {

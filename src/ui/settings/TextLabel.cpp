@@ -23,11 +23,26 @@ QString TextLabel::plainText() const
 void TextLabel::setPlainText(const QString& text)
 {
     m_text = text;
+    if (!m_followsWindow) {
+        // Its own direction inside, but still flush with the window's leading edge.
+        if (!(alignment() & Qt::AlignHCenter)) {
+            const Qt::Alignment edge = layoutDirection() == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft;
+            setAlignment((alignment() & Qt::AlignVertical_Mask) | edge | Qt::AlignAbsolute);
+        }
+        setText(text);
+        return;
+    }
     if (text.isEmpty()) {
         setText(text);
         return;
     }
     setText((layoutDirection() == Qt::RightToLeft ? rightToLeftMark : leftToRightMark) + text);
+}
+
+void TextLabel::setFollowsWindowDirection(bool follows)
+{
+    m_followsWindow = follows;
+    setPlainText(m_text);
 }
 
 void TextLabel::changeEvent(QEvent* event)

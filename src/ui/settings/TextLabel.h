@@ -15,12 +15,15 @@ public:
     // The text without the mark that fixes its direction.
     QString plainText() const;
     void setPlainText(const QString& text);
+    // Names and licences keep the direction of their own letters.
+    void setFollowsWindowDirection(bool follows);
 
 protected:
     void changeEvent(QEvent* event) override;
 
 private:
     QString m_text;
+    bool m_followsWindow = true;
 };
 
 } // namespace ravlin
