@@ -31,7 +31,9 @@ int tabNumber(CommandContext& c, qsizetype i)
     bool ok = false;
     const int tab = c.word(i).toInt(&ok);
     if (!ok || tab < 0 || tab >= SettingsView::tabCount)
-        c.fail(QStringLiteral("a settings tab is a number from 0 to %1, not %2").arg(SettingsView::tabCount - 1).arg(c.word(i)));
+        c.fail(QStringLiteral("a settings tab is a number from 0 to %1, not %2")
+                   .arg(SettingsView::tabCount - 1)
+                   .arg(c.word(i)));
     return tab;
 }
 
@@ -59,10 +61,12 @@ void place(CommandContext& c)
 {
     const QString key = c.need(2, QStringLiteral("the item key"));
     const QString choice = c.need(3, QStringLiteral("bar, panel or off"));
-    auto* segments = control<SegmentedControl>(c, QStringLiteral("place:") + key, QStringLiteral("item"));
+    auto* segments =
+        control<SegmentedControl>(c, QStringLiteral("place:") + key, QStringLiteral("item"));
     QPushButton* segment = segments->segment(choice);
     if (!segment)
-        c.fail(QStringLiteral("an item is placed in the bar, the panel or off, not %1").arg(choice));
+        c.fail(
+            QStringLiteral("an item is placed in the bar, the panel or off, not %1").arg(choice));
     segment->click();
 }
 
@@ -75,7 +79,10 @@ void setValue(CommandContext& c)
         const int number = value.toInt(&ok);
         QSpinBox* spin = control<NumberField>(c, name, QStringLiteral("field"))->spinBox();
         if (!ok || number < spin->minimum() || number > spin->maximum())
-            c.fail(QStringLiteral("%1 takes a whole number from %2 to %3").arg(name).arg(spin->minimum()).arg(spin->maximum()));
+            c.fail(QStringLiteral("%1 takes a whole number from %2 to %3")
+                       .arg(name)
+                       .arg(spin->minimum())
+                       .arg(spin->maximum()));
         spin->setValue(number);
         return;
     }
@@ -100,7 +107,8 @@ void pickLanguage(CommandContext& c)
 
 void settingsCommand(CommandContext& c)
 {
-    const QString verb = c.need(1, QStringLiteral("open, close, tab, place, toggle, set, language or press"));
+    const QString verb =
+        c.need(1, QStringLiteral("open, close, tab, place, toggle, set, language or press"));
     SettingsWindowController& window = c.session.settingsWindow();
     if (verb == u"open") {
         window.show(c.wordCount() > 2 ? tabNumber(c, 2) : 0);
@@ -113,15 +121,20 @@ void settingsCommand(CommandContext& c)
     } else if (verb == u"place") {
         place(c);
     } else if (verb == u"toggle") {
-        control<ToggleSwitch>(c, c.need(2, QStringLiteral("the switch's name")), QStringLiteral("switch"))->click();
+        control<ToggleSwitch>(c, c.need(2, QStringLiteral("the switch's name")),
+                              QStringLiteral("switch"))
+            ->click();
     } else if (verb == u"set") {
         setValue(c);
     } else if (verb == u"language") {
         pickLanguage(c);
     } else if (verb == u"press") {
-        control<QPushButton>(c, c.need(2, QStringLiteral("the button's name")), QStringLiteral("button"))->click();
+        control<QPushButton>(c, c.need(2, QStringLiteral("the button's name")),
+                             QStringLiteral("button"))
+            ->click();
     } else {
-        c.fail(QStringLiteral("settings knows open, close, tab, place, toggle, set, language and press"));
+        c.fail(QStringLiteral(
+            "settings knows open, close, tab, place, toggle, set, language and press"));
     }
     c.session.scheduler().runDue();
 }
@@ -169,14 +182,19 @@ QJsonValue settingsSection(SandboxSession& s, bool)
         {QStringLiteral("tab"), window.currentTab()},
         {QStringLiteral("title"), view->windowTitle()},
         {QStringLiteral("rtl"), view->layoutDirection() == Qt::RightToLeft},
-        {QStringLiteral("mode"), window.actions().usesEngine() ? QStringLiteral("engine") : QStringLiteral("plain")},
-        {QStringLiteral("language"), picker ? QJsonValue(picker->currentData().toString()) : QJsonValue()},
+        {QStringLiteral("mode"),
+         window.actions().usesEngine() ? QStringLiteral("engine") : QStringLiteral("plain")},
+        {QStringLiteral("language"),
+         picker ? QJsonValue(picker->currentData().toString()) : QJsonValue()},
         {QStringLiteral("items"), placements(*view)},
-        {QStringLiteral("apps"), switches(*view, QStringLiteral("bundle:"), QStringLiteral("bundleID"))},
-        {QStringLiteral("systemItems"), switches(*view, QStringLiteral("system:"), QStringLiteral("id"))},
-        {QStringLiteral("spacing"), spacing ? QJsonValue(QJsonObject{{QStringLiteral("spacing"), spacing->first},
-                                                                     {QStringLiteral("padding"), spacing->second}})
-                                            : QJsonValue()},
+        {QStringLiteral("apps"),
+         switches(*view, QStringLiteral("bundle:"), QStringLiteral("bundleID"))},
+        {QStringLiteral("systemItems"),
+         switches(*view, QStringLiteral("system:"), QStringLiteral("id"))},
+        {QStringLiteral("spacing"),
+         spacing ? QJsonValue(QJsonObject{{QStringLiteral("spacing"), spacing->first},
+                                          {QStringLiteral("padding"), spacing->second}})
+                 : QJsonValue()},
     };
 }
 

@@ -10,8 +10,8 @@ namespace {
 void setGlobalInteger(CFStringRef key, int value)
 {
     CFRef<CFNumberRef> number(CFNumberCreate(kCFAllocatorDefault, kCFNumberIntType, &value));
-    CFPreferencesSetValue(key, number.get(), kCFPreferencesAnyApplication, kCFPreferencesCurrentUser,
-                          kCFPreferencesCurrentHost);
+    CFPreferencesSetValue(key, number.get(), kCFPreferencesAnyApplication,
+                          kCFPreferencesCurrentUser, kCFPreferencesCurrentHost);
 }
 
 } // namespace

@@ -2,8 +2,8 @@
 
 #include "ItemIcon.h"
 #include "OpenSourceNotices.h"
-#include "SettingsButton.h"
 #include "SettingsActions.h"
+#include "SettingsButton.h"
 #include "SettingsGroup.h"
 #include "SettingsRow.h"
 #include "SettingsStyle.h"
@@ -41,7 +41,8 @@ protected:
         fill.setColorAt(1, QColor(0, 98, 224));
         p.setBrush(fill);
         p.drawRoundedRect(tile, 13, 13);
-        SymbolRenderer::paint(p, tile.adjusted(12, 12, -12, -12), QStringLiteral("chevron.left"), Qt::white);
+        SymbolRenderer::paint(p, tile.adjusted(12, 12, -12, -12), QStringLiteral("chevron.left"),
+                              Qt::white);
     }
 };
 
@@ -71,15 +72,19 @@ void AboutTab::buildHeader()
     column->setSpacing(2);
     column->addWidget(new AppMark(header), 0, Qt::AlignHCenter);
     column->addSpacing(6);
-    QLabel* name = SettingsStyle::label(QStringLiteral("Ravlin"), Theme::font(20, QFont::DemiBold), SettingsStyle::primaryText(), header);
+    QLabel* name = SettingsStyle::label(QStringLiteral("Ravlin"), Theme::font(20, QFont::DemiBold),
+                                        SettingsStyle::primaryText(), header);
     name->setObjectName(QStringLiteral("name"));
     column->addWidget(centred(name));
-    QLabel* tagline = SettingsStyle::label(lm.L(QStringLiteral("app.tagline")), SettingsStyle::bodyFont(), SettingsStyle::secondaryText(), header, true);
+    QLabel* tagline =
+        SettingsStyle::label(lm.L(QStringLiteral("app.tagline")), SettingsStyle::bodyFont(),
+                             SettingsStyle::secondaryText(), header, true);
     tagline->setObjectName(QStringLiteral("tagline"));
     column->addWidget(centred(tagline));
     column->addSpacing(2);
-    QLabel* versionLine = SettingsStyle::label(lm.L(QStringLiteral("about.version"), version()), SettingsStyle::captionFont(),
-                                               SettingsStyle::secondaryText(), header);
+    QLabel* versionLine =
+        SettingsStyle::label(lm.L(QStringLiteral("about.version"), version()),
+                             SettingsStyle::captionFont(), SettingsStyle::secondaryText(), header);
     versionLine->setObjectName(QStringLiteral("version"));
     versionLine->setTextInteractionFlags(Qt::TextSelectableByMouse);
     column->addWidget(centred(versionLine));
@@ -88,15 +93,16 @@ void AboutTab::buildHeader()
 
 void AboutTab::buildNotices()
 {
-    SettingsGroup* group = addSection(m_app.languageManager().L(QStringLiteral("about.opensource")));
+    SettingsGroup* group =
+        addSection(m_app.languageManager().L(QStringLiteral("about.opensource")));
     group->setObjectName(QStringLiteral("notices"));
     for (const OpenSourceNotice& notice : OpenSourceNotices::all()) {
         // Names, holders and licences are written in English whatever the interface's language.
         auto* row = new SettingsRow(notice.name, QStringLiteral("© ") + notice.holder);
         row->setTitleIsName();
         static_cast<TextLabel*>(row->descriptionLabel())->setFollowsWindowDirection(false);
-        auto* licence = static_cast<TextLabel*>(
-            SettingsStyle::label(notice.licence, SettingsStyle::captionFont(), SettingsStyle::secondaryText(), row));
+        auto* licence = static_cast<TextLabel*>(SettingsStyle::label(
+            notice.licence, SettingsStyle::captionFont(), SettingsStyle::secondaryText(), row));
         licence->setFollowsWindowDirection(false);
         licence->setObjectName(QStringLiteral("licence"));
         row->addTrailing(licence);
@@ -113,7 +119,8 @@ void AboutTab::buildControlCentre()
     icon->setSymbol(QStringLiteral("switch.2"), SettingsStyle::accent());
     row->setLeading(icon);
     // The title itself is the link, as the system's own panes write such links.
-    auto* link = new SettingsButton(SettingsButton::Kind::Link, lm.L(QStringLiteral("about.controlCenter")));
+    auto* link =
+        new SettingsButton(SettingsButton::Kind::Link, lm.L(QStringLiteral("about.controlCenter")));
     link->setObjectName(QStringLiteral("controlCenter"));
     connect(link, &QPushButton::clicked, this, [this] { m_actions.openControlCentreSettings(); });
     row->setTitleWidget(link);

@@ -37,9 +37,11 @@ void GeneralTab::buildStartup()
     const LanguageManager& lm = m_app.languageManager();
     Preferences& p = m_app.preferences();
     SettingsGroup* group = addSection(lm.L(QStringLiteral("general.section.startup")));
-    m_launchAtLogin = addSwitchRow(group, QStringLiteral("launchAtLogin"), lm.L(QStringLiteral("general.launchAtLogin")),
+    m_launchAtLogin = addSwitchRow(group, QStringLiteral("launchAtLogin"),
+                                   lm.L(QStringLiteral("general.launchAtLogin")),
                                    lm.L(QStringLiteral("general.launchAtLogin.desc")));
-    connect(m_launchAtLogin, &ToggleSwitch::toggled, this, [&p](bool on) { p.setLaunchAtLogin(on); });
+    connect(m_launchAtLogin, &ToggleSwitch::toggled, this,
+            [&p](bool on) { p.setLaunchAtLogin(on); });
 }
 
 void GeneralTab::buildHiding()
@@ -47,7 +49,8 @@ void GeneralTab::buildHiding()
     const LanguageManager& lm = m_app.languageManager();
     Preferences& p = m_app.preferences();
     SettingsGroup* group = addSection(lm.L(QStringLiteral("general.section.hiding")));
-    m_autoRehide = addSwitchRow(group, QStringLiteral("autoRehide"), lm.L(QStringLiteral("general.autoRehide")),
+    m_autoRehide = addSwitchRow(group, QStringLiteral("autoRehide"),
+                                lm.L(QStringLiteral("general.autoRehide")),
                                 lm.L(QStringLiteral("general.autoRehide.desc")));
     connect(m_autoRehide, &ToggleSwitch::toggled, this, [&p](bool on) { p.setAutoRehide(on); });
 
@@ -55,15 +58,19 @@ void GeneralTab::buildHiding()
     m_intervalRow->addTrailing(intervalControl());
     group->addRow(m_intervalRow);
 
-    m_alwaysHidden = addSwitchRow(group, QStringLiteral("enableAlwaysHidden"), lm.L(QStringLiteral("general.enableAlwaysHidden")),
+    m_alwaysHidden = addSwitchRow(group, QStringLiteral("enableAlwaysHidden"),
+                                  lm.L(QStringLiteral("general.enableAlwaysHidden")),
                                   lm.L(QStringLiteral("general.enableAlwaysHidden.desc")));
-    connect(m_alwaysHidden, &ToggleSwitch::toggled, this, [&p](bool on) { p.setEnableAlwaysHidden(on); });
+    connect(m_alwaysHidden, &ToggleSwitch::toggled, this,
+            [&p](bool on) { p.setEnableAlwaysHidden(on); });
     // The assessment mode hides without separators, so there is no second section to show.
     m_alwaysHidden->parentWidget()->setEnabled(!m_actions.usesEngine());
 
-    m_revealOnHover = addSwitchRow(group, QStringLiteral("revealOnHover"), lm.L(QStringLiteral("general.revealOnHover")),
+    m_revealOnHover = addSwitchRow(group, QStringLiteral("revealOnHover"),
+                                   lm.L(QStringLiteral("general.revealOnHover")),
                                    lm.L(QStringLiteral("general.revealOnHover.desc")));
-    connect(m_revealOnHover, &ToggleSwitch::toggled, this, [&p](bool on) { p.setRevealOnHover(on); });
+    connect(m_revealOnHover, &ToggleSwitch::toggled, this,
+            [&p](bool on) { p.setRevealOnHover(on); });
 }
 
 QWidget* GeneralTab::intervalControl()
@@ -74,12 +81,15 @@ QWidget* GeneralTab::intervalControl()
     line->setSpacing(6);
     m_interval = new NumberField(1, longestInterval, box);
     m_interval->setObjectName(QStringLiteral("rehideInterval"));
-    m_interval->spinBox()->setAccessibleName(m_app.languageManager().L(QStringLiteral("general.rehideAfter")));
+    m_interval->spinBox()->setAccessibleName(
+        m_app.languageManager().L(QStringLiteral("general.rehideAfter")));
     line->addWidget(m_interval);
-    line->addWidget(SettingsStyle::label(m_app.languageManager().L(QStringLiteral("general.seconds")),
-                                         SettingsStyle::bodyFont(), SettingsStyle::secondaryText(), box));
+    line->addWidget(
+        SettingsStyle::label(m_app.languageManager().L(QStringLiteral("general.seconds")),
+                             SettingsStyle::bodyFont(), SettingsStyle::secondaryText(), box));
     Preferences& p = m_app.preferences();
-    connect(m_interval, &NumberField::valueChanged, this, [&p](int seconds) { p.setRehideInterval(seconds); });
+    connect(m_interval, &NumberField::valueChanged, this,
+            [&p](int seconds) { p.setRehideInterval(seconds); });
     return box;
 }
 
@@ -88,14 +98,18 @@ void GeneralTab::buildPanel()
     const LanguageManager& lm = m_app.languageManager();
     Preferences& p = m_app.preferences();
     SettingsGroup* group = addSection(lm.L(QStringLiteral("general.section.panel")));
-    m_systemTiles = addSwitchRow(group, QStringLiteral("showSystemTiles"), lm.L(QStringLiteral("general.showSystemTiles")),
+    m_systemTiles = addSwitchRow(group, QStringLiteral("showSystemTiles"),
+                                 lm.L(QStringLiteral("general.showSystemTiles")),
                                  lm.L(QStringLiteral("general.showSystemTiles.desc")));
-    connect(m_systemTiles, &ToggleSwitch::toggled, this, [&p](bool on) { p.setShowSystemTiles(on); });
-    m_weather = addSwitchRow(group, QStringLiteral("showWeather"), lm.L(QStringLiteral("general.showWeather")),
+    connect(m_systemTiles, &ToggleSwitch::toggled, this,
+            [&p](bool on) { p.setShowSystemTiles(on); });
+    m_weather = addSwitchRow(group, QStringLiteral("showWeather"),
+                             lm.L(QStringLiteral("general.showWeather")),
                              lm.L(QStringLiteral("general.showWeather.desc")));
     connect(m_weather, &ToggleSwitch::toggled, this, [&p](bool on) { p.setShowWeather(on); });
 
-    auto* row = new SettingsRow(lm.L(QStringLiteral("general.tileStyle")), lm.L(QStringLiteral("general.tileStyle.desc")));
+    auto* row = new SettingsRow(lm.L(QStringLiteral("general.tileStyle")),
+                                lm.L(QStringLiteral("general.tileStyle.desc")));
     m_style = new PopupButton;
     m_style->setObjectName(QStringLiteral("tileStyle"));
     m_style->setAccessibleName(lm.L(QStringLiteral("general.tileStyle")));

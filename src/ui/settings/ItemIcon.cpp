@@ -48,7 +48,8 @@ void ItemIcon::paintEvent(QPaintEvent*)
         p.drawImage(target, m_image);
         return;
     }
-    if (!m_symbol.isEmpty() && SymbolRenderer::paint(p, box.adjusted(2, 2, -2, -2), m_symbol, m_colour))
+    if (!m_symbol.isEmpty() &&
+        SymbolRenderer::paint(p, box.adjusted(2, 2, -2, -2), m_symbol, m_colour))
         return;
     p.setPen(Qt::NoPen);
     p.setBrush(QColor(0, 0, 0, 16));

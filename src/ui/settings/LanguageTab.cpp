@@ -15,7 +15,8 @@ LanguageTab::LanguageTab(AppDelegate& app, SettingsActions& actions, QWidget* pa
 {
     const LanguageManager& lm = app.languageManager();
     SettingsGroup* group = addSection(QString());
-    auto* row = new SettingsRow(lm.L(QStringLiteral("language.pick")), lm.L(QStringLiteral("language.note")));
+    auto* row = new SettingsRow(lm.L(QStringLiteral("language.pick")),
+                                lm.L(QStringLiteral("language.note")));
     m_picker = new PopupButton;
     m_picker->setObjectName(QStringLiteral("language"));
     m_picker->setAccessibleName(lm.L(QStringLiteral("language.pick")));

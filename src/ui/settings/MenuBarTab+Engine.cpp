@@ -18,8 +18,8 @@
 namespace ravlin {
 namespace {
 
-SettingsRow* switchRowWithIcon(SettingsGroup* group, const QString& name, const QString& title, ItemIcon* icon,
-                               ToggleSwitch** made)
+SettingsRow* switchRowWithIcon(SettingsGroup* group, const QString& name, const QString& title,
+                               ItemIcon* icon, ToggleSwitch** made)
 {
     auto* row = new SettingsRow(title, QString());
     row->setLeading(icon);
@@ -38,7 +38,8 @@ void MenuBarTab::buildEngine()
 {
     const LanguageManager& lm = m_app.languageManager();
     addText(lm.L(QStringLiteral("menubar.engine.help")));
-    QPushButton* rescan = makeButton(QStringLiteral("rescan"), lm.L(QStringLiteral("menubar.engine.rescan")), this);
+    QPushButton* rescan =
+        makeButton(QStringLiteral("rescan"), lm.L(QStringLiteral("menubar.engine.rescan")), this);
     connect(rescan, &QPushButton::clicked, this, [this] { m_actions.rescan(); });
     m_apps = addSection(lm.L(QStringLiteral("menubar.engine.apps")), rescan);
     fillApps();
@@ -61,8 +62,10 @@ void MenuBarTab::fillApps()
         auto* icon = new ItemIcon;
         icon->setMonogram(app.name);
         ToggleSwitch* toggle = nullptr;
-        switchRowWithIcon(m_apps, QStringLiteral("bundle:") + app.bundleID, app.name, icon, &toggle)->setTitleIsName();
-        connect(toggle, &ToggleSwitch::toggled, this, [&p, id = app.bundleID](bool hidden) { p.setBundle(id, hidden); });
+        switchRowWithIcon(m_apps, QStringLiteral("bundle:") + app.bundleID, app.name, icon, &toggle)
+            ->setTitleIsName();
+        connect(toggle, &ToggleSwitch::toggled, this,
+                [&p, id = app.bundleID](bool hidden) { p.setBundle(id, hidden); });
         m_appSwitches.insert(app.bundleID, toggle);
     }
 }
@@ -76,15 +79,18 @@ void MenuBarTab::buildSystemItems()
         auto* icon = new ItemIcon;
         icon->setSymbol(item.symbol, SettingsStyle::symbolGrey());
         ToggleSwitch* toggle = nullptr;
-        switchRowWithIcon(group, QStringLiteral("system:%1").arg(item.id), lm.L(item.labelKey), icon, &toggle);
-        connect(toggle, &ToggleSwitch::toggled, this, [&p, id = item.id](bool hidden) { p.setSystemItem(id, hidden); });
+        switchRowWithIcon(group, QStringLiteral("system:%1").arg(item.id), lm.L(item.labelKey),
+                          icon, &toggle);
+        connect(toggle, &ToggleSwitch::toggled, this,
+                [&p, id = item.id](bool hidden) { p.setSystemItem(id, hidden); });
         m_systemSwitches.insert(item.id, toggle);
     }
     auto* search = new ItemIcon;
     search->setSymbol(QStringLiteral("magnifyingglass"), SettingsStyle::symbolGrey());
-    switchRowWithIcon(group, QStringLiteral("hideSpotlight"), lm.L(QStringLiteral("menubar.engine.spotlight")), search,
-                      &m_spotlight);
-    connect(m_spotlight, &ToggleSwitch::toggled, this, [&p](bool hidden) { p.setHideSpotlight(hidden); });
+    switchRowWithIcon(group, QStringLiteral("hideSpotlight"),
+                      lm.L(QStringLiteral("menubar.engine.spotlight")), search, &m_spotlight);
+    connect(m_spotlight, &ToggleSwitch::toggled, this,
+            [&p](bool hidden) { p.setHideSpotlight(hidden); });
 }
 
 } // namespace ravlin

@@ -60,7 +60,8 @@ void MenuBarTab::fillItems(SettingsColumn& column)
         detected->addMessageRow(lm.L(QStringLiteral("menubar.empty")));
     for (const BarItem* item : apps)
         detected->addRow(itemRow(*item));
-    column.addNote(lm.L(QStringLiteral("menubar.selectHelp")) + u'\n' + lm.L(QStringLiteral("menubar.autoupdated")));
+    column.addNote(lm.L(QStringLiteral("menubar.selectHelp")) + u'\n' +
+                   lm.L(QStringLiteral("menubar.autoupdated")));
 
     if (system.empty())
         return;
@@ -88,7 +89,8 @@ QWidget* MenuBarTab::itemRow(const BarItem& item)
     choice->setObjectName(QStringLiteral("place:") + item.key);
     choice->setAccessibleName(title);
     for (ItemPlacement p : {ItemPlacement::Bar, ItemPlacement::Panel, ItemPlacement::Off})
-        choice->addSegment(itemPlacementName(p), lm.L(QStringLiteral("menubar.place.") + itemPlacementName(p)));
+        choice->addSegment(itemPlacementName(p),
+                           lm.L(QStringLiteral("menubar.place.") + itemPlacementName(p)));
     connect(choice, &SegmentedControl::chosen, this,
             [this, key = item.key](const QString& value) { choosePlacement(key, value); });
     row->addTrailing(choice);
@@ -113,24 +115,29 @@ void MenuBarTab::buildTools()
 {
     const LanguageManager& lm = m_app.languageManager();
     SettingsGroup* tools = addSection(QString());
-    m_arrange = addButtonRow(tools, QStringLiteral("arrange"), lm.L(QStringLiteral("menubar.arrange.title")),
-                             lm.L(QStringLiteral("menubar.arrange.desc")), lm.L(QStringLiteral("menubar.arrange.button")));
+    m_arrange = addButtonRow(tools, QStringLiteral("arrange"),
+                             lm.L(QStringLiteral("menubar.arrange.title")),
+                             lm.L(QStringLiteral("menubar.arrange.desc")),
+                             lm.L(QStringLiteral("menubar.arrange.button")));
     connect(m_arrange, &QPushButton::clicked, this, [this] { m_actions.arrange(); });
     if (m_actions.canChangeSpacing()) {
-        QPushButton* spacing = addButtonRow(tools, QStringLiteral("spacing"), lm.L(QStringLiteral("menubar.space.title")),
-                                            lm.L(QStringLiteral("menubar.space.desc")),
-                                            lm.L(QStringLiteral("menubar.space.button")), &m_spacingRow);
+        QPushButton* spacing = addButtonRow(
+            tools, QStringLiteral("spacing"), lm.L(QStringLiteral("menubar.space.title")),
+            lm.L(QStringLiteral("menubar.space.desc")),
+            lm.L(QStringLiteral("menubar.space.button")), &m_spacingRow);
         connect(spacing, &QPushButton::clicked, this, &MenuBarTab::applySpacing);
     }
-    QPushButton* rescan = addButtonRow(tools, QStringLiteral("rescan"), lm.L(QStringLiteral("menubar.rescan")),
-                                       lm.L(QStringLiteral("menubar.rescan.desc")), lm.L(QStringLiteral("menubar.engine.rescan")));
+    QPushButton* rescan = addButtonRow(
+        tools, QStringLiteral("rescan"), lm.L(QStringLiteral("menubar.rescan")),
+        lm.L(QStringLiteral("menubar.rescan.desc")), lm.L(QStringLiteral("menubar.engine.rescan")));
     connect(rescan, &QPushButton::clicked, this, [this] { m_actions.rescan(); });
 }
 
 void MenuBarTab::applySpacing()
 {
     if (m_actions.applyCompactSpacing() && m_spacingRow) {
-        m_spacingRow->setHint(m_app.languageManager().L(QStringLiteral("menubar.space.hint")), true);
+        m_spacingRow->setHint(m_app.languageManager().L(QStringLiteral("menubar.space.hint")),
+                              true);
         Q_EMIT contentChanged();
     }
 }
@@ -207,7 +214,8 @@ QString MenuBarTab::listSignature() const
             parts << app.bundleID + u'=' + app.name;
     } else {
         for (const BarItem& item : model.detected())
-            parts << item.key + u'=' + item.label + (item.image ? u'+' : u'-') + item.symbolName.value_or(QString());
+            parts << item.key + u'=' + item.label + (item.image ? u'+' : u'-') +
+                         item.symbolName.value_or(QString());
     }
     return parts.join(u'\n');
 }

@@ -39,13 +39,16 @@ protected:
         p.setBrush(QColor(255, 255, 255));
         p.drawRoundedRect(face, 4, 4);
         p.setPen(QPen(QColor(0, 0, 0, 16), 1));
-        p.drawLine(QPointF(face.left() + 2, face.center().y()), QPointF(face.right() - 2, face.center().y()));
+        p.drawLine(QPointF(face.left() + 2, face.center().y()),
+                   QPointF(face.right() - 2, face.center().y()));
         QColor ink = isEnabled() ? QColor(0, 0, 0, 170) : QColor(0, 0, 0, 60);
         p.setPen(QPen(ink, 1.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
         const double cx = face.center().x();
         const double up = face.top() + face.height() * 0.3, down = face.top() + face.height() * 0.7;
-        p.drawPolyline(QPolygonF({QPointF(cx - 2.5, up + 1.2), QPointF(cx, up - 1.2), QPointF(cx + 2.5, up + 1.2)}));
-        p.drawPolyline(QPolygonF({QPointF(cx - 2.5, down - 1.2), QPointF(cx, down + 1.2), QPointF(cx + 2.5, down - 1.2)}));
+        p.drawPolyline(QPolygonF(
+            {QPointF(cx - 2.5, up + 1.2), QPointF(cx, up - 1.2), QPointF(cx + 2.5, up + 1.2)}));
+        p.drawPolyline(QPolygonF({QPointF(cx - 2.5, down - 1.2), QPointF(cx, down + 1.2),
+                                  QPointF(cx + 2.5, down - 1.2)}));
     }
 
 private:
@@ -54,7 +57,8 @@ private:
 
 } // namespace
 
-NumberField::NumberField(int minimum, int maximum, QWidget* parent) : QWidget(parent), m_spin(new QSpinBox(this))
+NumberField::NumberField(int minimum, int maximum, QWidget* parent)
+    : QWidget(parent), m_spin(new QSpinBox(this))
 {
     m_spin->setRange(minimum, maximum);
     m_spin->setButtonSymbols(QAbstractSpinBox::NoButtons);
@@ -63,7 +67,8 @@ NumberField::NumberField(int minimum, int maximum, QWidget* parent) : QWidget(pa
     m_spin->setFont(SettingsStyle::bodyFont());
     m_spin->setFixedSize(52, 22);
     m_spin->setStyleSheet(QStringLiteral(
-        "QSpinBox { color: #262626; background: #FFFFFF; border: 1px solid #D2D2D5; border-radius: 0px;"
+        "QSpinBox { color: #262626; background: #FFFFFF; border: 1px solid #D2D2D5; border-radius: "
+        "0px;"
         " padding: 0px 6px; selection-background-color: #B3D7FF; selection-color: black; }"
         "QSpinBox:focus { border: 1px solid #7FB5FF; }"
         "QSpinBox:disabled { color: #A8A8A8; background: #F8F8F8; border-color: #E2E2E4; }"));

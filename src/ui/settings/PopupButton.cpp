@@ -72,8 +72,10 @@ void PopupButton::paintEvent(QPaintEvent*)
     p.drawRoundedRect(face, 5, 5);
 
     const bool rtl = layoutDirection() == Qt::RightToLeft;
-    const QRectF well = rtl ? QRectF(face.left() + 2.5, face.top() + 2.5, wellWidth, face.height() - 5)
-                            : QRectF(face.right() - 2.5 - wellWidth, face.top() + 2.5, wellWidth, face.height() - 5);
+    const QRectF well =
+        rtl ? QRectF(face.left() + 2.5, face.top() + 2.5, wellWidth, face.height() - 5)
+            : QRectF(face.right() - 2.5 - wellWidth, face.top() + 2.5, wellWidth,
+                     face.height() - 5);
     p.setPen(Qt::NoPen);
     QColor wellColour = SettingsStyle::accent();
     if (!isEnabled())
@@ -82,11 +84,13 @@ void PopupButton::paintEvent(QPaintEvent*)
     p.drawRoundedRect(well, 3.5, 3.5);
     drawArrows(p, well);
 
-    const QRectF text = rtl ? QRectF(well.right() + 6, face.top(), face.right() - well.right() - 14, face.height())
-                            : QRectF(face.left() + 9, face.top(), well.left() - face.left() - 15, face.height());
+    const QRectF text =
+        rtl ? QRectF(well.right() + 6, face.top(), face.right() - well.right() - 14, face.height())
+            : QRectF(face.left() + 9, face.top(), well.left() - face.left() - 15, face.height());
     p.setPen(isEnabled() ? SettingsStyle::primaryText() : SettingsStyle::tertiaryText());
     p.setFont(font());
-    p.drawText(text, Qt::AlignVCenter | (rtl ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute, currentText());
+    p.drawText(text, Qt::AlignVCenter | (rtl ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute,
+               currentText());
 }
 
 } // namespace ravlin

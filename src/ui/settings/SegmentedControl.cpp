@@ -11,7 +11,8 @@
 
 namespace ravlin {
 
-SegmentedControl::SegmentedControl(QWidget* parent) : QWidget(parent), m_group(new QButtonGroup(this))
+SegmentedControl::SegmentedControl(QWidget* parent)
+    : QWidget(parent), m_group(new QButtonGroup(this))
 {
     m_group->setExclusive(true);
     auto* row = new QHBoxLayout(this);

@@ -7,7 +7,8 @@
 
 namespace ravlin {
 
-SettingsButton::SettingsButton(Kind kind, const QString& text, QWidget* parent) : QPushButton(text, parent), m_kind(kind)
+SettingsButton::SettingsButton(Kind kind, const QString& text, QWidget* parent)
+    : QPushButton(text, parent), m_kind(kind)
 {
     setFont(kind == Kind::Segment ? SettingsStyle::smallFont() : SettingsStyle::bodyFont());
     setCursor(Qt::PointingHandCursor);
@@ -20,9 +21,12 @@ QSize SettingsButton::sizeHint() const
 {
     const int textWidth = QFontMetrics(font()).horizontalAdvance(text());
     switch (m_kind) {
-    case Kind::Push: return {qMax(textWidth + 24, 64), 23};
-    case Kind::Segment: return {qMax(textWidth + 18, 52), 20};
-    case Kind::Link: return {textWidth + 2, QFontMetrics(font()).height()};
+    case Kind::Push:
+        return {qMax(textWidth + 24, 64), 23};
+    case Kind::Segment:
+        return {qMax(textWidth + 18, 52), 20};
+    case Kind::Link:
+        return {textWidth + 2, QFontMetrics(font()).height()};
     }
     return {textWidth, 22};
 }
@@ -33,8 +37,12 @@ void SettingsButton::paintEvent(QPaintEvent*)
     p.setRenderHint(QPainter::Antialiasing);
     p.setFont(font());
     switch (m_kind) {
-    case Kind::Push: paintPush(p); break;
-    case Kind::Segment: paintSegment(p); break;
+    case Kind::Push:
+        paintPush(p);
+        break;
+    case Kind::Segment:
+        paintSegment(p);
+        break;
     case Kind::Link:
         p.setPen(isDown() ? SettingsStyle::accent().darker(130) : SettingsStyle::accent());
         p.drawText(rect(), Qt::AlignVCenter | Qt::AlignLeading, text());
@@ -48,7 +56,9 @@ void SettingsButton::paintPush(QPainter& p)
     p.setPen(Qt::NoPen);
     p.setBrush(QColor(0, 0, 0, isEnabled() ? 20 : 8));
     p.drawRoundedRect(face.translated(0, 1), 5.5, 5.5);
-    p.setBrush(!isEnabled() ? QColor(250, 250, 250) : isDown() ? QColor(232, 232, 235) : QColor(255, 255, 255));
+    p.setBrush(!isEnabled() ? QColor(250, 250, 250)
+               : isDown()   ? QColor(232, 232, 235)
+                            : QColor(255, 255, 255));
     p.setPen(QPen(QColor(0, 0, 0, isEnabled() ? 34 : 18), 1));
     p.drawRoundedRect(face, 5.5, 5.5);
     p.setPen(isEnabled() ? SettingsStyle::primaryText() : SettingsStyle::tertiaryText());

@@ -30,7 +30,8 @@ SettingsColumn::SettingsColumn(const QMargins& margins, QWidget* parent)
 
 QLabel* SettingsColumn::addText(const QString& text)
 {
-    QLabel* l = SettingsStyle::label(text, SettingsStyle::bodyFont(), SettingsStyle::secondaryText(), this, true);
+    QLabel* l = SettingsStyle::label(text, SettingsStyle::bodyFont(),
+                                     SettingsStyle::secondaryText(), this, true);
     l->setObjectName(QStringLiteral("help"));
     l->setContentsMargins(2, 0, 2, 0);
     addWidget(l, textGap);
@@ -44,7 +45,8 @@ SettingsGroup* SettingsColumn::addSection(const QString& heading, QWidget* acces
         auto* layout = new QHBoxLayout(line);
         layout->setContentsMargins(2, 0, 2, 0);
         layout->setSpacing(8);
-        QLabel* title = SettingsStyle::label(heading, SettingsStyle::headingFont(), SettingsStyle::primaryText(), line, true);
+        QLabel* title = SettingsStyle::label(heading, SettingsStyle::headingFont(),
+                                             SettingsStyle::primaryText(), line, true);
         title->setObjectName(QStringLiteral("heading"));
         layout->addWidget(title, 1, Qt::AlignBottom);
         if (accessory) {
@@ -64,7 +66,8 @@ SettingsGroup* SettingsColumn::addSection(const QString& heading, QWidget* acces
 
 QLabel* SettingsColumn::addNote(const QString& text)
 {
-    QLabel* note = SettingsStyle::label(text, SettingsStyle::captionFont(), SettingsStyle::secondaryText(), this, true);
+    QLabel* note = SettingsStyle::label(text, SettingsStyle::captionFont(),
+                                        SettingsStyle::secondaryText(), this, true);
     note->setObjectName(QStringLiteral("note"));
     note->setContentsMargins(SettingsStyle::rowInset, 0, SettingsStyle::rowInset, 0);
     addWidget(note, noteGap);
@@ -90,8 +93,8 @@ void SettingsColumn::finish()
     m_column->addStretch(1);
 }
 
-ToggleSwitch* SettingsColumn::addSwitchRow(SettingsGroup* group, const QString& name, const QString& title,
-                                           const QString& description)
+ToggleSwitch* SettingsColumn::addSwitchRow(SettingsGroup* group, const QString& name,
+                                           const QString& title, const QString& description)
 {
     auto* row = new SettingsRow(title, description);
     auto* toggle = new ToggleSwitch;
@@ -102,8 +105,9 @@ ToggleSwitch* SettingsColumn::addSwitchRow(SettingsGroup* group, const QString& 
     return toggle;
 }
 
-QPushButton* SettingsColumn::addButtonRow(SettingsGroup* group, const QString& name, const QString& title,
-                                          const QString& description, const QString& buttonText, SettingsRow** made)
+QPushButton* SettingsColumn::addButtonRow(SettingsGroup* group, const QString& name,
+                                          const QString& title, const QString& description,
+                                          const QString& buttonText, SettingsRow** made)
 {
     auto* row = new SettingsRow(title, description);
     QPushButton* button = makeButton(name, buttonText, row);

@@ -30,11 +30,11 @@ public:
     void finish();
 
     // Rows with one control; the control's object name lets scripts find it.
-    static ToggleSwitch* addSwitchRow(SettingsGroup* group, const QString& name, const QString& title,
-                                      const QString& description);
-    static QPushButton* addButtonRow(SettingsGroup* group, const QString& name, const QString& title,
-                                     const QString& description, const QString& buttonText,
-                                     SettingsRow** row = nullptr);
+    static ToggleSwitch* addSwitchRow(SettingsGroup* group, const QString& name,
+                                      const QString& title, const QString& description);
+    static QPushButton* addButtonRow(SettingsGroup* group, const QString& name,
+                                     const QString& title, const QString& description,
+                                     const QString& buttonText, SettingsRow** row = nullptr);
     static QPushButton* makeButton(const QString& name, const QString& text, QWidget* parent);
 
 private:

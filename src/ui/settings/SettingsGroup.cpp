@@ -23,7 +23,8 @@ void SettingsGroup::addRow(QWidget* row)
 
 QWidget* SettingsGroup::addMessageRow(const QString& text)
 {
-    QLabel* message = SettingsStyle::label(text, SettingsStyle::bodyFont(), SettingsStyle::secondaryText(), this, true);
+    QLabel* message = SettingsStyle::label(text, SettingsStyle::bodyFont(),
+                                           SettingsStyle::secondaryText(), this, true);
     message->setObjectName(QStringLiteral("message"));
     message->setAlignment(Qt::AlignCenter);
     message->setContentsMargins(SettingsStyle::rowInset, 12, SettingsStyle::rowInset, 12);

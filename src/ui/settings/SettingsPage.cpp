@@ -5,8 +5,9 @@
 namespace ravlin {
 
 SettingsPage::SettingsPage(QWidget* parent)
-    : SettingsColumn(QMargins(SettingsStyle::pageMargin, 18, SettingsStyle::pageMargin, SettingsStyle::pageMargin), parent)
-{
-}
+    : SettingsColumn(QMargins(SettingsStyle::pageMargin, 18, SettingsStyle::pageMargin,
+                              SettingsStyle::pageMargin),
+                     parent)
+{}
 
 } // namespace ravlin

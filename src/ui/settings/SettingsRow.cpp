@@ -16,11 +16,13 @@ SettingsRow::SettingsRow(const QString& title, const QString& description, QWidg
     m_row->setContentsMargins(SettingsStyle::rowInset, 8, SettingsStyle::rowInset, 8);
     m_row->setSpacing(10);
     m_text->setSpacing(1);
-    m_title = SettingsStyle::label(title, SettingsStyle::bodyFont(), SettingsStyle::primaryText(), this, true);
+    m_title = SettingsStyle::label(title, SettingsStyle::bodyFont(), SettingsStyle::primaryText(),
+                                   this, true);
     m_title->setObjectName(QStringLiteral("title"));
     m_text->addWidget(m_title);
     if (!description.isEmpty()) {
-        m_description = SettingsStyle::label(description, SettingsStyle::captionFont(), SettingsStyle::secondaryText(), this, true);
+        m_description = SettingsStyle::label(description, SettingsStyle::captionFont(),
+                                             SettingsStyle::secondaryText(), this, true);
         m_description->setObjectName(QStringLiteral("description"));
         m_text->addWidget(m_description);
     }
@@ -51,9 +53,11 @@ void SettingsRow::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::EnabledChange) {
         const bool on = isEnabled();
-        SettingsStyle::setTextColor(m_title, on ? SettingsStyle::primaryText() : SettingsStyle::tertiaryText());
+        SettingsStyle::setTextColor(m_title, on ? SettingsStyle::primaryText()
+                                                : SettingsStyle::tertiaryText());
         if (m_description)
-            SettingsStyle::setTextColor(m_description, on ? SettingsStyle::secondaryText() : SettingsStyle::tertiaryText());
+            SettingsStyle::setTextColor(m_description, on ? SettingsStyle::secondaryText()
+                                                          : SettingsStyle::tertiaryText());
     }
     QWidget::changeEvent(event);
 }
@@ -66,7 +70,8 @@ void SettingsRow::setTitleIsName()
 void SettingsRow::setHint(const QString& text, bool visible)
 {
     if (!m_hint) {
-        m_hint = SettingsStyle::label(text, SettingsStyle::captionFont(), SettingsStyle::accent(), this, true);
+        m_hint = SettingsStyle::label(text, SettingsStyle::captionFont(), SettingsStyle::accent(),
+                                      this, true);
         m_hint->setObjectName(QStringLiteral("hint"));
         m_text->addWidget(m_hint);
     }

@@ -19,7 +19,8 @@ public:
     // A control in place of the title text (a link).
     void setTitleWidget(QWidget* widget);
     void addTrailing(QWidget* widget);
-    // The title is a name (an item's, an app's, a library's) rather than a sentence of the interface.
+    // The title is a name (an item's, an app's, a library's) rather than a sentence of the
+    // interface.
     void setTitleIsName();
     // A second explanation line, shown only when asked (a hint after an action).
     void setHint(const QString& text, bool visible);

@@ -7,10 +7,22 @@
 
 namespace ravlin::SettingsStyle {
 
-QFont bodyFont() { return Theme::font(13); }
-QFont captionFont() { return Theme::font(11); }
-QFont headingFont() { return Theme::font(13, QFont::DemiBold); }
-QFont smallFont() { return Theme::font(11); }
+QFont bodyFont()
+{
+    return Theme::font(13);
+}
+QFont captionFont()
+{
+    return Theme::font(11);
+}
+QFont headingFont()
+{
+    return Theme::font(13, QFont::DemiBold);
+}
+QFont smallFont()
+{
+    return Theme::font(11);
+}
 
 void setTextColor(QWidget* widget, const QColor& color)
 {
@@ -21,7 +33,8 @@ void setTextColor(QWidget* widget, const QColor& color)
     widget->setPalette(palette);
 }
 
-QLabel* label(const QString& text, const QFont& font, const QColor& color, QWidget* parent, bool wrap)
+QLabel* label(const QString& text, const QFont& font, const QColor& color, QWidget* parent,
+              bool wrap)
 {
     auto* l = new TextLabel(text, parent);
     l->setFont(font);

@@ -18,6 +18,8 @@ inline constexpr int groupRadius = 9;
 inline constexpr int rowInset = 12;
 inline constexpr int rowMinHeight = 40;
 
+// One colour a line reads best.
+// clang-format off
 inline QColor windowBackground() { return QColor(240, 240, 242); }
 inline QColor toolbarBackground() { return QColor(250, 250, 251); }
 inline QColor hairline() { return QColor(0, 0, 0, 28); }
@@ -29,14 +31,14 @@ inline QColor secondaryText() { return QColor(0, 0, 0, 128); }
 inline QColor tertiaryText() { return QColor(0, 0, 0, 66); }
 inline QColor accent() { return QColor(0, 122, 255); }
 inline QColor controlTrack() { return QColor(0, 0, 0, 22); }
-inline QColor controlBorder() { return QColor(0, 0, 0, 36); }
 inline QColor selectedTab() { return QColor(0, 0, 0, 16); }
 inline QColor symbolGrey() { return QColor(110, 110, 115); }
+// clang-format on
 
-QFont bodyFont();     // row titles and controls
-QFont captionFont();  // one-line explanations and notes
-QFont headingFont();  // the title above a group
-QFont smallFont();    // the toolbar's tab titles, segmented controls
+QFont bodyFont();    // row titles and controls
+QFont captionFont(); // one-line explanations and notes
+QFont headingFont(); // the title above a group
+QFont smallFont();   // the toolbar's tab titles, segmented controls
 
 // A label in one of the window's text styles (a TextLabel, running in the
 // window's direction); wrapping labels break at the window's width, never widen it.

@@ -17,7 +17,8 @@ constexpr int tabHeight = 50;
 
 class TabButton : public QAbstractButton {
 public:
-    TabButton(QString symbol, const QString& title, QWidget* parent) : QAbstractButton(parent), m_symbol(std::move(symbol))
+    TabButton(QString symbol, const QString& title, QWidget* parent)
+        : QAbstractButton(parent), m_symbol(std::move(symbol))
     {
         setText(title);
         setCheckable(true);
@@ -40,7 +41,8 @@ protected:
         p.setRenderHint(QPainter::Antialiasing);
         if (isChecked() || isDown()) {
             p.setPen(Qt::NoPen);
-            p.setBrush(isDown() && !isChecked() ? QColor(0, 0, 0, 10) : SettingsStyle::selectedTab());
+            p.setBrush(isDown() && !isChecked() ? QColor(0, 0, 0, 10)
+                                                : SettingsStyle::selectedTab());
             p.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 7, 7);
         }
         const QColor ink = isChecked() ? SettingsStyle::accent() : SettingsStyle::symbolGrey();

@@ -41,17 +41,19 @@ QScrollArea* scrolling(SettingsPage* page)
     scroll->setStyleSheet(QStringLiteral(
         "QScrollArea { background: transparent; }"
         "QScrollBar:vertical { background: transparent; width: 9px; margin: 2px 1px 2px 0; }"
-        "QScrollBar::handle:vertical { background: rgba(0,0,0,0.28); border-radius: 3px; min-height: 30px; }"
+        "QScrollBar::handle:vertical { background: rgba(0,0,0,0.28); border-radius: 3px; "
+        "min-height: 30px; }"
         "QScrollBar::add-line:vertical, QScrollBar::sub-line:vertical { height: 0; }"
-        "QScrollBar::add-page:vertical, QScrollBar::sub-page:vertical { background: transparent; }"));
+        "QScrollBar::add-page:vertical, QScrollBar::sub-page:vertical { background: transparent; "
+        "}"));
     return scroll;
 }
 
 } // namespace
 
 SettingsView::SettingsView(AppDelegate& app, SettingsActions& actions, QWidget* parent)
-    : QWidget(parent, Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
-                          Qt::WindowMinimizeButtonHint),
+    : QWidget(parent, Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                          Qt::WindowCloseButtonHint | Qt::WindowMinimizeButtonHint),
       m_app(app), m_actions(actions)
 {
     setObjectName(QStringLiteral("settingsWindow"));
@@ -86,8 +88,8 @@ void SettingsView::build()
     column->addWidget(m_toolbar);
 
     m_stack = new QStackedWidget(m_content);
-    m_pages = {new GeneralTab(m_app, m_actions), new MenuBarTab(m_app, m_actions), new LanguageTab(m_app, m_actions),
-               new AboutTab(m_app, m_actions)};
+    m_pages = {new GeneralTab(m_app, m_actions), new MenuBarTab(m_app, m_actions),
+               new LanguageTab(m_app, m_actions), new AboutTab(m_app, m_actions)};
     for (SettingsPage* page : m_pages) {
         page->setObjectName(QStringLiteral("page:%1").arg(m_stack->count()));
         m_stack->addWidget(scrolling(page));
@@ -148,12 +150,14 @@ void SettingsView::fitToPage()
 {
     SettingsPage* page = m_pages[std::size_t(m_tab)];
     const int width = SettingsStyle::windowWidth;
-    const int needed = page->hasHeightForWidth() ? page->heightForWidth(width) : page->sizeHint().height();
+    const int needed =
+        page->hasHeightForWidth() ? page->heightForWidth(width) : page->sizeHint().height();
     const bool scrolls = needed > SettingsStyle::maxContentHeight;
     // A page that fits never shows a scroll bar, not even for a moment while the window settles.
     auto* scroll = static_cast<QScrollArea*>(m_stack->widget(m_tab));
     scroll->setVerticalScrollBarPolicy(scrolls ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
-    setFixedSize(width, m_toolbar->sizeHint().height() + (scrolls ? SettingsStyle::maxContentHeight : needed));
+    setFixedSize(width, m_toolbar->sizeHint().height() +
+                            (scrolls ? SettingsStyle::maxContentHeight : needed));
 }
 
 void SettingsView::closeEvent(QCloseEvent* event)

@@ -15,8 +15,7 @@ namespace ravlin {
 
 SettingsWindowController::SettingsWindowController(AppDelegate& app)
     : m_app(app), m_actions(std::make_unique<SettingsActions>(app))
-{
-}
+{}
 
 SettingsWindowController::~SettingsWindowController() = default;
 
@@ -67,7 +66,8 @@ void SettingsWindowController::placeOnScreen()
     if (!screen)
         return;
     const QRect area = screen->availableGeometry();
-    m_view->move(area.x() + (area.width() - m_view->width()) / 2, area.y() + (area.height() - m_view->height()) / 3);
+    m_view->move(area.x() + (area.width() - m_view->width()) / 2,
+                 area.y() + (area.height() - m_view->height()) / 3);
 }
 
 void SettingsWindowController::windowClosed()

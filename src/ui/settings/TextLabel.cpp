@@ -26,7 +26,8 @@ void TextLabel::setPlainText(const QString& text)
     if (!m_followsWindow) {
         // Its own direction inside, but still flush with the window's leading edge.
         if (!(alignment() & Qt::AlignHCenter)) {
-            const Qt::Alignment edge = layoutDirection() == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft;
+            const Qt::Alignment edge =
+                layoutDirection() == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft;
             setAlignment((alignment() & Qt::AlignVertical_Mask) | edge | Qt::AlignAbsolute);
         }
         setText(text);

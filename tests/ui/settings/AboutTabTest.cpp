@@ -22,7 +22,10 @@ protected:
         world.start();
         world.open(3);
     }
-    QString text(const char* name) { return world.find<TextLabel>(QString::fromLatin1(name))->plainText(); }
+    QString text(const char* name)
+    {
+        return world.find<TextLabel>(QString::fromLatin1(name))->plainText();
+    }
 
     test::SettingsWorld world;
 };
@@ -47,15 +50,18 @@ TEST_F(AboutTab, NamesEveryLibraryAndFontItShipsWithAndItsLicence)
         names << static_cast<TextLabel*>(row->titleLabel())->plainText();
         licences << row->findChild<TextLabel*>(QStringLiteral("licence"))->plainText();
     }
-    EXPECT_EQ(names, (QStringList{QStringLiteral("Qt 6"), QStringLiteral("libplist"), QStringLiteral("Material Design icon font"),
+    EXPECT_EQ(names, (QStringList{QStringLiteral("Qt 6"), QStringLiteral("libplist"),
+                                  QStringLiteral("Material Design icon font"),
                                   QStringLiteral("Noto Sans fonts")}));
     EXPECT_EQ(licences, (QStringList{QStringLiteral("GNU LGPL v3"), QStringLiteral("GNU LGPL v2.1"),
-                                     QStringLiteral("Apache License 2.0"), QStringLiteral("SIL Open Font License 1.1")}));
+                                     QStringLiteral("Apache License 2.0"),
+                                     QStringLiteral("SIL Open Font License 1.1")}));
 }
 
 TEST_F(AboutTab, TheControlCentreLinkOpensTheSystemsSettings)
 {
     world.session().desktop().takeOpened();
     world.find<QPushButton>(QStringLiteral("controlCenter"))->click();
-    EXPECT_EQ(world.session().desktop().takeOpened(), QStringList{SettingsActions::controlCentreURL});
+    EXPECT_EQ(world.session().desktop().takeOpened(),
+              QStringList{SettingsActions::controlCentreURL});
 }

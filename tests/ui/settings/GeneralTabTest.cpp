@@ -25,7 +25,10 @@ protected:
         world.open(0);
     }
     Preferences& prefs() { return world.app().preferences(); }
-    ToggleSwitch* toggle(const char* name) { return world.find<ToggleSwitch>(QString::fromLatin1(name)); }
+    ToggleSwitch* toggle(const char* name)
+    {
+        return world.find<ToggleSwitch>(QString::fromLatin1(name));
+    }
 
     test::SettingsWorld world;
 };
@@ -36,9 +39,12 @@ struct Switch {
 };
 
 const Switch switches[] = {
-    {"launchAtLogin", &Preferences::launchAtLogin},       {"autoRehide", &Preferences::autoRehide},
-    {"enableAlwaysHidden", &Preferences::enableAlwaysHidden}, {"revealOnHover", &Preferences::revealOnHover},
-    {"showSystemTiles", &Preferences::showSystemTiles},   {"showWeather", &Preferences::showWeather},
+    {"launchAtLogin", &Preferences::launchAtLogin},
+    {"autoRehide", &Preferences::autoRehide},
+    {"enableAlwaysHidden", &Preferences::enableAlwaysHidden},
+    {"revealOnHover", &Preferences::revealOnHover},
+    {"showSystemTiles", &Preferences::showSystemTiles},
+    {"showWeather", &Preferences::showWeather},
 };
 
 } // namespace
@@ -106,7 +112,8 @@ TEST_F(GeneralTab, FollowsChangesMadeElsewhere)
     prefs().setRehideInterval(42);
     EXPECT_EQ(world.find<NumberField>(QStringLiteral("rehideInterval"))->value(), 42);
     prefs().setTileStyle(TileStyle::Strip);
-    EXPECT_EQ(world.find<PopupButton>(QStringLiteral("tileStyle"))->currentData().toString(), QStringLiteral("strip"));
+    EXPECT_EQ(world.find<PopupButton>(QStringLiteral("tileStyle"))->currentData().toString(),
+              QStringLiteral("strip"));
     // Following a change does not write it back a second time.
     EXPECT_EQ(prefs().tileStyle(), TileStyle::Strip);
 }
@@ -120,5 +127,6 @@ TEST(GeneralTabEngine, TheAlwaysHiddenSectionRestsWhenTheSystemHidesTheItems)
     ToggleSwitch* always = world.find<ToggleSwitch>(QStringLiteral("enableAlwaysHidden"));
     ASSERT_NE(always, nullptr);
     EXPECT_FALSE(always->isEnabledTo(world.window().view()));
-    EXPECT_TRUE(world.find<ToggleSwitch>(QStringLiteral("revealOnHover"))->isEnabledTo(world.window().view()));
+    EXPECT_TRUE(world.find<ToggleSwitch>(QStringLiteral("revealOnHover"))
+                    ->isEnabledTo(world.window().view()));
 }

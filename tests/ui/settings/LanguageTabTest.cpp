@@ -56,7 +56,8 @@ TEST_F(LanguageTab, HebrewTurnsTheWindowRightToLeftAtOnceAndIsStored)
     // The rebuilt window stays on its tab, and its new picker shows the choice.
     EXPECT_EQ(view().currentTab(), 2);
     EXPECT_EQ(picker()->currentData().toString(), QStringLiteral("he"));
-    EXPECT_EQ(world.find<ToggleSwitch>(QStringLiteral("showWeather"))->layoutDirection(), Qt::RightToLeft);
+    EXPECT_EQ(world.find<ToggleSwitch>(QStringLiteral("showWeather"))->layoutDirection(),
+              Qt::RightToLeft);
 }
 
 TEST_F(LanguageTab, ArabicIsRightToLeftAndGermanAndTheSystemsLanguageAreNot)
@@ -76,7 +77,8 @@ TEST_F(LanguageTab, FollowsALanguageChosenElsewhere)
 {
     world.app().languageManager().apply(QStringLiteral("fr"));
     EXPECT_EQ(picker()->currentData().toString(), QStringLiteral("fr"));
-    EXPECT_EQ(view().toolbar()->tabButton(3)->text(), world.app().languageManager().L(QStringLiteral("tab.about")));
+    EXPECT_EQ(view().toolbar()->tabButton(3)->text(),
+              world.app().languageManager().L(QStringLiteral("tab.about")));
     EXPECT_NE(view().toolbar()->tabButton(3)->text(), QStringLiteral("About"));
 }
 

@@ -54,8 +54,13 @@ protected:
     // Where the item stands against the hidden separator: true on the visible side.
     bool visibleSide(const char* title)
     {
-        const double separator = world.session().statusBar().item(StatusBarController::hiddenName)->windowServerFrame()->x;
-        return world.session().desktop().placedByTitle(QString::fromLatin1(title))->frame.x > separator;
+        const double separator = world.session()
+                                     .statusBar()
+                                     .item(StatusBarController::hiddenName)
+                                     ->windowServerFrame()
+                                     ->x;
+        return world.session().desktop().placedByTitle(QString::fromLatin1(title))->frame.x >
+               separator;
     }
     bool inPanel(const QString& key)
     {
@@ -74,13 +79,19 @@ protected:
 
 TEST_F(MenuBarTabPlain, ListsTheAppsItemsApartFromTheSystemsOwn)
 {
-    const QStringList shown = texts(world.window().view()->findChildren<QLabel*>(QStringLiteral("title")));
-    EXPECT_EQ(shown, (QStringList{QStringLiteral("Tunnel"), QStringLiteral("Chat"), QStringLiteral("Bluetooth"),
-                                  QStringLiteral("Wi-Fi"), QStringLiteral("Arrange the menu bar"), QStringLiteral("Item spacing"),
-                                  QStringLiteral("Rescan menu bar")}));
-    const QStringList headings = texts(world.window().view()->findChildren<QLabel*>(QStringLiteral("heading")));
-    EXPECT_EQ(headings, (QStringList{QStringLiteral("Detected items"), QStringLiteral("System items")}));
-    EXPECT_EQ(world.find<SegmentedControl>(QStringLiteral("place:") + chat)->value(), QStringLiteral("panel"));
+    const QStringList shown =
+        texts(world.window().view()->findChildren<QLabel*>(QStringLiteral("title")));
+    EXPECT_EQ(
+        shown,
+        (QStringList{QStringLiteral("Tunnel"), QStringLiteral("Chat"), QStringLiteral("Bluetooth"),
+                     QStringLiteral("Wi-Fi"), QStringLiteral("Arrange the menu bar"),
+                     QStringLiteral("Item spacing"), QStringLiteral("Rescan menu bar")}));
+    const QStringList headings =
+        texts(world.window().view()->findChildren<QLabel*>(QStringLiteral("heading")));
+    EXPECT_EQ(headings,
+              (QStringList{QStringLiteral("Detected items"), QStringLiteral("System items")}));
+    EXPECT_EQ(world.find<SegmentedControl>(QStringLiteral("place:") + chat)->value(),
+              QStringLiteral("panel"));
 }
 
 TEST_F(MenuBarTabPlain, BarMovesTheItemToTheVisibleSideAndPinsIt)
@@ -90,7 +101,8 @@ TEST_F(MenuBarTabPlain, BarMovesTheItemToTheVisibleSideAndPinsIt)
     EXPECT_TRUE(visibleSide("Chat Status"));
     EXPECT_TRUE(prefs().barPinnedKeys().contains(chat));
     EXPECT_FALSE(inPanel(chat));
-    EXPECT_TRUE(world.session().defaults().persistentValue(QStringLiteral("barPinnedItems")).asArray());
+    EXPECT_TRUE(
+        world.session().defaults().persistentValue(QStringLiteral("barPinnedItems")).asArray());
 }
 
 TEST_F(MenuBarTabPlain, OffKeepsTheItemOutOfThePanelAndOutOfSight)
@@ -128,9 +140,11 @@ TEST_F(MenuBarTabPlain, ChoosingWhereAnItemAlreadyIsMovesNothing)
 TEST_F(MenuBarTabPlain, FollowsPlacementsChangedElsewhere)
 {
     prefs().setPlacement(chat, ItemPlacement::Off);
-    EXPECT_EQ(world.find<SegmentedControl>(QStringLiteral("place:") + chat)->value(), QStringLiteral("off"));
+    EXPECT_EQ(world.find<SegmentedControl>(QStringLiteral("place:") + chat)->value(),
+              QStringLiteral("off"));
     prefs().setBarPinnedKeys({chat});
-    EXPECT_EQ(world.find<SegmentedControl>(QStringLiteral("place:") + chat)->value(), QStringLiteral("bar"));
+    EXPECT_EQ(world.find<SegmentedControl>(QStringLiteral("place:") + chat)->value(),
+              QStringLiteral("bar"));
 }
 
 TEST_F(MenuBarTabPlain, TheListFollowsAppsThatQuit)
@@ -156,7 +170,8 @@ TEST_F(MenuBarTabPlain, CompactSpacingIsStoredAndSaysWhenItApplies)
 {
     world.find<QPushButton>(QStringLiteral("spacing"))->click();
     EXPECT_EQ(world.session().menuBarSpacing().applied(), std::make_pair(6, 4));
-    auto* row = qobject_cast<SettingsRow*>(world.find<QPushButton>(QStringLiteral("spacing"))->parentWidget());
+    auto* row = qobject_cast<SettingsRow*>(
+        world.find<QPushButton>(QStringLiteral("spacing"))->parentWidget());
     ASSERT_NE(row, nullptr);
     ASSERT_NE(row->hintLabel(), nullptr);
     EXPECT_FALSE(row->hintLabel()->isHidden());
@@ -169,8 +184,10 @@ TEST(MenuBarTabEmpty, SaysThatNoItemWasFound)
     test::SettingsWorld world;
     world.start();
     world.open(1);
-    const QStringList messages = texts(world.window().view()->findChildren<QLabel*>(QStringLiteral("message")));
-    EXPECT_EQ(messages, QStringList{world.app().languageManager().L(QStringLiteral("menubar.empty"))});
+    const QStringList messages =
+        texts(world.window().view()->findChildren<QLabel*>(QStringLiteral("message")));
+    EXPECT_EQ(messages,
+              QStringList{world.app().languageManager().L(QStringLiteral("menubar.empty"))});
 }
 
 namespace {
@@ -208,8 +225,10 @@ TEST_F(MenuBarTabEngine, AnAppsSwitchHidesItThroughTheSystem)
     toggle(QStringLiteral("bundle:com.example.chat"))->click();
     EXPECT_TRUE(prefs().isBundleHidden(QStringLiteral("com.example.chat")));
     world.advance(1);
-    EXPECT_FALSE(world.app().hideEngine().lastAllowedBundleIDs().contains(QStringLiteral("com.example.chat")));
-    EXPECT_TRUE(world.app().hideEngine().lastAllowedBundleIDs().contains(QStringLiteral("com.example.tunnel")));
+    EXPECT_FALSE(world.app().hideEngine().lastAllowedBundleIDs().contains(
+        QStringLiteral("com.example.chat")));
+    EXPECT_TRUE(world.app().hideEngine().lastAllowedBundleIDs().contains(
+        QStringLiteral("com.example.tunnel")));
 }
 
 TEST_F(MenuBarTabEngine, SystemItemsAndTheSearchItemHaveSwitches)
@@ -231,6 +250,8 @@ TEST(MenuBarTabEngineEmpty, SaysThatNoAppWasFound)
     world.script(QStringLiteral("engine available"));
     world.start();
     world.open(1);
-    const QStringList messages = texts(world.window().view()->findChildren<QLabel*>(QStringLiteral("message")));
-    EXPECT_EQ(messages, QStringList{world.app().languageManager().L(QStringLiteral("menubar.engine.empty"))});
+    const QStringList messages =
+        texts(world.window().view()->findChildren<QLabel*>(QStringLiteral("message")));
+    EXPECT_EQ(messages,
+              QStringList{world.app().languageManager().L(QStringLiteral("menubar.engine.empty"))});
 }

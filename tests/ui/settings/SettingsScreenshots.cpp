@@ -28,7 +28,8 @@ void shootAllTabs(test::SettingsWorld& world, const QString& dir, const QString&
 {
     for (int tab = 0; tab < SettingsView::tabCount; ++tab) {
         SettingsView& view = world.open(tab);
-        shoot(view, QStringLiteral("%1/settings-%2-%3.png").arg(dir, QString::fromLatin1(tabNames[tab]), suffix));
+        shoot(view, QStringLiteral("%1/settings-%2-%3.png")
+                        .arg(dir, QString::fromLatin1(tabNames[tab]), suffix));
     }
 }
 

@@ -39,8 +39,7 @@ public:
     SettingsView& open(int tab);
 
     // A control of the open window by its object name (null when there is none).
-    template <class T>
-    T* find(const QString& name)
+    template <class T> T* find(const QString& name)
     {
         SettingsView* view = window().view();
         return view ? view->findChild<T*>(name) : nullptr;
