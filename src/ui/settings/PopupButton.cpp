@@ -91,6 +91,7 @@ void PopupButton::paintEvent(QPaintEvent*)
     p.setFont(font());
     p.drawText(text, Qt::AlignVCenter | (rtl ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute,
                currentText());
+    SettingsStyle::paintFocusRing(p, *this, face.adjusted(1, 1, -1, -1), 4);
 }
 
 } // namespace ravlin

@@ -63,6 +63,7 @@ void SettingsButton::paintPush(QPainter& p)
     p.drawRoundedRect(face, 5.5, 5.5);
     p.setPen(isEnabled() ? SettingsStyle::primaryText() : SettingsStyle::tertiaryText());
     p.drawText(face, Qt::AlignCenter, text());
+    SettingsStyle::paintFocusRing(p, *this, face.adjusted(1, 1, -1, -1), 4.5);
 }
 
 void SettingsButton::paintSegment(QPainter& p)
@@ -82,6 +83,7 @@ void SettingsButton::paintSegment(QPainter& p)
     }
     p.setPen(isEnabled() ? SettingsStyle::primaryText() : SettingsStyle::tertiaryText());
     p.drawText(QRectF(rect()).adjusted(0, 0, 0, -0.5), Qt::AlignCenter, text());
+    SettingsStyle::paintFocusRing(p, *this, QRectF(rect()).adjusted(1.5, 1.5, -1.5, -2), 4);
 }
 
 } // namespace ravlin

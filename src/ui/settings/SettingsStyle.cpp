@@ -4,6 +4,7 @@
 #include "ui/Theme.h"
 
 #include <QLabel>
+#include <QPainter>
 
 namespace ravlin::SettingsStyle {
 
@@ -22,6 +23,20 @@ QFont headingFont()
 QFont smallFont()
 {
     return Theme::font(11);
+}
+
+void paintFocusRing(QPainter& painter, const QWidget& widget, const QRectF& shape, double radius)
+{
+    if (!widget.hasFocus())
+        return;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    QColor ring = accent();
+    ring.setAlphaF(0.5);
+    painter.setPen(QPen(ring, 2.5));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(shape, radius, radius);
+    painter.restore();
 }
 
 void setTextColor(QWidget* widget, const QColor& color)

@@ -5,6 +5,8 @@
 #include <QString>
 
 class QLabel;
+class QPainter;
+class QRectF;
 class QWidget;
 
 // The settings window's light appearance: the colours, type sizes and measures
@@ -39,6 +41,9 @@ QFont bodyFont();    // row titles and controls
 QFont captionFont(); // one-line explanations and notes
 QFont headingFont(); // the title above a group
 QFont smallFont();   // the toolbar's tab titles, segmented controls
+
+// The keyboard focus ring around a control's shape (drawn only while it has the focus).
+void paintFocusRing(QPainter& painter, const QWidget& widget, const QRectF& shape, double radius);
 
 // A label in one of the window's text styles (a TextLabel, running in the
 // window's direction); wrapping labels break at the window's width, never widen it.

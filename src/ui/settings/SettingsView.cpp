@@ -13,6 +13,7 @@
 #include <QAbstractButton>
 #include <QCloseEvent>
 #include <QScrollArea>
+#include <QShortcut>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -64,6 +65,9 @@ SettingsView::SettingsView(AppDelegate& app, SettingsActions& actions, QWidget* 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
+    // ⌘W closes it, as it closes every window of the system.
+    auto* closeKey = new QShortcut(QKeySequence::Close, this);
+    connect(closeKey, &QShortcut::activated, this, &QWidget::close);
     connect(&app.preferences(), &Preferences::willChange, this, &SettingsView::refreshPages);
     connect(&app.languageManager(), &LanguageManager::willChange, this, &SettingsView::rebuild);
     build();

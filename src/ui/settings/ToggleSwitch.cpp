@@ -52,6 +52,7 @@ void ToggleSwitch::paintEvent(QPaintEvent*)
     p.setBrush(isEnabled() ? QColor(255, 255, 255) : QColor(250, 250, 250));
     p.setPen(QPen(QColor(0, 0, 0, 20), 0.5));
     p.drawEllipse(knobRect);
+    SettingsStyle::paintFocusRing(p, *this, track.adjusted(1, 1, -1, -1), radius - 1);
 }
 
 } // namespace ravlin

@@ -9,6 +9,7 @@
 #include "ui/settings/SettingsToolbar.h"
 
 #include <QAbstractButton>
+#include <QShortcut>
 
 #include <gtest/gtest.h>
 
@@ -98,4 +99,14 @@ TEST(SettingsWindowStart, TheSettingsArgumentOpensGeneralAfterStartUp)
     EXPECT_TRUE(world.window().isVisible());
     EXPECT_EQ(world.window().currentTab(), 0);
     EXPECT_EQ(world.session().application().activationPolicy(), Policy::Regular);
+}
+
+TEST_F(SettingsWindow, CommandWClosesIt)
+{
+    auto* shortcut = world.open(0).findChild<QShortcut*>();
+    ASSERT_NE(shortcut, nullptr);
+    EXPECT_EQ(shortcut->key(), QKeySequence(QKeySequence::Close));
+    Q_EMIT shortcut->activated();
+    EXPECT_FALSE(world.window().isVisible());
+    EXPECT_EQ(policy(), Policy::Accessory);
 }
