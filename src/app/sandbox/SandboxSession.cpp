@@ -83,8 +83,10 @@ bool SandboxSession::useMachineProbe()
 
 SandboxSession::~SandboxSession()
 {
-    m_settingsWindow.reset(); // the window works on the application, so it goes first
-    m_app.reset();            // before the windows and services it uses
+    // The settings window works on the application, so it goes first; the application
+    // goes before the other windows and the services it uses.
+    m_settingsWindow.reset();
+    m_app.reset();
 }
 
 SimStatusBar& SandboxSession::statusBar()
