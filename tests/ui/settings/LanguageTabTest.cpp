@@ -89,3 +89,22 @@ TEST_F(LanguageTab, TheReplacedContentLeavesTheWindow)
     EXPECT_EQ(view().findChildren<PopupButton*>(QStringLiteral("language")).size(), 1);
     EXPECT_EQ(view().findChildren<SettingsToolbar*>().size(), 1);
 }
+
+TEST_F(LanguageTab, RightToLeftPutsTheControlsOnTheLeftAndTheTabsFromTheRight)
+{
+    auto switchLeftOfTitle = [&] {
+        ToggleSwitch* toggle = world.find<ToggleSwitch>(QStringLiteral("showWeather"));
+        QWidget* title = toggle->parentWidget()->findChild<QWidget*>(QStringLiteral("title"));
+        return toggle->mapTo(&view(), QPoint()).x() < title->mapTo(&view(), QPoint()).x();
+    };
+    auto generalLeftOfAbout = [&] {
+        return view().toolbar()->tabButton(0)->x() < view().toolbar()->tabButton(3)->x();
+    };
+    world.open(0);
+    EXPECT_FALSE(switchLeftOfTitle());
+    EXPECT_TRUE(generalLeftOfAbout());
+    pick(QStringLiteral("he"));
+    ASSERT_EQ(view().currentTab(), 0);
+    EXPECT_TRUE(switchLeftOfTitle());
+    EXPECT_FALSE(generalLeftOfAbout());
+}
