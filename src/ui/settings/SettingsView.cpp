@@ -73,7 +73,12 @@ SettingsView::SettingsView(AppDelegate& app, SettingsActions& actions, QWidget* 
     build();
 }
 
-SettingsView::~SettingsView() = default;
+SettingsView::~SettingsView()
+{
+    // Nothing of this window may outlive it, not even content still waiting to be deleted.
+    for (const QPointer<QWidget>& retired : m_retired)
+        delete retired.data();
+}
 
 void SettingsView::build()
 {
@@ -117,6 +122,8 @@ void SettingsView::rebuild()
         m_content->hide();
         m_content->setParent(nullptr);
         m_content->deleteLater();
+        std::erase_if(m_retired, [](const QPointer<QWidget>& w) { return w.isNull(); });
+        m_retired.emplace_back(m_content);
     }
     build();
 }

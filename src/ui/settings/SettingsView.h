@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QPointer>
 #include <QWidget>
 
 #include <array>
+#include <vector>
 
 class QStackedWidget;
 
@@ -47,6 +49,8 @@ private:
     AppDelegate& m_app;
     SettingsActions& m_actions;
     QWidget* m_content = nullptr;
+    // Content replaced by a rebuild, waiting for the event loop to delete it.
+    std::vector<QPointer<QWidget>> m_retired;
     SettingsToolbar* m_toolbar = nullptr;
     QStackedWidget* m_stack = nullptr;
     std::array<SettingsPage*, tabCount> m_pages{};
