@@ -37,7 +37,11 @@ void TextLabel::setPlainText(const QString& text)
         setText(text);
         return;
     }
-    setText((layoutDirection() == Qt::RightToLeft ? rightToLeftMark : leftToRightMark) + text);
+    // Every line is a paragraph of its own and needs its own mark.
+    const QChar mark = layoutDirection() == Qt::RightToLeft ? rightToLeftMark : leftToRightMark;
+    QString marked = mark + text;
+    marked.replace(u'\n', QString(u'\n') + mark);
+    setText(marked);
 }
 
 void TextLabel::setFollowsWindowDirection(bool follows)
