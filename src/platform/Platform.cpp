@@ -7,6 +7,7 @@
 #include "StatusBar.h"
 #include "Events.h"
 #include "LoginItems.h"
+#include "MenuBarSpacing.h"
 #include "UnavailableServices.h"
 #include "Permissions.h"
 #include "Screens.h"

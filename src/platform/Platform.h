@@ -16,6 +16,7 @@ class Geocoder;
 class HttpClient;
 class LocationService;
 class LoginItems;
+class MenuBarSpacing;
 class SystemProbe;
 class Events;
 class LoginItems;
@@ -53,6 +54,8 @@ struct Platform {
     std::unique_ptr<EventMonitors> eventMonitors;
     std::unique_ptr<AssessmentMode> assessmentMode; // may stay empty: no framework
     std::unique_ptr<ApplicationControl> application;
+    // The gaps between status items; may stay empty where they cannot be changed.
+    std::unique_ptr<MenuBarSpacing> menuBarSpacing;
     // The system's preferred interface languages, most wanted first (tags such as "de-DE").
     QStringList preferredLanguages;
     // This application's bundle identifier ("de.vexa.Ravlin"); empty without one.

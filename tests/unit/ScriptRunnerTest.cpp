@@ -119,6 +119,28 @@ TEST(ScriptRunner, ScriptMistakesEndWithStatusTwoAndTheLineNumber)
     }
 }
 
+TEST(ScriptRunner, SettingsWindowCommandsNeedTheOpenWindowAndAControlItHas)
+{
+    const QList<std::pair<QString, QString>> cases = {
+        {QStringLiteral("start\nsettings toggle showWeather"), QStringLiteral("the settings window is not open")},
+        {QStringLiteral("start\nsettings close"), QStringLiteral("the settings window is not open")},
+        {QStringLiteral("start\nsettings open 4"), QStringLiteral("a number from 0 to 3")},
+        {QStringLiteral("start\nsettings open\nsettings toggle wings"), QStringLiteral("has no switch wings")},
+        {QStringLiteral("start\nsettings open\nsettings place nokey bar"), QStringLiteral("has no item place:nokey")},
+        {QStringLiteral("start\nsettings open\nsettings set rehideInterval 0"), QStringLiteral("from 1 to 3600")},
+        {QStringLiteral("start\nsettings open\nsettings set tileStyle rings"), QStringLiteral("offers no rings")},
+        {QStringLiteral("start\nsettings open\nsettings language xx"), QStringLiteral("offers no xx")},
+        {QStringLiteral("engine available\nstart\nsettings open\nsettings toggle enableAlwaysHidden"),
+         QStringLiteral("enableAlwaysHidden is greyed out")},
+        {QStringLiteral("start\nsettings fly"), QStringLiteral("settings knows open, close")},
+    };
+    for (const auto& [script, message] : cases) {
+        const ScriptOutcome run = runScript(script);
+        EXPECT_EQ(run.status, 2) << script.toStdString();
+        EXPECT_TRUE(run.err.contains(message)) << run.err.toStdString();
+    }
+}
+
 TEST(ScriptRunner, CommandsOfLaterPartsSayTheyAreNotSupportedYet)
 {
     QString out, err;

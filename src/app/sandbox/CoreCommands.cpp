@@ -148,7 +148,6 @@ void registerCoreCommands(ScriptRunner& runner)
 void registerPendingCommands(ScriptRunner& runner)
 {
     runner.addUnsupported({
-        QStringLiteral("settings"),
     });
 }
 
@@ -161,6 +160,7 @@ void registerAll(ScriptRunner& runner)
     registerDiscoveryCommands(runner);
     registerBarCommands(runner);
     registerPanelCommands(runner);
+    registerSettingsWindowCommands(runner);
     registerPendingCommands(runner);
 }
 

@@ -5,11 +5,13 @@
 #include "platform/sim/SimApplicationControl.h"
 #include "platform/sim/SimAssessmentMode.h"
 #include "platform/sim/SimEventMonitors.h"
+#include "platform/sim/SimMenuBarSpacing.h"
 #include "platform/sim/SimStatusBar.h"
 #include "ui/ArrangeHUD.h"
 #include "ui/ArrangeView.h"
 #include "ui/RavlinBar.h"
 #include "core/app/MenuBarServices.h"
+#include "ui/settings/SettingsWindowController.h"
 
 #include <QPushButton>
 #include "core/foundation/ResourceBundle.h"
@@ -83,7 +85,10 @@ bool SandboxSession::useMachineProbe()
 
 SandboxSession::~SandboxSession()
 {
-    m_app.reset(); // before the windows and services it uses
+    // The settings window works on the application, so it goes first; the application
+    // goes before the other windows and the services it uses.
+    m_settingsWindow.reset();
+    m_app.reset();
 }
 
 SimStatusBar& SandboxSession::statusBar()
@@ -136,6 +141,17 @@ bool SandboxSession::pressArrangeDone()
     return true;
 }
 
+SettingsWindowController& SandboxSession::settingsWindow()
+{
+    app();
+    return *m_settingsWindow;
+}
+
+SimMenuBarSpacing& SandboxSession::menuBarSpacing()
+{
+    return static_cast<SimMenuBarSpacing&>(*m_platform.menuBarSpacing);
+}
+
 bool SandboxSession::setSystemLanguages(const QStringList& languages)
 {
     if (m_app)
@@ -160,9 +176,11 @@ AppDelegate& SandboxSession::app()
             m_scheduler, *m_platform.screens, m_app->preferences(), m_app->languageManager(), m_app->systemStats(),
             m_app->weatherService(), m_app->tileModel(), m_app->menuBar().permissions(), *m_platform.workspace});
         m_ravlinBar->setAnimated(false); // virtual time has no animation frames
+        m_settingsWindow = std::make_unique<SettingsWindowController>(*m_app);
         AppWindows windows;
         windows.guide = m_arrangeHUD.get();
         windows.panel = m_ravlinBar.get();
+        windows.settings = m_settingsWindow.get();
         m_app->setWindows(windows);
         m_app->setLogDirectory(m_options.logDir);
     }

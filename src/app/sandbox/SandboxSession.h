@@ -23,12 +23,14 @@ class SimLocationService;
 class ArrangeGuide;
 class ArrangeHUD;
 class RavlinBar;
+class SettingsWindowController;
 class SimApplicationControl;
 class SimAssessmentMode;
 class SimDesktop;
 class SimEventMonitors;
 class SimStatusBar;
 class SimLoginItems;
+class SimMenuBarSpacing;
 class SimSystemProbe;
 } // namespace ravlin
 
@@ -81,6 +83,8 @@ public:
     std::vector<QWidget*> visibleWindows();
     // Presses the arrange guide's done button; false when the guide is not showing.
     bool pressArrangeDone();
+    SettingsWindowController& settingsWindow();
+    SimMenuBarSpacing& menuBarSpacing();
     QString defaultsPath() const { return m_defaultsPath; }
     QString logDir() const { return m_options.logDir; }
 
@@ -112,6 +116,7 @@ private:
     std::unique_ptr<Resources> m_resources;
     std::unique_ptr<ArrangeHUD> m_arrangeHUD;
     std::unique_ptr<RavlinBar> m_ravlinBar;
+    std::unique_ptr<SettingsWindowController> m_settingsWindow;
     std::unique_ptr<AppDelegate> m_app;
     ProcessState m_process;
 };

@@ -3,6 +3,7 @@
 #include "CFPreferencesDefaultsStore.h"
 #include "MacGeocoder.h"
 #include "MacLocationService.h"
+#include "MacMenuBarSpacing.h"
 #include "MacAccessibility.h"
 #include "MacApplicationControl.h"
 #include "MacAssessmentMode.h"
@@ -39,6 +40,7 @@ Platform makePlatform(Scheduler& scheduler)
     platform.eventMonitors = std::make_unique<MacEventMonitors>();
     platform.assessmentMode = std::make_unique<MacAssessmentMode>();
     platform.application = std::make_unique<MacApplicationControl>();
+    platform.menuBarSpacing = std::make_unique<MacMenuBarSpacing>();
     platform.preferredLanguages = MacSystem::preferredLanguages();
     platform.bundleIdentifier = MacSystem::bundleIdentifier();
     return platform;

@@ -3,6 +3,7 @@
 #include "SimApplicationControl.h"
 #include "SimAssessmentMode.h"
 #include "SimEventMonitors.h"
+#include "SimMenuBarSpacing.h"
 #include "SimStatusBar.h"
 #include "platform/ApplicationControl.h"
 #include "platform/AssessmentMode.h"
@@ -37,6 +38,7 @@ void installSimBarServices(Platform& platform, SimDesktop& desktop, Scheduler& s
     platform.eventMonitors = std::make_unique<SimEventMonitors>();
     platform.assessmentMode = std::make_unique<SimAssessmentMode>(desktop, scheduler);
     platform.application = std::make_unique<SimApplicationControl>();
+    platform.menuBarSpacing = std::make_unique<SimMenuBarSpacing>();
 }
 
 } // namespace ravlin

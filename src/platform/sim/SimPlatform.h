@@ -11,7 +11,7 @@ struct Platform;
 void installSimServices(Platform& platform, SimDesktop& desktop);
 
 // Adds the status bar, the global event monitors, the assessment mode (absent
-// until a script makes it available) and the application object.
+// until a script makes it available), the application object and the item spacing.
 void installSimBarServices(Platform& platform, SimDesktop& desktop, Scheduler& scheduler);
 
 } // namespace ravlin

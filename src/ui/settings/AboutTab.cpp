@@ -1,0 +1,130 @@
+#include "AboutTab.h"
+
+#include "ItemIcon.h"
+#include "OpenSourceNotices.h"
+#include "SettingsActions.h"
+#include "SettingsButton.h"
+#include "SettingsGroup.h"
+#include "SettingsRow.h"
+#include "SettingsStyle.h"
+#include "TextLabel.h"
+#include "core/app/AppDelegate.h"
+#include "core/settings/LanguageManager.h"
+#include "ui/SymbolRenderer.h"
+#include "ui/Theme.h"
+
+#include <QLabel>
+#include <QLinearGradient>
+#include <QPainter>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace ravlin {
+namespace {
+
+// The application's mark: the chevron of its menu-bar item on a blue tile.
+class AppMark : public QWidget {
+public:
+    explicit AppMark(QWidget* parent) : QWidget(parent) { setFixedSize(64, 64); }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter p(this);
+        p.setRenderHint(QPainter::Antialiasing);
+        const QRectF tile = QRectF(rect()).adjusted(4, 3, -4, -5);
+        p.setPen(Qt::NoPen);
+        p.setBrush(QColor(0, 0, 0, 28));
+        p.drawRoundedRect(tile.translated(0, 1.5), 13, 13);
+        QLinearGradient fill(tile.topLeft(), tile.bottomLeft());
+        fill.setColorAt(0, QColor(64, 156, 255));
+        fill.setColorAt(1, QColor(0, 98, 224));
+        p.setBrush(fill);
+        p.drawRoundedRect(tile, 13, 13);
+        SymbolRenderer::paint(p, tile.adjusted(12, 12, -12, -12), QStringLiteral("chevron.left"),
+                              Qt::white);
+    }
+};
+
+QLabel* centred(QLabel* label)
+{
+    label->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+    return label;
+}
+
+} // namespace
+
+AboutTab::AboutTab(AppDelegate& app, SettingsActions& actions, QWidget* parent)
+    : SettingsPage(parent), m_app(app), m_actions(actions)
+{
+    buildHeader();
+    buildNotices();
+    buildControlCentre();
+    finish();
+}
+
+void AboutTab::buildHeader()
+{
+    const LanguageManager& lm = m_app.languageManager();
+    auto* header = new QWidget(this);
+    auto* column = new QVBoxLayout(header);
+    column->setContentsMargins(0, 2, 0, 0);
+    column->setSpacing(2);
+    column->addWidget(new AppMark(header), 0, Qt::AlignHCenter);
+    column->addSpacing(6);
+    QLabel* name = SettingsStyle::label(QStringLiteral("Ravlin"), Theme::font(20, QFont::DemiBold),
+                                        SettingsStyle::primaryText(), header);
+    name->setObjectName(QStringLiteral("name"));
+    column->addWidget(centred(name));
+    QLabel* tagline =
+        SettingsStyle::label(lm.L(QStringLiteral("app.tagline")), SettingsStyle::bodyFont(),
+                             SettingsStyle::secondaryText(), header, true);
+    tagline->setObjectName(QStringLiteral("tagline"));
+    column->addWidget(centred(tagline));
+    column->addSpacing(2);
+    QLabel* versionLine =
+        SettingsStyle::label(lm.L(QStringLiteral("about.version"), version()),
+                             SettingsStyle::captionFont(), SettingsStyle::secondaryText(), header);
+    versionLine->setObjectName(QStringLiteral("version"));
+    versionLine->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    column->addWidget(centred(versionLine));
+    addWidget(header, 0);
+}
+
+void AboutTab::buildNotices()
+{
+    SettingsGroup* group =
+        addSection(m_app.languageManager().L(QStringLiteral("about.opensource")));
+    group->setObjectName(QStringLiteral("notices"));
+    for (const OpenSourceNotice& notice : OpenSourceNotices::all()) {
+        // Names, holders and licences are written in English whatever the interface's language.
+        auto* row = new SettingsRow(notice.name, QStringLiteral("© ") + notice.holder);
+        row->setTitleIsName();
+        static_cast<TextLabel*>(row->descriptionLabel())->setFollowsWindowDirection(false);
+        auto* licence = static_cast<TextLabel*>(SettingsStyle::label(
+            notice.licence, SettingsStyle::captionFont(), SettingsStyle::secondaryText(), row));
+        licence->setFollowsWindowDirection(false);
+        licence->setObjectName(QStringLiteral("licence"));
+        row->addTrailing(licence);
+        group->addRow(row);
+    }
+}
+
+void AboutTab::buildControlCentre()
+{
+    const LanguageManager& lm = m_app.languageManager();
+    SettingsGroup* group = addSection(QString());
+    auto* row = new SettingsRow(QString(), lm.L(QStringLiteral("about.controlCenter.desc")));
+    auto* icon = new ItemIcon;
+    icon->setSymbol(QStringLiteral("switch.2"), SettingsStyle::accent());
+    row->setLeading(icon);
+    // The title itself is the link, as the system's own panes write such links.
+    auto* link =
+        new SettingsButton(SettingsButton::Kind::Link, lm.L(QStringLiteral("about.controlCenter")));
+    link->setObjectName(QStringLiteral("controlCenter"));
+    connect(link, &QPushButton::clicked, this, [this] { m_actions.openControlCentreSettings(); });
+    row->setTitleWidget(link);
+    group->addRow(row);
+}
+
+} // namespace ravlin

@@ -1,0 +1,223 @@
+#include "MenuBarTab.h"
+
+#include "ItemIcon.h"
+#include "SegmentedControl.h"
+#include "SettingsActions.h"
+#include "SettingsGroup.h"
+#include "SettingsRow.h"
+#include "SettingsStyle.h"
+#include "ToggleSwitch.h"
+#include "core/app/AppDelegate.h"
+#include "core/discovery/ScannerModel.h"
+#include "core/foundation/Logging.h"
+#include "core/foundation/Scheduler.h"
+#include "core/settings/LanguageManager.h"
+#include "core/settings/Preferences.h"
+#include "core/tiles/BarItem.h"
+
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace ravlin {
+
+MenuBarTab::MenuBarTab(AppDelegate& app, SettingsActions& actions, QWidget* parent)
+    : SettingsPage(parent), m_app(app), m_actions(actions), m_engine(actions.usesEngine())
+{
+    if (m_engine)
+        buildEngine();
+    else
+        buildPlain();
+    finish();
+    m_shownSignature = listSignature();
+    connect(&app.scannerModel(), &ScannerModel::willChange, this, &MenuBarTab::scheduleReload);
+    refresh();
+}
+
+// --- plain mode ------------------------------------------------------------------------
+
+void MenuBarTab::buildPlain()
+{
+    addText(m_app.languageManager().L(QStringLiteral("menubar.help")));
+    auto* holder = new QWidget(this);
+    m_listHolder = new QVBoxLayout(holder);
+    m_listHolder->setContentsMargins(0, 0, 0, 0);
+    addWidget(holder, 20);
+    m_lists = new SettingsColumn(QMargins(0, 0, 0, 0), holder);
+    fillItems(*m_lists);
+    m_listHolder->addWidget(m_lists);
+    buildTools();
+}
+
+void MenuBarTab::fillItems(SettingsColumn& column)
+{
+    const LanguageManager& lm = m_app.languageManager();
+    std::vector<const BarItem*> apps, system;
+    for (const BarItem& item : m_app.scannerModel().detected())
+        (item.isApple ? system : apps).push_back(&item);
+
+    SettingsGroup* detected = column.addSection(lm.L(QStringLiteral("menubar.detected")));
+    if (apps.empty())
+        detected->addMessageRow(lm.L(QStringLiteral("menubar.empty")));
+    for (const BarItem* item : apps)
+        detected->addRow(itemRow(*item));
+    column.addNote(lm.L(QStringLiteral("menubar.selectHelp")) + u'\n' +
+                   lm.L(QStringLiteral("menubar.autoupdated")));
+
+    if (system.empty())
+        return;
+    SettingsGroup* group = column.addSection(lm.L(QStringLiteral("menubar.systemItems")));
+    for (const BarItem* item : system)
+        group->addRow(itemRow(*item));
+}
+
+QWidget* MenuBarTab::itemRow(const BarItem& item)
+{
+    const LanguageManager& lm = m_app.languageManager();
+    const QString title = item.label.isEmpty() ? item.info.owner : item.label;
+    auto* row = new SettingsRow(title, QString());
+    row->setTitleIsName();
+    auto* icon = new ItemIcon;
+    if (item.image)
+        icon->setImage(*item.image);
+    else if (item.symbolName)
+        icon->setSymbol(*item.symbolName, SettingsStyle::symbolGrey());
+    else
+        icon->setMonogram(title);
+    row->setLeading(icon);
+
+    auto* choice = new SegmentedControl;
+    choice->setObjectName(QStringLiteral("place:") + item.key);
+    choice->setAccessibleName(title);
+    for (ItemPlacement p : {ItemPlacement::Bar, ItemPlacement::Panel, ItemPlacement::Off})
+        choice->addSegment(itemPlacementName(p),
+                           lm.L(QStringLiteral("menubar.place.") + itemPlacementName(p)));
+    connect(choice, &SegmentedControl::chosen, this,
+            [this, key = item.key](const QString& value) { choosePlacement(key, value); });
+    row->addTrailing(choice);
+    m_placements.insert(item.key, choice);
+    return row;
+}
+
+void MenuBarTab::choosePlacement(const QString& key, const QString& choice)
+{
+    const std::optional<ItemPlacement> placement = itemPlacementFromName(choice);
+    if (!placement) {
+        qCWarning(lcUi) << "unknown placement" << choice << "for" << key;
+        return;
+    }
+    // Choosing where an item already is would only drag it about.
+    if (*placement == m_app.preferences().placement(key))
+        return;
+    m_actions.place(key, *placement);
+}
+
+void MenuBarTab::buildTools()
+{
+    const LanguageManager& lm = m_app.languageManager();
+    SettingsGroup* tools = addSection(QString());
+    m_arrange = addButtonRow(tools, QStringLiteral("arrange"),
+                             lm.L(QStringLiteral("menubar.arrange.title")),
+                             lm.L(QStringLiteral("menubar.arrange.desc")),
+                             lm.L(QStringLiteral("menubar.arrange.button")));
+    connect(m_arrange, &QPushButton::clicked, this, [this] { m_actions.arrange(); });
+    if (m_actions.canChangeSpacing()) {
+        QPushButton* spacing = addButtonRow(
+            tools, QStringLiteral("spacing"), lm.L(QStringLiteral("menubar.space.title")),
+            lm.L(QStringLiteral("menubar.space.desc")),
+            lm.L(QStringLiteral("menubar.space.button")), &m_spacingRow);
+        connect(spacing, &QPushButton::clicked, this, &MenuBarTab::applySpacing);
+    }
+    QPushButton* rescan = addButtonRow(
+        tools, QStringLiteral("rescan"), lm.L(QStringLiteral("menubar.rescan")),
+        lm.L(QStringLiteral("menubar.rescan.desc")), lm.L(QStringLiteral("menubar.engine.rescan")));
+    connect(rescan, &QPushButton::clicked, this, [this] { m_actions.rescan(); });
+}
+
+void MenuBarTab::applySpacing()
+{
+    if (m_actions.applyCompactSpacing() && m_spacingRow) {
+        m_spacingRow->setHint(m_app.languageManager().L(QStringLiteral("menubar.space.hint")),
+                              true);
+        Q_EMIT contentChanged();
+    }
+}
+
+// --- both modes ------------------------------------------------------------------------
+
+void MenuBarTab::refresh()
+{
+    const Preferences& p = m_app.preferences();
+    for (auto it = m_placements.cbegin(); it != m_placements.cend(); ++it)
+        it.value()->setValue(itemPlacementName(p.placement(it.key())));
+    for (auto it = m_appSwitches.cbegin(); it != m_appSwitches.cend(); ++it)
+        it.value()->setCheckedQuietly(p.isBundleHidden(it.key()));
+    for (auto it = m_systemSwitches.cbegin(); it != m_systemSwitches.cend(); ++it)
+        it.value()->setCheckedQuietly(p.isSystemItemHidden(it.key()));
+    if (m_spotlight)
+        m_spotlight->setCheckedQuietly(p.hideSpotlight());
+    if (m_arrange)
+        m_arrange->setEnabled(m_actions.canArrange());
+}
+
+void MenuBarTab::activated()
+{
+    // The apps with menu-bar extras come and go; the list is taken afresh each time it is shown.
+    if (m_engine)
+        m_app.scannerModel().refreshMenuBarApps();
+}
+
+void MenuBarTab::scheduleReload()
+{
+    if (m_reloadPending)
+        return;
+    m_reloadPending = true;
+    m_app.scheduler().async([page = QPointer<MenuBarTab>(this)] {
+        if (!page)
+            return;
+        page->m_reloadPending = false;
+        page->reload();
+    });
+}
+
+void MenuBarTab::reload()
+{
+    const QString signature = listSignature();
+    if (signature == m_shownSignature) {
+        refresh();
+        return;
+    }
+    m_shownSignature = signature;
+    if (m_engine) {
+        fillApps();
+    } else {
+        m_placements.clear();
+        if (m_lists) {
+            m_lists->hide();
+            m_lists->setParent(nullptr);
+            m_lists->deleteLater();
+        }
+        m_lists = new SettingsColumn(QMargins(0, 0, 0, 0));
+        fillItems(*m_lists);
+        m_listHolder->addWidget(m_lists);
+        m_lists->show();
+    }
+    refresh();
+    Q_EMIT contentChanged();
+}
+
+QString MenuBarTab::listSignature() const
+{
+    QStringList parts;
+    const ScannerModel& model = m_app.scannerModel();
+    if (m_engine) {
+        for (const MenuBarApps::Entry& app : model.menuBarApps())
+            parts << app.bundleID + u'=' + app.name;
+    } else {
+        for (const BarItem& item : model.detected())
+            parts << item.key + u'=' + item.label + (item.image ? u'+' : u'-') +
+                         item.symbolName.value_or(QString());
+    }
+    return parts.join(u'\n');
+}
+
+} // namespace ravlin

@@ -1,0 +1,14 @@
+#include "OpenSourceNotices.h"
+
+namespace ravlin {
+
+const std::vector<OpenSourceNotice>& OpenSourceNotices::all()
+{
+    static const std::vector<OpenSourceNotice> notices = {
+        {QStringLiteral("Qt 6"), QStringLiteral("The Qt Company Ltd."),
+         QStringLiteral("GNU LGPL v3")},
+    };
+    return notices;
+}
+
+} // namespace ravlin

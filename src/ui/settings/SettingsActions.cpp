@@ -1,0 +1,91 @@
+#include "SettingsActions.h"
+
+#include "core/app/AppDelegate.h"
+#include "core/bar/MenuBarHideEngine.h"
+#include "core/bar/StatusBarController.h"
+#include "core/discovery/ScannerModel.h"
+#include "core/foundation/Logging.h"
+#include "core/settings/LanguageManager.h"
+#include "core/settings/Preferences.h"
+#include "platform/MenuBarSpacing.h"
+#include "platform/Platform.h"
+#include "platform/Workspace.h"
+
+namespace ravlin {
+
+bool SettingsActions::usesEngine() const
+{
+    if (const StatusBarController* bar = m_app.statusBar())
+        return bar->usesEngine();
+    return m_app.hideEngine().isAvailable();
+}
+
+void SettingsActions::place(const QString& key, ItemPlacement placement)
+{
+    if (key.isEmpty()) {
+        qCWarning(lcUi) << "an item without a key cannot be placed";
+        return;
+    }
+    Preferences& preferences = m_app.preferences();
+    StatusBarController* bar = m_app.statusBar();
+    if (!bar || placement == ItemPlacement::Off) {
+        preferences.setPlacement(key, placement);
+        // An item taken off the bar must not stay visible right of the separator.
+        if (bar && placement == ItemPlacement::Off)
+            bar->reHideEscapedItems();
+        return;
+    }
+    bar->setItemPinned(key, placement == ItemPlacement::Bar);
+}
+
+bool SettingsActions::canArrange() const
+{
+    const StatusBarController* bar = m_app.statusBar();
+    return bar && !bar->usesEngine();
+}
+
+void SettingsActions::arrange()
+{
+    if (StatusBarController* bar = m_app.statusBar(); bar && !bar->usesEngine())
+        bar->enterArrangeMode();
+}
+
+void SettingsActions::rescan()
+{
+    if (usesEngine()) {
+        m_app.scannerModel().refreshMenuBarApps();
+        return;
+    }
+    if (StatusBarController* bar = m_app.statusBar())
+        bar->rebuildFullCache();
+}
+
+bool SettingsActions::canChangeSpacing() const
+{
+    return m_app.platform().menuBarSpacing != nullptr;
+}
+
+bool SettingsActions::applyCompactSpacing()
+{
+    MenuBarSpacing* spacing = m_app.platform().menuBarSpacing.get();
+    if (!spacing)
+        return false;
+    if (!spacing->apply(MenuBarSpacing::compactSpacing, MenuBarSpacing::compactPadding)) {
+        qCWarning(lcUi) << "the system did not store the menu-bar item spacing";
+        return false;
+    }
+    return true;
+}
+
+void SettingsActions::openControlCentreSettings()
+{
+    if (!m_app.platform().workspace || !m_app.platform().workspace->openURL(controlCentreURL))
+        qCWarning(lcUi) << "the Control Center settings could not be opened";
+}
+
+void SettingsActions::pickLanguage(const QString& code)
+{
+    m_app.languageManager().apply(code);
+}
+
+} // namespace ravlin

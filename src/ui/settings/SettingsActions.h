@@ -1,0 +1,37 @@
+#pragma once
+
+#include "core/settings/ItemPlacement.h"
+
+#include <QString>
+
+namespace ravlin {
+
+class AppDelegate;
+
+// What the settings window's controls ask of the rest of the program, in one
+// place: the controls stay plain, and every path to the core is tested here.
+class SettingsActions {
+public:
+    static inline const QString controlCentreURL =
+        QStringLiteral("x-apple.systempreferences:com.apple.ControlCenter-Settings.extension");
+
+    explicit SettingsActions(AppDelegate& app) : m_app(app) {}
+
+    // Whether the bar is hidden through the system's assessment mode rather than separators.
+    bool usesEngine() const;
+    // Bar and panel move the item across the separator; off keeps it hidden and out of the panel.
+    void place(const QString& key, ItemPlacement placement);
+    bool canArrange() const;
+    void arrange();
+    // Plain mode looks at every item again; engine mode lists the apps again.
+    void rescan();
+    bool canChangeSpacing() const;
+    bool applyCompactSpacing();
+    void openControlCentreSettings();
+    void pickLanguage(const QString& code);
+
+private:
+    AppDelegate& m_app;
+};
+
+} // namespace ravlin

@@ -1,0 +1,79 @@
+#include "SettingsWindowController.h"
+
+#include "SettingsActions.h"
+#include "SettingsView.h"
+#include "WindowActivation.h"
+#include "core/app/AppDelegate.h"
+#include "core/foundation/Logging.h"
+#include "platform/ApplicationControl.h"
+#include "platform/Platform.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+namespace ravlin {
+
+SettingsWindowController::SettingsWindowController(AppDelegate& app)
+    : m_app(app), m_actions(std::make_unique<SettingsActions>(app))
+{}
+
+SettingsWindowController::~SettingsWindowController() = default;
+
+void SettingsWindowController::show(int tab)
+{
+    if (tab < 0 || tab >= SettingsView::tabCount) {
+        qCWarning(lcUi) << "there is no settings tab" << tab << "- opening General";
+        tab = 0;
+    }
+    const bool opening = !isVisible();
+    if (!m_view)
+        makeWindow();
+    m_view->setCurrentTab(tab);
+    if (ApplicationControl* application = m_app.platform().application.get())
+        application->setActivationPolicy(ApplicationControl::Policy::Regular);
+    if (opening)
+        placeOnScreen();
+    m_view->show();
+    WindowActivation::bringToFront(m_view.get());
+}
+
+void SettingsWindowController::close()
+{
+    if (isVisible())
+        m_view->close();
+}
+
+bool SettingsWindowController::isVisible() const
+{
+    return m_view && m_view->isVisible();
+}
+
+int SettingsWindowController::currentTab() const
+{
+    return m_view ? m_view->currentTab() : -1;
+}
+
+void SettingsWindowController::makeWindow()
+{
+    m_view = std::make_unique<SettingsView>(m_app, *m_actions);
+    connect(m_view.get(), &SettingsView::closed, this, &SettingsWindowController::windowClosed);
+}
+
+void SettingsWindowController::placeOnScreen()
+{
+    // Centred, a little above the middle, where the system puts a new preferences window.
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    if (!screen)
+        return;
+    const QRect area = screen->availableGeometry();
+    m_view->move(area.x() + (area.width() - m_view->width()) / 2,
+                 area.y() + (area.height() - m_view->height()) / 3);
+}
+
+void SettingsWindowController::windowClosed()
+{
+    if (ApplicationControl* application = m_app.platform().application.get())
+        application->setActivationPolicy(ApplicationControl::Policy::Accessory);
+}
+
+} // namespace ravlin

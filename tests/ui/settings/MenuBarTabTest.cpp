@@ -1,0 +1,257 @@
+#include "SettingsWorld.h"
+
+#include "core/app/AppDelegate.h"
+#include "core/bar/MenuBarHideEngine.h"
+#include "core/bar/StatusBarController.h"
+#include "core/discovery/ScannerModel.h"
+#include "core/foundation/DefaultsStore.h"
+#include "core/settings/LanguageManager.h"
+#include "core/settings/Preferences.h"
+#include "platform/sim/SimDesktop.h"
+#include "platform/sim/SimMenuBarSpacing.h"
+#include "platform/sim/SimStatusBar.h"
+#include "ui/settings/MenuBarTab.h"
+#include "ui/settings/SegmentedControl.h"
+#include "ui/settings/SettingsRow.h"
+#include "ui/settings/TextLabel.h"
+#include "ui/settings/ToggleSwitch.h"
+
+#include <QPushButton>
+
+#include <gtest/gtest.h>
+
+using namespace ravlin;
+
+namespace {
+
+QStringList texts(const QList<QLabel*>& labels)
+{
+    QStringList list;
+    for (QLabel* l : labels)
+        if (auto* t = qobject_cast<TextLabel*>(l); t && l->isVisibleTo(l->window()))
+            list << t->plainText();
+    return list;
+}
+
+class MenuBarTabPlain : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        world.typicalDesktop();
+        world.start();
+        world.open(1);
+        chat = world.keyOf(QStringLiteral("Chat"));
+    }
+    Preferences& prefs() { return world.app().preferences(); }
+    StatusBarController& bar() { return *world.app().statusBar(); }
+    void place(const QString& key, const char* choice)
+    {
+        SegmentedControl* control = world.find<SegmentedControl>(QStringLiteral("place:") + key);
+        ASSERT_NE(control, nullptr) << key.toStdString();
+        control->segment(QString::fromLatin1(choice))->click();
+        world.advance(1);
+    }
+    // Where the item stands against the hidden separator: true on the visible side.
+    bool visibleSide(const char* title)
+    {
+        const double separator = world.session()
+                                     .statusBar()
+                                     .item(StatusBarController::hiddenName)
+                                     ->windowServerFrame()
+                                     ->x;
+        return world.session().desktop().placedByTitle(QString::fromLatin1(title))->frame.x >
+               separator;
+    }
+    bool inPanel(const QString& key)
+    {
+        for (const BarGroup& group : bar().cachedGroups())
+            for (const BarItem& item : group.items)
+                if (item.key == key)
+                    return true;
+        return false;
+    }
+
+    test::SettingsWorld world;
+    QString chat;
+};
+
+} // namespace
+
+TEST_F(MenuBarTabPlain, ListsTheAppsItemsApartFromTheSystemsOwn)
+{
+    const QStringList shown =
+        texts(world.window().view()->findChildren<QLabel*>(QStringLiteral("title")));
+    EXPECT_EQ(
+        shown,
+        (QStringList{QStringLiteral("Tunnel"), QStringLiteral("Chat"), QStringLiteral("Bluetooth"),
+                     QStringLiteral("Wi-Fi"), QStringLiteral("Arrange the menu bar"),
+                     QStringLiteral("Item spacing"), QStringLiteral("Rescan menu bar")}));
+    const QStringList headings =
+        texts(world.window().view()->findChildren<QLabel*>(QStringLiteral("heading")));
+    EXPECT_EQ(headings,
+              (QStringList{QStringLiteral("Detected items"), QStringLiteral("System items")}));
+    EXPECT_EQ(world.find<SegmentedControl>(QStringLiteral("place:") + chat)->value(),
+              QStringLiteral("panel"));
+}
+
+TEST_F(MenuBarTabPlain, BarMovesTheItemToTheVisibleSideAndPinsIt)
+{
+    ASSERT_FALSE(visibleSide("Chat Status"));
+    place(chat, "bar");
+    EXPECT_TRUE(visibleSide("Chat Status"));
+    EXPECT_TRUE(prefs().barPinnedKeys().contains(chat));
+    EXPECT_FALSE(inPanel(chat));
+    EXPECT_TRUE(
+        world.session().defaults().persistentValue(QStringLiteral("barPinnedItems")).asArray());
+}
+
+TEST_F(MenuBarTabPlain, OffKeepsTheItemOutOfThePanelAndOutOfSight)
+{
+    ASSERT_TRUE(inPanel(chat));
+    place(chat, "off");
+    EXPECT_TRUE(prefs().hiddenItemKeys().contains(chat));
+    EXPECT_FALSE(inPanel(chat));
+    EXPECT_FALSE(visibleSide("Chat Status"));
+    // From the bar straight to off, the item is moved back out of sight.
+    place(chat, "bar");
+    ASSERT_TRUE(visibleSide("Chat Status"));
+    place(chat, "off");
+    EXPECT_FALSE(visibleSide("Chat Status"));
+    EXPECT_EQ(prefs().placement(chat), ItemPlacement::Off);
+}
+
+TEST_F(MenuBarTabPlain, PanelBringsAPinnedItemBackToThePanel)
+{
+    place(chat, "bar");
+    place(chat, "panel");
+    EXPECT_FALSE(visibleSide("Chat Status"));
+    EXPECT_TRUE(prefs().barPinnedKeys().isEmpty());
+    EXPECT_TRUE(prefs().hiddenItemKeys().isEmpty());
+    EXPECT_TRUE(inPanel(chat));
+}
+
+TEST_F(MenuBarTabPlain, ChoosingWhereAnItemAlreadyIsMovesNothing)
+{
+    world.session().desktop().takeEvents();
+    place(chat, "panel");
+    EXPECT_TRUE(world.session().desktop().takeEvents().empty());
+}
+
+TEST_F(MenuBarTabPlain, FollowsPlacementsChangedElsewhere)
+{
+    prefs().setPlacement(chat, ItemPlacement::Off);
+    EXPECT_EQ(world.find<SegmentedControl>(QStringLiteral("place:") + chat)->value(),
+              QStringLiteral("off"));
+    prefs().setBarPinnedKeys({chat});
+    EXPECT_EQ(world.find<SegmentedControl>(QStringLiteral("place:") + chat)->value(),
+              QStringLiteral("bar"));
+}
+
+TEST_F(MenuBarTabPlain, TheListFollowsAppsThatQuit)
+{
+    const QString tunnel = world.keyOf(QStringLiteral("Tunnel"));
+    ASSERT_NE(world.find<SegmentedControl>(QStringLiteral("place:") + tunnel), nullptr);
+    world.script(QStringLiteral("terminate com.example.tunnel\nadvance 2"));
+    EXPECT_EQ(world.find<SegmentedControl>(QStringLiteral("place:") + tunnel), nullptr);
+    EXPECT_NE(world.find<SegmentedControl>(QStringLiteral("place:") + chat), nullptr);
+}
+
+TEST_F(MenuBarTabPlain, RescanRebuildsTheBarAndArrangeEntersArrangeMode)
+{
+    world.find<QPushButton>(QStringLiteral("rescan"))->click();
+    EXPECT_TRUE(bar().buildingCache());
+    world.advance(3);
+    EXPECT_FALSE(bar().buildingCache());
+    world.find<QPushButton>(QStringLiteral("arrange"))->click();
+    EXPECT_TRUE(bar().arranging());
+}
+
+TEST_F(MenuBarTabPlain, CompactSpacingIsStoredAndSaysWhenItApplies)
+{
+    world.find<QPushButton>(QStringLiteral("spacing"))->click();
+    EXPECT_EQ(world.session().menuBarSpacing().applied(), std::make_pair(6, 4));
+    auto* row = qobject_cast<SettingsRow*>(
+        world.find<QPushButton>(QStringLiteral("spacing"))->parentWidget());
+    ASSERT_NE(row, nullptr);
+    ASSERT_NE(row->hintLabel(), nullptr);
+    EXPECT_FALSE(row->hintLabel()->isHidden());
+    EXPECT_EQ(static_cast<TextLabel*>(row->hintLabel())->plainText(),
+              world.app().languageManager().L(QStringLiteral("menubar.space.hint")));
+}
+
+TEST(MenuBarTabEmpty, SaysThatNoItemWasFound)
+{
+    test::SettingsWorld world;
+    world.start();
+    world.open(1);
+    const QStringList messages =
+        texts(world.window().view()->findChildren<QLabel*>(QStringLiteral("message")));
+    EXPECT_EQ(messages,
+              QStringList{world.app().languageManager().L(QStringLiteral("menubar.empty"))});
+}
+
+namespace {
+
+class MenuBarTabEngine : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        world.typicalDesktop(true);
+        world.start();
+    }
+    Preferences& prefs() { return world.app().preferences(); }
+    ToggleSwitch* toggle(const QString& name) { return world.find<ToggleSwitch>(name); }
+
+    test::SettingsWorld world;
+};
+
+} // namespace
+
+TEST_F(MenuBarTabEngine, OpeningTheTabListsTheAppsAfresh)
+{
+    EXPECT_TRUE(world.app().scannerModel().menuBarApps().empty());
+    world.open(1);
+    auto* tab = qobject_cast<MenuBarTab*>(world.window().view()->page(1));
+    ASSERT_TRUE(tab && tab->engineMode());
+    ASSERT_EQ(world.app().scannerModel().menuBarApps().size(), 2u);
+    EXPECT_NE(toggle(QStringLiteral("bundle:com.example.chat")), nullptr);
+    EXPECT_NE(toggle(QStringLiteral("bundle:com.example.tunnel")), nullptr);
+    EXPECT_EQ(world.find<SegmentedControl>(QStringLiteral("place:n:Chat Status")), nullptr);
+}
+
+TEST_F(MenuBarTabEngine, AnAppsSwitchHidesItThroughTheSystem)
+{
+    world.open(1);
+    toggle(QStringLiteral("bundle:com.example.chat"))->click();
+    EXPECT_TRUE(prefs().isBundleHidden(QStringLiteral("com.example.chat")));
+    world.advance(1);
+    EXPECT_FALSE(world.app().hideEngine().lastAllowedBundleIDs().contains(
+        QStringLiteral("com.example.chat")));
+    EXPECT_TRUE(world.app().hideEngine().lastAllowedBundleIDs().contains(
+        QStringLiteral("com.example.tunnel")));
+}
+
+TEST_F(MenuBarTabEngine, SystemItemsAndTheSearchItemHaveSwitches)
+{
+    world.open(1);
+    for (const MenuBarHideEngine::SystemItem& item : MenuBarHideEngine::knownSystemItems())
+        EXPECT_NE(toggle(QStringLiteral("system:%1").arg(item.id)), nullptr) << item.id;
+    toggle(QStringLiteral("system:6"))->click();
+    EXPECT_EQ(prefs().hiddenSystemItemIDs(), (std::set<std::int64_t>{6}));
+    toggle(QStringLiteral("hideSpotlight"))->click();
+    EXPECT_TRUE(prefs().hideSpotlight());
+    prefs().setSystemItem(6, false);
+    EXPECT_FALSE(toggle(QStringLiteral("system:6"))->isChecked());
+}
+
+TEST(MenuBarTabEngineEmpty, SaysThatNoAppWasFound)
+{
+    test::SettingsWorld world;
+    world.script(QStringLiteral("engine available"));
+    world.start();
+    world.open(1);
+    const QStringList messages =
+        texts(world.window().view()->findChildren<QLabel*>(QStringLiteral("message")));
+    EXPECT_EQ(messages,
+              QStringList{world.app().languageManager().L(QStringLiteral("menubar.engine.empty"))});
+}

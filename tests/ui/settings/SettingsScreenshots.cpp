@@ -1,0 +1,56 @@
+// Pictures of every tab in English and Hebrew, for the documentation and for a
+// person to look at. Written only when RAVLIN_SHOT_DIR names a folder.
+#include "SettingsWorld.h"
+
+#include "core/app/AppDelegate.h"
+#include "core/settings/LanguageManager.h"
+
+#include <QImage>
+
+#include <gtest/gtest.h>
+
+using namespace ravlin;
+
+namespace {
+
+const char* const tabNames[] = {"general", "menubar", "language", "about"};
+
+void shoot(SettingsView& view, const QString& path)
+{
+    QImage image(view.size() * 2, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(2);
+    image.fill(Qt::white);
+    view.render(&image);
+    ASSERT_TRUE(image.save(path)) << path.toStdString();
+}
+
+void shootAllTabs(test::SettingsWorld& world, const QString& dir, const QString& suffix)
+{
+    for (int tab = 0; tab < SettingsView::tabCount; ++tab) {
+        SettingsView& view = world.open(tab);
+        shoot(view, QStringLiteral("%1/settings-%2-%3.png")
+                        .arg(dir, QString::fromLatin1(tabNames[tab]), suffix));
+    }
+}
+
+} // namespace
+
+TEST(SettingsScreenshots, EveryTabInEnglishAndHebrew)
+{
+    const QString dir = qEnvironmentVariable("RAVLIN_SHOT_DIR");
+    if (dir.isEmpty())
+        GTEST_SKIP() << "set RAVLIN_SHOT_DIR to write the pictures";
+    test::SettingsWorld world;
+    world.typicalDesktop();
+    // Without screen recording the items show their symbols or initials, as on a fresh Mac.
+    world.script(QStringLiteral("permission screen off"));
+    world.start();
+    shootAllTabs(world, dir, QStringLiteral("en"));
+    world.app().languageManager().apply(QStringLiteral("he"));
+    shootAllTabs(world, dir, QStringLiteral("he"));
+
+    test::SettingsWorld engine;
+    engine.typicalDesktop(true);
+    engine.start();
+    shoot(engine.open(1), dir + QStringLiteral("/settings-menubar-engine-en.png"));
+}

@@ -1,0 +1,112 @@
+#include "SettingsWorld.h"
+
+#include "core/app/AppDelegate.h"
+#include "core/bar/StatusBarController.h"
+#include "platform/ApplicationControl.h"
+#include "platform/sim/SimApplicationControl.h"
+#include "ui/settings/SettingsPage.h"
+#include "ui/settings/SettingsStyle.h"
+#include "ui/settings/SettingsToolbar.h"
+
+#include <QAbstractButton>
+#include <QShortcut>
+
+#include <gtest/gtest.h>
+
+using namespace ravlin;
+using Policy = ApplicationControl::Policy;
+
+namespace {
+
+class SettingsWindow : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        world.typicalDesktop();
+        world.start();
+    }
+    Policy policy() { return world.session().application().activationPolicy(); }
+
+    test::SettingsWorld world;
+};
+
+} // namespace
+
+TEST_F(SettingsWindow, IsMadeOnceAndOpensOnTheTabAskedFor)
+{
+    EXPECT_EQ(world.window().view(), nullptr);
+    EXPECT_EQ(world.window().currentTab(), -1);
+    SettingsView* first = &world.open(1);
+    EXPECT_TRUE(world.window().isVisible());
+    EXPECT_EQ(world.window().currentTab(), 1);
+    EXPECT_EQ(first->windowTitle(), QStringLiteral("Menu Bar"));
+    EXPECT_EQ(&world.open(3), first);
+    EXPECT_EQ(first->currentTab(), 3);
+    EXPECT_EQ(first->windowTitle(), QStringLiteral("About"));
+}
+
+TEST_F(SettingsWindow, MakesTheApplicationRegularWhileOpenAndAnAgentAgainWhenClosed)
+{
+    EXPECT_EQ(policy(), Policy::Accessory);
+    world.open(0);
+    EXPECT_EQ(policy(), Policy::Regular);
+    world.window().view()->close();
+    EXPECT_FALSE(world.window().isVisible());
+    EXPECT_EQ(policy(), Policy::Accessory);
+    world.open(2);
+    EXPECT_EQ(policy(), Policy::Regular);
+    world.window().close();
+    EXPECT_EQ(policy(), Policy::Accessory);
+}
+
+TEST_F(SettingsWindow, AnUnknownTabOpensGeneral)
+{
+    world.window().show(7);
+    EXPECT_EQ(world.window().currentTab(), 0);
+    world.window().show(-1);
+    EXPECT_EQ(world.window().currentTab(), 0);
+}
+
+TEST_F(SettingsWindow, ReopeningTheApplicationAndTheStatusMenuOpenIt)
+{
+    world.app().applicationShouldHandleReopen(false);
+    EXPECT_TRUE(world.window().isVisible());
+    EXPECT_EQ(world.window().currentTab(), 0);
+    world.app().statusBar()->menuAbout();
+    EXPECT_EQ(world.window().currentTab(), 3);
+    world.app().statusBar()->menuSettings();
+    EXPECT_EQ(world.window().currentTab(), 0);
+}
+
+TEST_F(SettingsWindow, TheToolbarSwitchesTabsAndTheWindowTakesEachPagesHeight)
+{
+    SettingsView& view = world.open(0);
+    const int generalHeight = view.height();
+    view.toolbar()->tabButton(2)->click();
+    EXPECT_EQ(view.currentTab(), 2);
+    EXPECT_EQ(view.windowTitle(), QStringLiteral("Language"));
+    EXPECT_LT(view.height(), generalHeight);
+    EXPECT_EQ(view.width(), SettingsStyle::windowWidth);
+    view.toolbar()->tabButton(0)->click();
+    EXPECT_EQ(view.height(), generalHeight);
+}
+
+TEST(SettingsWindowStart, TheSettingsArgumentOpensGeneralAfterStartUp)
+{
+    test::SettingsWorld world;
+    world.typicalDesktop();
+    world.start(QStringLiteral("--settings"));
+    EXPECT_TRUE(world.window().isVisible());
+    EXPECT_EQ(world.window().currentTab(), 0);
+    EXPECT_EQ(world.session().application().activationPolicy(), Policy::Regular);
+}
+
+TEST_F(SettingsWindow, CommandWClosesIt)
+{
+    auto* shortcut = world.open(0).findChild<QShortcut*>();
+    ASSERT_NE(shortcut, nullptr);
+    EXPECT_EQ(shortcut->key(), QKeySequence(QKeySequence::Close));
+    Q_EMIT shortcut->activated();
+    EXPECT_FALSE(world.window().isVisible());
+    EXPECT_EQ(policy(), Policy::Accessory);
+}
