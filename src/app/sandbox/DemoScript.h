@@ -1,46 +1,94 @@
 #pragma once
 
+#include "SampleDesktop.h"
+
+#include <QRegularExpression>
 #include <QString>
+#include <QStringList>
 
 namespace ravlin::sandbox {
 
-// The script the sandbox runs headless when there is no display to show its window on.
-inline QString demoScript()
+// The sample desktop for a run over this machine's own statistics and network: its
+// simulated system figures are left out.
+inline QString sampleDesktopForMachine()
 {
-    return QStringLiteral(R"(# A short tour of Ravlin over the simulated desktop, in virtual time.
-defaults write rehideInterval 0
-defaults write tileStyle "Grid"
+    QStringList lines;
+    for (const QString& line : sampleDesktopScript().split(u'\n')) {
+        if (!line.startsWith(QStringLiteral("probe ")) && !line.startsWith(QStringLiteral("location ")) &&
+            !line.startsWith(QStringLiteral("forecast ")))
+            lines << line;
+    }
+    return lines.join(u'\n');
+}
+
+// The tour the sandbox runs headless when there is no display: the sample desktop,
+// the bar collapsed and expanded, the panel in each style, arrange mode and every
+// settings tab, each photographed into `folder`.
+inline QString demoScript(const QString& folder)
+{
+    QString tour = QStringLiteral(R"(
+# Ravlin starts: its items stand right of everything, the bar collapses after 0.7 s and
+# a full rebuild captures every hidden item 0.6 s later.
 start
-# Odd stored values read sanely: the interval is at least 1, an unknown style reads dashboard.
-dump preferences
-prefs set rehideInterval 20
-placement "n:Dropbox" off
-dump defaults
-# The interface speaks 26 languages; Hebrew and Arabic run right to left.
-language "de"
-print text menu.settings
-language "ja"
-print text menu.settings
-language "he"
-print text menu.settings
-expect /language/isRTL == true
-language ""
-dump language
-# Statistics and weather come from this machine: /proc, /sys, statvfs, getifaddrs, and
-# the location service where the system has one (without one the tile shows "denied").
+advance 3
+dump controller
+screenshot FOLDER/01-bar-collapsed.png
+# The status menu's show command expands the hidden section in place.
+click main right
+menu text:menu.show
 advance 0.5
-dump stats weather
-# A click on Ravlin's chevron opens the tile panel under it; losing focus closes it.
+screenshot FOLDER/02-bar-expanded.png
+click main right
+menu text:menu.hide
+# A click on the chevron opens the tile panel, in each of the four styles.
+prefs set tileStyle "dashboard"
 click main
-expect /panel/visible == true
+advance 1.5
+screenshot FOLDER/03-panel-dashboard.png
 dump panel
-panel resign
-# The login item follows the setting.
-prefs set launchAtLogin true
-dump login
-advance 15
-dump time process
+click main
+advance 0.3
+prefs set tileStyle "capsules"
+click main
+advance 1.5
+screenshot FOLDER/04-panel-capsules.png
+click main
+advance 0.3
+prefs set tileStyle "grid"
+click main
+advance 1.5
+screenshot FOLDER/05-panel-grid.png
+click main
+advance 0.3
+prefs set tileStyle "strip"
+click main
+advance 1.5
+screenshot FOLDER/06-panel-strip.png
+# A click on a tile brings the hidden item out and opens it.
+tile click "n:Tunnel VPN"
+dump activations
+click desktop
+advance 0.5
+# Arrange mode opens every section and explains how to move items.
+click main right
+menu "Menüleiste anordnen…"
+screenshot FOLDER/07-arrange-mode.png
+hud done
+# The settings window, tab by tab.
+settings open 0
+screenshot FOLDER/08-settings-general.png
+settings tab 1
+screenshot FOLDER/09-settings-menubar.png
+settings tab 2
+screenshot FOLDER/10-settings-language.png
+settings tab 3
+screenshot FOLDER/11-settings-about.png
+settings close
+dump controller process
 )");
+    static const QRegularExpression shot(QStringLiteral("screenshot FOLDER/(\\S+)"));
+    tour.replace(shot, QStringLiteral("screenshot \"%1/\\1\"").arg(folder));
+    return sampleDesktopForMachine() + tour;
 }
 
 } // namespace ravlin::sandbox

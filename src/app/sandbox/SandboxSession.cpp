@@ -11,6 +11,7 @@
 #include "ui/ArrangeView.h"
 #include "ui/RavlinBar.h"
 #include "core/app/MenuBarServices.h"
+#include "ui/settings/SettingsView.h"
 #include "ui/settings/SettingsWindowController.h"
 
 #include <QPushButton>
@@ -124,7 +125,8 @@ QWidget* SandboxSession::arrangeWindow()
 std::vector<QWidget*> SandboxSession::visibleWindows()
 {
     std::vector<QWidget*> windows;
-    for (QWidget* window : {arrangeWindow(), m_ravlinBar ? m_ravlinBar->window() : nullptr})
+    QWidget* settings = m_settingsWindow && m_settingsWindow->isVisible() ? m_settingsWindow->view() : nullptr;
+    for (QWidget* window : {settings, arrangeWindow(), m_ravlinBar ? m_ravlinBar->window() : nullptr})
         if (window && window->isVisible())
             windows.push_back(window);
     return windows;

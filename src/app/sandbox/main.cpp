@@ -12,6 +12,7 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QLocalServer>
@@ -34,23 +35,48 @@ bool hasDisplay()
     return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
 }
 
-int runScript(const QString& script, const SandboxSession::Options& options, bool narrate)
+int runScript(const QString& script, const SandboxSession::Options& options)
 {
     QTextStream out(stdout);
-    QTextStream errStream(stderr);
-    // The narrated demo keeps its story and its output in one stream, in order.
-    QTextStream& err = narrate ? out : errStream;
+    QTextStream err(stderr);
     SandboxSession session(options);
     ScriptRunner runner(session, out, err);
     registerAll(runner);
-    runner.setEcho(narrate);
-    const int status = runner.run(script);
-    if (narrate) {
-        err << "\nRavlin sandbox ran headless (no display found): " << runner.commandsRun()
-            << " commands over the simulated desktop in " << session.scheduler().now() << " virtual seconds"
-            << (status == 0 ? ", every expectation held." : ", and stopped early.") << '\n'
-            << "With a display, the same command opens the sandbox window.\n";
+    return runner.run(script);
+}
+
+// The headless tour: narrated on standard output, pictures and the trace in a folder.
+int runDemo(const SandboxSession::Options& options, QString folder)
+{
+    if (folder.isEmpty())
+        folder = QDir::temp().filePath(QStringLiteral("ravlin-demo-") +
+                                       QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss")));
+    folder = QDir(folder).absolutePath();
+    QDir().mkpath(folder);
+    QString trace;
+    QTextStream narration(&trace);
+    int status = 0;
+    double seconds = 0;
+    int commands = 0;
+    {
+        SandboxSession session(options);
+        ScriptRunner runner(session, narration, narration);
+        registerAll(runner);
+        runner.setEcho(true);
+        status = runner.run(demoScript(folder));
+        seconds = session.scheduler().now();
+        commands = runner.commandsRun();
     }
+    narration << "\nRavlin sandbox ran headless (no display found): " << commands
+              << " commands over the simulated desktop in " << seconds << " virtual seconds"
+              << (status == 0 ? ", every step held." : ", and stopped early.") << '\n'
+              << "Screenshots and the trace are in " << folder << '\n'
+              << "With a display, the same command opens the sandbox window.\n";
+    narration.flush();
+    QFile file(folder + QStringLiteral("/trace.txt"));
+    if (file.open(QIODevice::WriteOnly))
+        file.write(trace.toUtf8());
+    QTextStream(stdout) << trace;
     return status;
 }
 
@@ -158,7 +184,8 @@ int main(int argc, char** argv)
     QCommandLineOption scriptOption(QStringLiteral("script"), QStringLiteral("Run a sandbox script ('-' for standard input)."), QStringLiteral("FILE"));
     QCommandLineOption defaultsOption(QStringLiteral("defaults"), QStringLiteral("Use this property-list file as the settings file."), QStringLiteral("PLIST"));
     QCommandLineOption logDirOption(QStringLiteral("log-dir"), QStringLiteral("Write the self-test logs here."), QStringLiteral("DIR"));
-    parser.addOptions({scriptOption, defaultsOption, logDirOption});
+    QCommandLineOption demoDirOption(QStringLiteral("demo-dir"), QStringLiteral("Without a display: where the demo writes its screenshots and trace."), QStringLiteral("DIR"));
+    parser.addOptions({scriptOption, defaultsOption, logDirOption, demoDirOption});
     parser.process(app);
 
     SandboxSession::Options options;
@@ -173,11 +200,11 @@ int main(int argc, char** argv)
             std::fprintf(stderr, "cannot read the script %s: %s\n", qPrintable(path), qPrintable(file.errorString()));
             return 2;
         }
-        return runScript(QString::fromUtf8(file.readAll()), options, false);
+        return runScript(QString::fromUtf8(file.readAll()), options);
     }
     // Without a script the sandbox shows this machine's own statistics, location and network.
     options.realSystem = true;
     if (headless)
-        return runScript(demoScript(), options, true);
+        return runDemo(options, parser.value(demoDirOption));
     return showWindow(options);
 }

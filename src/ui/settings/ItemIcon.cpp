@@ -40,9 +40,14 @@ void ItemIcon::paintEvent(QPaintEvent*)
     p.setRenderHint(QPainter::SmoothPixmapTransform);
     const QRectF box = QRectF(rect());
     if (!m_image.isNull() && m_image.width() > 1) {
+        // A picture taken of the menu bar is drawn for the bar's own backdrop (light
+        // glyphs on a dark bar): a small bar-coloured chip keeps it readable here.
+        p.setPen(Qt::NoPen);
+        p.setBrush(QColor(44, 44, 50));
+        p.drawRoundedRect(box.adjusted(0.5, 0.5, -0.5, -0.5), 5, 5);
         // A menu-bar picture is wider than tall at times: fit it, keep its shape.
         QSizeF size = QSizeF(m_image.size()) / m_image.devicePixelRatio();
-        size.scale(box.size() - QSizeF(2, 2), Qt::KeepAspectRatio);
+        size.scale(box.size() - QSizeF(4, 4), Qt::KeepAspectRatio);
         QRectF target(QPointF(), size);
         target.moveCenter(box.center());
         p.drawImage(target, m_image);
