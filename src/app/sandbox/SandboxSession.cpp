@@ -19,6 +19,7 @@
 #include "platform/linux/LinuxServices.h"
 #include "platform/linux/LinuxSystemProbe.h"
 #include "platform/linux/PlistFileDefaultsStore.h"
+#include "platform/linux/XdgLoginItems.h"
 #include "platform/sim/SimGeocoder.h"
 #include "platform/sim/SimHttpClient.h"
 #include "platform/sim/SimLocationService.h"
@@ -39,7 +40,11 @@ SandboxSession::SandboxSession(Options options)
     m_platform.defaults = std::make_unique<PlistFileDefaultsStore>(m_defaultsPath);
     auto login = std::make_unique<SimLoginItems>();
     m_login = login.get();
-    m_platform.loginItems = std::move(login);
+    if (m_options.realLoginItems)
+        m_platform.loginItems = std::make_unique<XdgLoginItems>(QCoreApplication::applicationFilePath());
+    else
+        m_platform.loginItems = std::move(login);
+    m_ownedSimLogin = std::move(login);
     m_platform.bundleIdentifier = QStringLiteral("de.vexa.Ravlin");
     installSimServices(m_platform, *m_desktop);
     installSimBarServices(m_platform, *m_desktop, m_scheduler);

@@ -54,6 +54,8 @@ public:
         QString resourcesDir; // empty: found beside the executable
         // The machine's own statistics, location, geocoder and network instead of the simulated ones.
         bool realSystem = false;
+        // The XDG autostart entry instead of the simulated login item (the interactive sandbox).
+        bool realLoginItems = false;
     };
 
     explicit SandboxSession(Options options);
@@ -108,6 +110,7 @@ private:
     std::unique_ptr<SimDesktop> m_desktop;
     Platform m_platform;
     SimLoginItems* m_login = nullptr;
+    std::unique_ptr<SimLoginItems> m_ownedSimLogin; // kept for scripts when the real item serves
     SimSystemProbe* m_probe = nullptr;
     SimLocationService* m_location = nullptr;
     SimGeocoder* m_geocoder = nullptr;

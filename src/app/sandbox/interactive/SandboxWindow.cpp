@@ -174,6 +174,7 @@ void SandboxWindow::restart(const QString& script)
     options.defaultsPath = m_setup.defaultsPath;
     options.logDir = m_setup.logDir;
     options.realSystem = m_setup.realSystem;
+    options.realLoginItems = m_setup.realSystem;
     m_session = std::make_unique<SandboxSession>(options);
     using B = SimAssessmentMode::Behaviour;
     static const B behaviours[] = {B::Unavailable, B::Available, B::Refuse};
