@@ -20,19 +20,21 @@ using namespace ravlin::sandbox;
 
 namespace {
 
-const QString desktop = QStringLiteral(
-    "app com.apple.controlcenter \"Control Center\"\n"
-    "item com.apple.controlcenter \"Clock\" fixed width=80\n"
-    "item com.apple.controlcenter \"BentoBox-0\" fixed\n"
-    "item com.apple.controlcenter \"WiFi\"\n"
-    "item com.apple.controlcenter \"Battery\"\n");
+const QString desktop = QStringLiteral("app com.apple.controlcenter \"Control Center\"\n"
+                                       "item com.apple.controlcenter \"Clock\" fixed width=80\n"
+                                       "item com.apple.controlcenter \"BentoBox-0\" fixed\n"
+                                       "item com.apple.controlcenter \"WiFi\"\n"
+                                       "item com.apple.controlcenter \"Battery\"\n");
 
 QString sampleApps(int count)
 {
     QString script = desktop;
     for (int i = 0; i < count; ++i) {
         script += QStringLiteral("app com.example.app%1 \"App %1\"\n").arg(i);
-        script += QStringLiteral("item com.example.app%1 \"%2\"\n").arg(i).arg(i % 3 == 0 ? QStringLiteral("Item-0") : QStringLiteral("Status %1").arg(i));
+        script +=
+            QStringLiteral("item com.example.app%1 \"%2\"\n")
+                .arg(i)
+                .arg(i % 3 == 0 ? QStringLiteral("Item-0") : QStringLiteral("Status %1").arg(i));
     }
     return script;
 }

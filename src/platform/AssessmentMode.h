@@ -35,9 +35,9 @@ public:
     // Creates a configuration and an assertion and asks to activate it. Returns
     // nothing when the configuration cannot be made. The completion comes later,
     // on the main thread, with the framework's error if it refused.
-    virtual std::shared_ptr<AssessmentAssertion> activate(const std::vector<int>& allowedSystemItems,
-                                                          const QStringList& allowedBundleIDs,
-                                                          std::function<void(std::optional<PlatformError>)> completion) = 0;
+    virtual std::shared_ptr<AssessmentAssertion>
+    activate(const std::vector<int>& allowedSystemItems, const QStringList& allowedBundleIDs,
+             std::function<void(std::optional<PlatformError>)> completion) = 0;
 };
 
 } // namespace ravlin

@@ -20,7 +20,8 @@ public:
 
     virtual ~EventMonitors() = default;
     // kinds is a combination of Kind values; the handler gets the kind that happened.
-    virtual std::unique_ptr<Monitor> addGlobalMonitor(int kinds, std::function<void(Kind)> handler) = 0;
+    virtual std::unique_ptr<Monitor> addGlobalMonitor(int kinds,
+                                                      std::function<void(Kind)> handler) = 0;
 };
 
 } // namespace ravlin

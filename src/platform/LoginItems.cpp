@@ -5,10 +5,14 @@ namespace ravlin {
 QString loginItemStatusName(LoginItemStatus status)
 {
     switch (status) {
-    case LoginItemStatus::NotRegistered: return QStringLiteral("notRegistered");
-    case LoginItemStatus::Enabled: return QStringLiteral("enabled");
-    case LoginItemStatus::RequiresApproval: return QStringLiteral("requiresApproval");
-    case LoginItemStatus::NotFound: return QStringLiteral("notFound");
+    case LoginItemStatus::NotRegistered:
+        return QStringLiteral("notRegistered");
+    case LoginItemStatus::Enabled:
+        return QStringLiteral("enabled");
+    case LoginItemStatus::RequiresApproval:
+        return QStringLiteral("requiresApproval");
+    case LoginItemStatus::NotFound:
+        return QStringLiteral("notFound");
     }
     return QStringLiteral("notFound");
 }

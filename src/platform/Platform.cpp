@@ -4,13 +4,13 @@
 #include "ApplicationControl.h"
 #include "AssessmentMode.h"
 #include "EventMonitors.h"
-#include "StatusBar.h"
 #include "Events.h"
 #include "LoginItems.h"
 #include "MenuBarSpacing.h"
-#include "UnavailableServices.h"
 #include "Permissions.h"
 #include "Screens.h"
+#include "StatusBar.h"
+#include "UnavailableServices.h"
 #include "WindowServer.h"
 #include "Workspace.h"
 #include "core/foundation/DefaultsStore.h"
@@ -22,8 +22,7 @@ Platform::Platform()
       location(std::make_unique<UnavailableLocationService>()),
       geocoder(std::make_unique<UnavailableGeocoder>()),
       http(std::make_unique<UnavailableHttpClient>())
-{
-}
+{}
 
 Platform::~Platform() = default;
 Platform::Platform(Platform&&) noexcept = default;

@@ -49,7 +49,8 @@ struct Platform {
     std::unique_ptr<Events> events;
     std::unique_ptr<Workspace> workspace;
     std::unique_ptr<Permissions> permissions;
-    // The status bar, global event monitors, the hide engine's framework and the application object.
+    // The status bar, global event monitors, the hide engine's framework and the application
+    // object.
     std::unique_ptr<StatusBar> statusBar;
     std::unique_ptr<EventMonitors> eventMonitors;
     std::unique_ptr<AssessmentMode> assessmentMode; // may stay empty: no framework

@@ -36,7 +36,8 @@ ArrangeHUD::~ArrangeHUD() = default;
 
 void ArrangeHUD::makePanel()
 {
-    m_panel = std::make_unique<QWidget>(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+    m_panel = std::make_unique<QWidget>(nullptr, Qt::Tool | Qt::FramelessWindowHint |
+                                                     Qt::WindowStaysOnTopHint);
     m_panel->setAttribute(Qt::WA_TranslucentBackground);
     m_panel->setWindowTitle(QStringLiteral("Menüleiste anordnen"));
     auto* layout = new QVBoxLayout(m_panel.get());
@@ -56,11 +57,13 @@ void ArrangeHUD::show(const ScreenRect& anchor)
     const int width = ArrangeView::contentWidth;
     const int height = m_view->heightForWidth(width);
     const ScreenInfo screen = screenFor(m_screens, anchor);
-    const QPointF origin = arrangeGuideOrigin(QRectF(anchor.x, anchor.y, anchor.width, anchor.height),
-                                              QRectF(screen.frame.x, screen.frame.y, screen.frame.width, screen.frame.height),
-                                              QSizeF(width, height));
-    const WindowServerRect placed = Geometry::toWindowServer(ScreenRect{origin.x(), origin.y(), double(width), double(height)},
-                                                             mainDisplayHeight(m_screens));
+    const QPointF origin = arrangeGuideOrigin(
+        QRectF(anchor.x, anchor.y, anchor.width, anchor.height),
+        QRectF(screen.frame.x, screen.frame.y, screen.frame.width, screen.frame.height),
+        QSizeF(width, height));
+    const WindowServerRect placed =
+        Geometry::toWindowServer(ScreenRect{origin.x(), origin.y(), double(width), double(height)},
+                                 mainDisplayHeight(m_screens));
     m_panel->setGeometry(qRound(placed.x), qRound(placed.y), width, height);
     m_panel->show();
     NativeWindow::makeMenuBarPanel(m_panel.get());
@@ -84,8 +87,9 @@ std::optional<ScreenRect> ArrangeHUD::frame() const
     if (!isVisible())
         return std::nullopt;
     const QRect g = m_panel->geometry();
-    return Geometry::toScreen(WindowServerRect{double(g.x()), double(g.y()), double(g.width()), double(g.height())},
-                              mainDisplayHeight(m_screens));
+    return Geometry::toScreen(
+        WindowServerRect{double(g.x()), double(g.y()), double(g.width()), double(g.height())},
+        mainDisplayHeight(m_screens));
 }
 
 QWidget* ArrangeHUD::window() const

@@ -66,29 +66,37 @@ ArrangeView::ArrangeView(QWidget* parent) : QWidget(parent)
 
     auto* title = new QHBoxLayout;
     title->setSpacing(8);
-    title->addWidget(new SymbolLabel(QStringLiteral("arrow.left.and.right"), Theme::systemBlue(), 18, this));
-    title->addWidget(label(QStringLiteral("Menüleiste anordnen"), Theme::font(13, QFont::DemiBold), Theme::hudPrimaryText(), this));
+    title->addWidget(
+        new SymbolLabel(QStringLiteral("arrow.left.and.right"), Theme::systemBlue(), 18, this));
+    title->addWidget(label(QStringLiteral("Menüleiste anordnen"), Theme::font(13, QFont::DemiBold),
+                           Theme::hudPrimaryText(), this));
     title->addStretch();
     column->addLayout(title);
 
-    auto* instruction = label(QStringLiteral("Halte <b>⌘</b> und ziehe die Icons, die <b>immer sichtbar</b> bleiben sollen, "
-                                             "<b>rechts</b> neben Ravlins Markierung. Alles <b>links</b> davon wird ausgeblendet."),
-                              Theme::font(11.5), Theme::hudPrimaryText(), this);
+    auto* instruction = label(
+        QStringLiteral(
+            "Halte <b>⌘</b> und ziehe die Icons, die <b>immer sichtbar</b> bleiben sollen, "
+            "<b>rechts</b> neben Ravlins Markierung. Alles <b>links</b> davon wird ausgeblendet."),
+        Theme::font(11.5), Theme::hudPrimaryText(), this);
     instruction->setTextFormat(Qt::RichText);
     instruction->setWordWrap(true);
     column->addWidget(instruction);
 
     auto* footer = new QHBoxLayout;
     footer->setSpacing(12);
-    footer->addWidget(legendEntry(QStringLiteral("eye.slash"), QStringLiteral("links = versteckt"), this));
-    footer->addWidget(legendEntry(QStringLiteral("eye"), QStringLiteral("rechts = sichtbar"), this));
+    footer->addWidget(
+        legendEntry(QStringLiteral("eye.slash"), QStringLiteral("links = versteckt"), this));
+    footer->addWidget(
+        legendEntry(QStringLiteral("eye"), QStringLiteral("rechts = sichtbar"), this));
     footer->addStretch();
     m_done = new QPushButton(QStringLiteral("Fertig"), this);
     m_done->setFont(Theme::font(12, QFont::DemiBold));
     m_done->setCursor(Qt::PointingHandCursor);
     m_done->setDefault(true);
-    m_done->setStyleSheet(QStringLiteral("QPushButton { color: white; background: #0A84FF; border: none; border-radius: 6px; padding: 3px 14px; min-height: 18px; }"
-                                         "QPushButton:hover { background: #2F95FF; } QPushButton:pressed { background: #0070E0; }"));
+    m_done->setStyleSheet(QStringLiteral(
+        "QPushButton { color: white; background: #0A84FF; border: none; border-radius: 6px; "
+        "padding: 3px 14px; min-height: 18px; }"
+        "QPushButton:hover { background: #2F95FF; } QPushButton:pressed { background: #0070E0; }"));
     connect(m_done, &QPushButton::clicked, this, [this] {
         if (onDone)
             onDone();

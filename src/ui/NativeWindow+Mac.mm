@@ -24,7 +24,8 @@ void makeMenuBarPanel(QWidget* window)
         return;
     native.level = NSStatusWindowLevel; // 25
     native.hidesOnDeactivate = NO;
-    native.collectionBehavior = NSWindowCollectionBehaviorCanJoinAllSpaces | NSWindowCollectionBehaviorFullScreenAuxiliary;
+    native.collectionBehavior =
+        NSWindowCollectionBehaviorCanJoinAllSpaces | NSWindowCollectionBehaviorFullScreenAuxiliary;
     native.animationBehavior = NSWindowAnimationBehaviorNone;
     native.hasShadow = YES;
     if ([native isKindOfClass:NSPanel.class]) {

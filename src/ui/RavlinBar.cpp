@@ -64,8 +64,9 @@ void RavlinBar::show(const std::vector<BarGroup>& groups, const ScreenRect& anch
     if (m_container) {
         // Deleted later: this show may come from inside the old view's own event handling.
         // Until then it must not redraw for every new figure.
-        for (QObject* source : {static_cast<QObject*>(&m_s.stats), static_cast<QObject*>(&m_s.weather),
-                                static_cast<QObject*>(&m_s.tiles)})
+        for (QObject* source :
+             {static_cast<QObject*>(&m_s.stats), static_cast<QObject*>(&m_s.weather),
+              static_cast<QObject*>(&m_s.tiles)})
             QObject::disconnect(source, nullptr, m_view, nullptr);
         m_container->hide();
         m_container->deleteLater();

@@ -16,9 +16,11 @@ namespace {
 QString fontFamily()
 {
     static const QString family = [] {
-        const QString path = QStringLiteral("/usr/share/fonts/truetype/material-design-icons-iconfont/MaterialIcons-Regular.ttf");
+        const QString path = QStringLiteral(
+            "/usr/share/fonts/truetype/material-design-icons-iconfont/MaterialIcons-Regular.ttf");
         const int id = QFontDatabase::addApplicationFont(path);
-        const QStringList families = id >= 0 ? QFontDatabase::applicationFontFamilies(id) : QStringList();
+        const QStringList families =
+            id >= 0 ? QFontDatabase::applicationFontFamilies(id) : QStringList();
         if (families.isEmpty()) {
             qCWarning(lcUi) << "the Material Design icon font was not found at" << path;
             return QStringLiteral("Material Icons");
@@ -39,7 +41,8 @@ bool SymbolRenderer::hasSymbol(const QString& name)
     return QFontMetricsF(font).inFontUcs4(uint(*it));
 }
 
-bool SymbolRenderer::paint(QPainter& painter, const QRectF& rect, const QString& name, const QColor& color)
+bool SymbolRenderer::paint(QPainter& painter, const QRectF& rect, const QString& name,
+                           const QColor& color)
 {
     auto it = symbolGlyphs().constFind(name);
     if (it == symbolGlyphs().constEnd())

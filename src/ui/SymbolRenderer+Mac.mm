@@ -14,11 +14,13 @@ namespace {
 
 NSImage* systemSymbol(const QString& name, double pointSize)
 {
-    NSImage* image = [NSImage imageWithSystemSymbolName:name.toNSString() accessibilityDescription:nil];
+    NSImage* image = [NSImage imageWithSystemSymbolName:name.toNSString()
+                               accessibilityDescription:nil];
     if (!image)
         return nil;
     NSImageSymbolConfiguration* config =
-        [NSImageSymbolConfiguration configurationWithPointSize:pointSize weight:NSFontWeightRegular];
+        [NSImageSymbolConfiguration configurationWithPointSize:pointSize
+                                                        weight:NSFontWeightRegular];
     return [image imageWithSymbolConfiguration:config];
 }
 
@@ -32,8 +34,9 @@ QImage render(NSImage* symbol, const QSizeF& box, const QColor& color, double sc
     QImage image(w, h, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     CGColorSpaceRef space = CGColorSpaceCreateDeviceRGB();
-    CGContextRef context = CGBitmapContextCreate(image.bits(), w, h, 8, image.bytesPerLine(), space,
-                                                 kCGImageAlphaPremultipliedFirst | kCGBitmapByteOrder32Host);
+    CGContextRef context =
+        CGBitmapContextCreate(image.bits(), w, h, 8, image.bytesPerLine(), space,
+                              kCGImageAlphaPremultipliedFirst | kCGBitmapByteOrder32Host);
     CGColorSpaceRelease(space);
     if (!context)
         return {};
@@ -42,7 +45,10 @@ QImage render(NSImage* symbol, const QSizeF& box, const QColor& color, double sc
     NSGraphicsContext.currentContext = ns;
     const NSRect rect = NSMakeRect(0, 0, w, h);
     [symbol drawInRect:rect];
-    [[NSColor colorWithSRGBRed:color.redF() green:color.greenF() blue:color.blueF() alpha:color.alphaF()] set];
+    [[NSColor colorWithSRGBRed:color.redF()
+                         green:color.greenF()
+                          blue:color.blueF()
+                         alpha:color.alphaF()] set];
     NSRectFillUsingOperation(rect, NSCompositingOperationSourceIn);
     [NSGraphicsContext restoreGraphicsState];
     CGContextRelease(context);
@@ -57,7 +63,8 @@ bool SymbolRenderer::hasSymbol(const QString& name)
     return symbolGlyphs().contains(name) && systemSymbol(name, 13) != nil;
 }
 
-bool SymbolRenderer::paint(QPainter& painter, const QRectF& rect, const QString& name, const QColor& color)
+bool SymbolRenderer::paint(QPainter& painter, const QRectF& rect, const QString& name,
+                           const QColor& color)
 {
     if (!symbolGlyphs().contains(name))
         return false;
@@ -69,7 +76,9 @@ bool SymbolRenderer::paint(QPainter& painter, const QRectF& rect, const QString&
     if (image.isNull())
         return false;
     const QSizeF drawn = image.deviceIndependentSize();
-    painter.drawImage(QPointF(rect.center().x() - drawn.width() / 2, rect.center().y() - drawn.height() / 2), image);
+    painter.drawImage(
+        QPointF(rect.center().x() - drawn.width() / 2, rect.center().y() - drawn.height() / 2),
+        image);
     return true;
 }
 

@@ -20,9 +20,11 @@ public:
     static bool hasSymbol(const QString& name);
 
     // Draws the symbol centred in rect, about rect's height tall; false when the name is unknown.
-    static bool paint(QPainter& painter, const QRectF& rect, const QString& name, const QColor& color);
+    static bool paint(QPainter& painter, const QRectF& rect, const QString& name,
+                      const QColor& color);
     // The symbol as an image of pointSize points at the given pixel ratio.
-    static QImage image(const QString& name, double pointSize, const QColor& color, double devicePixelRatio = 2.0);
+    static QImage image(const QString& name, double pointSize, const QColor& color,
+                        double devicePixelRatio = 2.0);
 };
 
 } // namespace ravlin

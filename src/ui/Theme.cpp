@@ -10,8 +10,9 @@ QFont font(double pointSize, QFont::Weight weight)
     QFont f = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
 #else
     QFont f(QStringLiteral("Noto Sans"));
-    f.setFamilies({QStringLiteral("Noto Sans"), QStringLiteral("Noto Sans Hebrew"), QStringLiteral("Noto Sans Arabic"),
-                   QStringLiteral("Noto Sans CJK JP"), QStringLiteral("DejaVu Sans")});
+    f.setFamilies({QStringLiteral("Noto Sans"), QStringLiteral("Noto Sans Hebrew"),
+                   QStringLiteral("Noto Sans Arabic"), QStringLiteral("Noto Sans CJK JP"),
+                   QStringLiteral("DejaVu Sans")});
 #endif
 #ifdef Q_OS_MACOS
     f.setPointSizeF(pointSize);

@@ -11,7 +11,8 @@ TEST(ArrangeGuide, StaysTwelvePointsInsideTheScreenAndHangsEightBelowTheAnchor)
 {
     const QRectF screen(0, 0, 1440, 900);
     const QSizeF size(340, 150);
-    EXPECT_EQ(arrangeGuideOrigin(QRectF(1400, 876, 24, 24), screen, size), QPointF(1440 - 340 - 12, 876 - 150 - 8));
+    EXPECT_EQ(arrangeGuideOrigin(QRectF(1400, 876, 24, 24), screen, size),
+              QPointF(1440 - 340 - 12, 876 - 150 - 8));
     EXPECT_EQ(arrangeGuideOrigin(QRectF(10, 876, 24, 24), screen, size).x(), 12);
     EXPECT_EQ(arrangeGuideOrigin(QRectF(700, 876, 24, 24), screen, size).x(), 712 - 170);
     const QRectF second(1440, 0, 1920, 1080);

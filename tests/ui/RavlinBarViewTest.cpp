@@ -202,7 +202,8 @@ TEST_F(ViewTest, TheTileUnderThePointerLightsUp)
 {
     const auto v = view(TileStyle::Strip);
     const QRectF tile = *v->tileRect(QStringLiteral("n:Item 3"));
-    const QPoint probe(int(tile.right() * 2 - 60), int(tile.center().y() * 2)); // empty part of the row
+    const QPoint probe(int(tile.right() * 2 - 60),
+                       int(tile.center().y() * 2)); // empty part of the row
     auto brightness = [&] {
         QImage image(v->size() * 2, QImage::Format_ARGB32_Premultiplied);
         image.setDevicePixelRatio(2);

@@ -18,14 +18,15 @@ namespace {
 
 // Dotted lower-case literals that are not symbol names.
 const QSet<QString> notSymbols = {
-    QStringLiteral("sys.cpu"), QStringLiteral("sys.ram"), QStringLiteral("sys.disk"), QStringLiteral("sys.batt"),
-    QStringLiteral("sys.net"), QStringLiteral("n.a"),
+    QStringLiteral("sys.cpu"),  QStringLiteral("sys.ram"), QStringLiteral("sys.disk"),
+    QStringLiteral("sys.batt"), QStringLiteral("sys.net"), QStringLiteral("n.a"),
 };
 
 bool isBundleIdentifier(const QString& name)
 {
-    static const QStringList prefixes = {QStringLiteral("com."), QStringLiteral("de."), QStringLiteral("org."),
-                                         QStringLiteral("net."), QStringLiteral("io.")};
+    static const QStringList prefixes = {QStringLiteral("com."), QStringLiteral("de."),
+                                         QStringLiteral("org."), QStringLiteral("net."),
+                                         QStringLiteral("io.")};
     for (const QString& prefix : prefixes)
         if (name.startsWith(prefix))
             return true;
@@ -36,16 +37,20 @@ bool isBundleIdentifier(const QString& name)
 // anywhere, and lower-case words on lines that speak of symbols.
 QSet<QString> symbolNamesInSources()
 {
-    static const QRegularExpression literal(QStringLiteral(R"re((?:QStringLiteral|u)\("([a-z][a-z0-9]*(?:\.[a-z0-9]+)*)"\))re"));
+    static const QRegularExpression literal(
+        QStringLiteral(R"re((?:QStringLiteral|u)\("([a-z][a-z0-9]*(?:\.[a-z0-9]+)*)"\))re"));
     static const QRegularExpression dotted(QStringLiteral(R"(^[a-z][a-z0-9]*(\.[a-z0-9]+)+$)"));
     // The last entry of a table row after a list of keywords: `{{u"wlan", …}, u"wifi"},`.
-    static const QRegularExpression rowResult(QStringLiteral(R"re(\},\s*u"([a-z][a-z0-9.]*)"\})re"));
+    static const QRegularExpression rowResult(
+        QStringLiteral(R"re(\},\s*u"([a-z][a-z0-9.]*)"\})re"));
     QSet<QString> names;
-    QDirIterator it(QStringLiteral(RAVLIN_SOURCE_DIR "/src"), {QStringLiteral("*.cpp"), QStringLiteral("*.h")}, QDir::Files,
+    QDirIterator it(QStringLiteral(RAVLIN_SOURCE_DIR "/src"),
+                    {QStringLiteral("*.cpp"), QStringLiteral("*.h")}, QDir::Files,
                     QDirIterator::Subdirectories);
     while (it.hasNext()) {
         const QString path = it.next();
-        if (path.contains(QStringLiteral("/app/sandbox/")) || path.contains(QStringLiteral("/platform/")))
+        if (path.contains(QStringLiteral("/app/sandbox/")) ||
+            path.contains(QStringLiteral("/platform/")))
             continue; // scripts and platform keys are not drawn
         QFile file(path);
         if (!file.open(QIODevice::ReadOnly))
@@ -54,13 +59,17 @@ QSet<QString> symbolNamesInSources()
         for (const QString& line : lines) {
             if (const auto row = rowResult.match(line); row.hasMatch())
                 names.insert(row.captured(1));
-            const bool speaksOfSymbols = line.contains(QStringLiteral("symbol"), Qt::CaseInsensitive);
+            const bool speaksOfSymbols =
+                line.contains(QStringLiteral("symbol"), Qt::CaseInsensitive);
             auto matches = literal.globalMatch(line);
             while (matches.hasNext()) {
                 const QString name = matches.next().captured(1);
-                const bool candidate = dotted.match(name).hasMatch() ? !line.contains(QStringLiteral("L(")) && !line.contains(QStringLiteral("Key"))
-                                                                     : speaksOfSymbols;
-                if (candidate && !notSymbols.contains(name) && !name.startsWith(QStringLiteral("sysitem.")) &&
+                const bool candidate = dotted.match(name).hasMatch()
+                                           ? !line.contains(QStringLiteral("L(")) &&
+                                                 !line.contains(QStringLiteral("Key"))
+                                           : speaksOfSymbols;
+                if (candidate && !notSymbols.contains(name) &&
+                    !name.startsWith(QStringLiteral("sysitem.")) &&
                     !name.contains(QStringLiteral(".strings")) && !isBundleIdentifier(name))
                     names.insert(name);
             }
@@ -76,9 +85,11 @@ TEST(SymbolRenderer, EverySymbolNameInTheCodeHasAGlyph)
     const QSet<QString> used = symbolNamesInSources();
     EXPECT_GE(used.size(), 10);
     for (const QString& name : used)
-        EXPECT_TRUE(SymbolRenderer::knownSymbols().contains(name)) << "no glyph mapped for symbol " << name.toStdString();
+        EXPECT_TRUE(SymbolRenderer::knownSymbols().contains(name))
+            << "no glyph mapped for symbol " << name.toStdString();
     for (const QString& name : SymbolRenderer::knownSymbols())
-        EXPECT_TRUE(SymbolRenderer::hasSymbol(name)) << "the icon font lacks the glyph for " << name.toStdString();
+        EXPECT_TRUE(SymbolRenderer::hasSymbol(name))
+            << "the icon font lacks the glyph for " << name.toStdString();
 }
 
 TEST(SymbolRenderer, DrawsKnownSymbolsAndNothingForUnknownOnes)

@@ -23,7 +23,8 @@ void writeFile(const QString& path, const QByteArray& bytes)
 
 QStringList corruptCopies(const QTemporaryDir& dir)
 {
-    return QDir(dir.path()).entryList({QStringLiteral("de.vexa.Ravlin.plist.corrupt-*")}, QDir::Files);
+    return QDir(dir.path())
+        .entryList({QStringLiteral("de.vexa.Ravlin.plist.corrupt-*")}, QDir::Files);
 }
 
 } // namespace
@@ -31,16 +32,30 @@ QStringList corruptCopies(const QTemporaryDir& dir)
 TEST(DefaultsStore, BooleansAndIntegersReadFromNumbersAndText)
 {
     InMemoryDefaultsStore d;
-    const QList<std::pair<PlistValue, bool>> bools = {
-        {true, true}, {0, false}, {2, true}, {0.5, true}, {QStringLiteral("YES"), true}, {QStringLiteral("true"), true},
-        {QStringLiteral("1"), true}, {QStringLiteral("no"), false}, {QStringLiteral("maybe"), false}, {PlistArray{}, false}};
+    const QList<std::pair<PlistValue, bool>> bools = {{true, true},
+                                                      {0, false},
+                                                      {2, true},
+                                                      {0.5, true},
+                                                      {QStringLiteral("YES"), true},
+                                                      {QStringLiteral("true"), true},
+                                                      {QStringLiteral("1"), true},
+                                                      {QStringLiteral("no"), false},
+                                                      {QStringLiteral("maybe"), false},
+                                                      {PlistArray{}, false}};
     for (const auto& [value, expected] : bools) {
         d.set(QStringLiteral("k"), value);
         EXPECT_EQ(d.boolForKey(QStringLiteral("k")), expected);
     }
     const QList<std::pair<PlistValue, std::int64_t>> ints = {
-        {15, 15}, {15.9, 15}, {QStringLiteral("15"), 15}, {QStringLiteral(" -5 "), -5}, {QStringLiteral("12abc"), 12},
-        {QStringLiteral("x"), 0}, {true, 1}, {PlistDict{}, 0}, {1e300, std::numeric_limits<std::int64_t>::max()}};
+        {15, 15},
+        {15.9, 15},
+        {QStringLiteral("15"), 15},
+        {QStringLiteral(" -5 "), -5},
+        {QStringLiteral("12abc"), 12},
+        {QStringLiteral("x"), 0},
+        {true, 1},
+        {PlistDict{}, 0},
+        {1e300, std::numeric_limits<std::int64_t>::max()}};
     for (const auto& [value, expected] : ints) {
         d.set(QStringLiteral("k"), value);
         EXPECT_EQ(d.integerForKey(QStringLiteral("k")), expected);
@@ -50,10 +65,12 @@ TEST(DefaultsStore, BooleansAndIntegersReadFromNumbersAndText)
 TEST(DefaultsStore, StringListIsAbsentWhenAnyElementIsNotText)
 {
     InMemoryDefaultsStore d;
-    d.set(QStringLiteral("ok"), PlistValue::fromStringList({QStringLiteral("a"), QStringLiteral("b")}));
+    d.set(QStringLiteral("ok"),
+          PlistValue::fromStringList({QStringLiteral("a"), QStringLiteral("b")}));
     d.set(QStringLiteral("mixed"), PlistArray{QStringLiteral("a"), 1});
     d.set(QStringLiteral("text"), QStringLiteral("a"));
-    EXPECT_EQ(d.stringArrayForKey(QStringLiteral("ok")), (QStringList{QStringLiteral("a"), QStringLiteral("b")}));
+    EXPECT_EQ(d.stringArrayForKey(QStringLiteral("ok")),
+              (QStringList{QStringLiteral("a"), QStringLiteral("b")}));
     EXPECT_FALSE(d.stringArrayForKey(QStringLiteral("mixed")).has_value());
     EXPECT_FALSE(d.stringArrayForKey(QStringLiteral("text")).has_value());
     EXPECT_EQ(d.stringForKey(QStringLiteral("text")), QStringLiteral("a"));
@@ -133,7 +150,8 @@ TEST(PlistFileDefaultsStore, EditsByHandArePickedUpAndBrokenEditsDoNotLoseTheSet
     const QString path = dir.filePath(QStringLiteral("de.vexa.Ravlin.plist"));
     PlistFileDefaultsStore store(path);
     store.set(QStringLiteral("autoRehide"), false);
-    writeFile(path, PlistCodec::toXml(PlistDict{{QStringLiteral("autoRehide"), true}, {QStringLiteral("extra"), 1}}));
+    writeFile(path, PlistCodec::toXml(PlistDict{{QStringLiteral("autoRehide"), true},
+                                                {QStringLiteral("extra"), 1}}));
     EXPECT_TRUE(store.boolForKey(QStringLiteral("autoRehide")));
     EXPECT_EQ(store.integerForKey(QStringLiteral("extra")), 1);
 
@@ -162,7 +180,8 @@ TEST(PlistFileDefaultsStore, AFailedWriteIsLoggedAndTheValueStaysReadable)
     QTemporaryDir dir;
     const QString blocker = dir.filePath(QStringLiteral("file"));
     writeFile(blocker, "x");
-    PlistFileDefaultsStore store(blocker + QStringLiteral("/de.vexa.Ravlin.plist")); // parent is a file
+    PlistFileDefaultsStore store(blocker +
+                                 QStringLiteral("/de.vexa.Ravlin.plist")); // parent is a file
     test::LogCapture log;
     store.set(QStringLiteral("k"), 3);
     EXPECT_EQ(store.integerForKey(QStringLiteral("k")), 3);

@@ -42,7 +42,8 @@ TEST_F(LanguageFixture, ApplyingHebrewSwitchesTextsDirectionAndTheStoredChoices)
     manager.apply(QStringLiteral("he"));
     EXPECT_TRUE(manager.isRTL());
     EXPECT_EQ(manager.activeCode(), QStringLiteral("he"));
-    EXPECT_EQ(defaults.stringArrayForKey(PrefKey::appleLanguages), QStringList{QStringLiteral("he")});
+    EXPECT_EQ(defaults.stringArrayForKey(PrefKey::appleLanguages),
+              QStringList{QStringLiteral("he")});
     EXPECT_EQ(prefs.appLanguage(), QStringLiteral("he"));
     EXPECT_NE(manager.L(QStringLiteral("menu.quit")), QStringLiteral("Quit Ravlin"));
     EXPECT_EQ(signals, 1);
@@ -64,7 +65,8 @@ TEST_F(LanguageFixture, AnUnknownCodeFallsBackToTheMainBundleAndLeavesTheListAlo
     test::LogCapture log;
     manager.apply(QStringLiteral("xx"));
     EXPECT_EQ(manager.activeCode(), QStringLiteral("xx"));
-    EXPECT_EQ(defaults.stringArrayForKey(PrefKey::appleLanguages), QStringList{QStringLiteral("ar")});
+    EXPECT_EQ(defaults.stringArrayForKey(PrefKey::appleLanguages),
+              QStringList{QStringLiteral("ar")});
     EXPECT_EQ(manager.L(QStringLiteral("menu.quit")), QStringLiteral("Quit Ravlin"));
     EXPECT_FALSE(manager.isRTL());
 }
@@ -80,18 +82,24 @@ TEST_F(LanguageFixture, ApplyStoredNeverWritesTheChoiceBack)
 TEST_F(LanguageFixture, MissingKeysShowThemselvesAndArgumentsFillPlaceholders)
 {
     EXPECT_EQ(manager.L(QStringLiteral("no.such.key")), QStringLiteral("no.such.key"));
-    EXPECT_EQ(manager.L(QStringLiteral("about.version"), QStringLiteral("1.2.3")), QStringLiteral("Version 1.2.3"));
+    EXPECT_EQ(manager.L(QStringLiteral("about.version"), QStringLiteral("1.2.3")),
+              QStringLiteral("Version 1.2.3"));
 }
 
 TEST(Resources, MainBundleFollowsTheSystemLanguages)
 {
     const QString dir = test::resourcesDir();
-    EXPECT_EQ(Resources(dir, {QStringLiteral("de_DE.UTF-8")}).mainLocalization(), QStringLiteral("de"));
+    EXPECT_EQ(Resources(dir, {QStringLiteral("de_DE.UTF-8")}).mainLocalization(),
+              QStringLiteral("de"));
     EXPECT_EQ(Resources(dir, {QStringLiteral("C")}).mainLocalization(), QStringLiteral("en"));
-    EXPECT_EQ(Resources(dir, {QStringLiteral("xx"), QStringLiteral("pt_PT")}).mainLocalization(), QStringLiteral("pt-BR"));
-    const QStringList available = {QStringLiteral("zh-Hans"), QStringLiteral("zh-Hant"), QStringLiteral("nb"), QStringLiteral("he")};
-    EXPECT_EQ(Resources::bestMatch(available, {QStringLiteral("zh_TW")}), QStringLiteral("zh-Hant"));
-    EXPECT_EQ(Resources::bestMatch(available, {QStringLiteral("zh-CN")}), QStringLiteral("zh-Hans"));
+    EXPECT_EQ(Resources(dir, {QStringLiteral("xx"), QStringLiteral("pt_PT")}).mainLocalization(),
+              QStringLiteral("pt-BR"));
+    const QStringList available = {QStringLiteral("zh-Hans"), QStringLiteral("zh-Hant"),
+                                   QStringLiteral("nb"), QStringLiteral("he")};
+    EXPECT_EQ(Resources::bestMatch(available, {QStringLiteral("zh_TW")}),
+              QStringLiteral("zh-Hant"));
+    EXPECT_EQ(Resources::bestMatch(available, {QStringLiteral("zh-CN")}),
+              QStringLiteral("zh-Hans"));
     EXPECT_EQ(Resources::bestMatch(available, {QStringLiteral("no_NO")}), QStringLiteral("nb"));
     EXPECT_EQ(Resources::bestMatch(available, {QStringLiteral("iw")}), QStringLiteral("he"));
     EXPECT_FALSE(Resources::bestMatch(available, {QStringLiteral("POSIX")}).has_value());

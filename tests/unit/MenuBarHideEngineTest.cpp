@@ -23,8 +23,9 @@ public:
     std::vector<std::shared_ptr<Assertion>> assertions;
 
     bool isAvailable() const override { return available; }
-    std::shared_ptr<AssessmentAssertion> activate(const std::vector<int>&, const QStringList& owners,
-                                                  std::function<void(std::optional<PlatformError>)> completion) override
+    std::shared_ptr<AssessmentAssertion>
+    activate(const std::vector<int>&, const QStringList& owners,
+             std::function<void(std::optional<PlatformError>)> completion) override
     {
         if (configurationFails)
             return nullptr;
@@ -35,7 +36,11 @@ public:
         return a;
     }
     void grant(size_t i) { assertions.at(i)->completion(std::nullopt); }
-    void refuse(size_t i) { assertions.at(i)->completion(PlatformError{QStringLiteral("MB"), 7, QStringLiteral("refused")}); }
+    void refuse(size_t i)
+    {
+        assertions.at(i)->completion(
+            PlatformError{QStringLiteral("MB"), 7, QStringLiteral("refused")});
+    }
 };
 
 struct Result {
@@ -60,7 +65,8 @@ TEST(MenuBarHideEngine, ConstantTables)
     EXPECT_EQ(MenuBarHideEngine::allowedSystemItems().size(), 64u);
     const auto allowed = MenuBarHideEngine::allowedSystemItems({6, 1});
     EXPECT_EQ(allowed.size(), 62u);
-    EXPECT_EQ(std::vector<int>(allowed.begin(), allowed.begin() + 7), (std::vector<int>{0, 2, 3, 4, 5, 7, 8}));
+    EXPECT_EQ(std::vector<int>(allowed.begin(), allowed.begin() + 7),
+              (std::vector<int>{0, 2, 3, 4, 5, 7, 8}));
 }
 
 TEST(MenuBarHideEngine, WithoutTheFrameworkRestrictFailsWithCodeOne)

@@ -26,7 +26,8 @@ TEST(PlistJson, RejectsBrokenTextWithAReason)
 {
     for (const char16_t* bad : {u"", u"[1,", u"{\"a\" 1}", u"tru", u"\"open", u"1 2", u"[1] x"}) {
         QString error;
-        EXPECT_FALSE(PlistJson::parse(bad, &error).has_value()) << QString::fromUtf16(bad).toStdString();
+        EXPECT_FALSE(PlistJson::parse(bad, &error).has_value())
+            << QString::fromUtf16(bad).toStdString();
         EXPECT_FALSE(error.isEmpty());
     }
     QString deep(200, u'[');
@@ -44,7 +45,8 @@ TEST(PlistJson, NumbersCompareByValueAlsoInsideContainers)
 {
     EXPECT_TRUE(PlistJson::equalByValue(QJsonValue(10000), QJsonValue(10000.0)));
     EXPECT_TRUE(PlistJson::equalByValue(QJsonArray{1, 2.0}, QJsonArray{1.0, 2}));
-    EXPECT_TRUE(PlistJson::equalByValue(QJsonObject{{QStringLiteral("a"), 1}}, QJsonObject{{QStringLiteral("a"), 1.0}}));
+    EXPECT_TRUE(PlistJson::equalByValue(QJsonObject{{QStringLiteral("a"), 1}},
+                                        QJsonObject{{QStringLiteral("a"), 1.0}}));
     EXPECT_FALSE(PlistJson::equalByValue(QJsonArray{1, 2}, QJsonArray{2, 1}));
     EXPECT_FALSE(PlistJson::equalByValue(QJsonValue(1), QJsonValue(QStringLiteral("1"))));
 }
@@ -53,5 +55,6 @@ TEST(PlistJson, DatesAndDataBecomeTextInDumps)
 {
     const PlistValue date(QDateTime(QDate(2026, 1, 5), QTime(9, 0), Qt::UTC));
     EXPECT_EQ(PlistJson::toJson(date).toString(), QStringLiteral("2026-01-05T09:00:00Z"));
-    EXPECT_EQ(PlistJson::toJson(PlistValue(QByteArray("\x00\x01", 2))).toString(), QStringLiteral("AAE="));
+    EXPECT_EQ(PlistJson::toJson(PlistValue(QByteArray("\x00\x01", 2))).toString(),
+              QStringLiteral("AAE="));
 }

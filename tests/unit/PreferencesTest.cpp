@@ -30,9 +30,11 @@ TEST_F(PreferencesFixture, AFreshUserReadsTheRegisteredDefaults)
     EXPECT_EQ(prefs.tileStyle(), TileStyle::Dashboard);
     EXPECT_TRUE(prefs.showSystemTiles());
     EXPECT_TRUE(prefs.showWeather());
-    EXPECT_FALSE(prefs.launchAtLogin() || prefs.enableAlwaysHidden() || prefs.revealOnHover() || prefs.hideSpotlight());
+    EXPECT_FALSE(prefs.launchAtLogin() || prefs.enableAlwaysHidden() || prefs.revealOnHover() ||
+                 prefs.hideSpotlight());
     EXPECT_EQ(prefs.appLanguage(), QString());
-    EXPECT_TRUE(prefs.hiddenItemKeys().isEmpty() && prefs.barPinnedKeys().isEmpty() && prefs.hiddenBundleIDs().isEmpty());
+    EXPECT_TRUE(prefs.hiddenItemKeys().isEmpty() && prefs.barPinnedKeys().isEmpty() &&
+                prefs.hiddenBundleIDs().isEmpty());
     EXPECT_TRUE(prefs.hiddenSystemItemIDs().empty());
     EXPECT_TRUE(defaults.persistentDomain().isEmpty());
 }
@@ -49,7 +51,8 @@ TEST_F(PreferencesFixture, OddStoredValuesReadSanely)
     }
     defaults.set(PrefKey::tileStyle, QStringLiteral("strip"));
     EXPECT_EQ(prefs.tileStyle(), TileStyle::Strip);
-    defaults.set(PrefKey::hiddenSystemItems, PlistArray{7, QStringLiteral("12"), QStringLiteral("x"), 2.5});
+    defaults.set(PrefKey::hiddenSystemItems,
+                 PlistArray{7, QStringLiteral("12"), QStringLiteral("x"), 2.5});
     EXPECT_EQ(prefs.hiddenSystemItemIDs(), (std::set<std::int64_t>{7, 12}));
     defaults.set(PrefKey::hiddenItems, PlistArray{QStringLiteral("a"), 3}); // not a list of texts
     EXPECT_TRUE(prefs.hiddenItemKeys().isEmpty());
@@ -60,9 +63,11 @@ TEST_F(PreferencesFixture, OddStoredValuesReadSanely)
 TEST_F(PreferencesFixture, EverySetterWritesThroughThenAnnouncesOnceWillChangeFirst)
 {
     QStringList order;
-    QObject::connect(&prefs, &Preferences::willChange, &prefs, [&] { order << QStringLiteral("will"); });
+    QObject::connect(&prefs, &Preferences::willChange, &prefs,
+                     [&] { order << QStringLiteral("will"); });
     auto token = center.addObserver(ravlinPrefsChanged, [&] {
-        order << QStringLiteral("posted:") + QString::number(defaults.integerForKey(PrefKey::rehideInterval));
+        order << QStringLiteral("posted:") +
+                     QString::number(defaults.integerForKey(PrefKey::rehideInterval));
     });
     prefs.setRehideInterval(0); // stored as given
     EXPECT_EQ(order, (QStringList{QStringLiteral("will"), QStringLiteral("posted:0")}));
@@ -79,7 +84,8 @@ TEST_F(PreferencesFixture, EverySetterWritesThroughThenAnnouncesOnceWillChangeFi
 TEST_F(PreferencesFixture, PlacementFollowsTheTwoSetsWithPinningWinning)
 {
     defaults.set(PrefKey::barPinnedItems, PlistValue::fromStringList({QStringLiteral("k")}));
-    defaults.set(PrefKey::hiddenItems, PlistValue::fromStringList({QStringLiteral("k"), QStringLiteral("h")}));
+    defaults.set(PrefKey::hiddenItems,
+                 PlistValue::fromStringList({QStringLiteral("k"), QStringLiteral("h")}));
     EXPECT_EQ(prefs.placement(QStringLiteral("k")), ItemPlacement::Bar);
     EXPECT_EQ(prefs.placement(QStringLiteral("h")), ItemPlacement::Off);
     EXPECT_EQ(prefs.placement(QStringLiteral("new")), ItemPlacement::Panel);
@@ -122,7 +128,9 @@ TEST_F(PreferencesFixture, AFailedRegistrationKeepsTheChoiceAndLogsExactlyOneLin
     EXPECT_TRUE(prefs.launchAtLogin());
     EXPECT_EQ(log.count(QStringLiteral("Ravlin: LaunchAtLogin toggle failed: ")), 1);
     EXPECT_EQ(log.lines().size(), 1);
-    EXPECT_EQ(log.lines().value(0), QStringLiteral("Ravlin: LaunchAtLogin toggle failed: The operation couldn't be completed."));
+    EXPECT_EQ(log.lines().value(0),
+              QStringLiteral(
+                  "Ravlin: LaunchAtLogin toggle failed: The operation couldn't be completed."));
 }
 
 TEST_F(PreferencesFixture, TurningOffLeavesARegistrationThatAwaitsApproval)

@@ -86,10 +86,11 @@ TEST(QtScheduler, RunsTimersAndBackgroundWorkOnTheEventLoop)
     s.async([&] { ran << QStringLiteral("async"); });
     Timer cancelled = s.after(0, [&] { ran << QStringLiteral("cancelled"); });
     cancelled.invalidate();
-    s.background<int>([] { return 7; }, [&](int v) {
-        ran << QString::number(v);
-        s.after(0, [&] { loop.quit(); });
-    });
+    s.background<int>([] { return 7; },
+                      [&](int v) {
+                          ran << QString::number(v);
+                          s.after(0, [&] { loop.quit(); });
+                      });
     Timer guard = s.after(5, [&] { loop.quit(); }); // failsafe only
     loop.exec();
     guard.invalidate();

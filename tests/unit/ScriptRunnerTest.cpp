@@ -42,13 +42,16 @@ ScriptOutcome runScript(const QString& script, SandboxSession::Options options =
 
 TEST(ScriptLine, WordsQuotesCommentsAndRawRest)
 {
-    const auto line = ScriptLine::parse(QStringLiteral(R"(item com.x "A \"b\" c" ax.title="Wi-Fi, on" key=o:Foo#Bar  # note)"), 3, nullptr);
+    const auto line = ScriptLine::parse(
+        QStringLiteral(R"(item com.x "A \"b\" c" ax.title="Wi-Fi, on" key=o:Foo#Bar  # note)"), 3,
+        nullptr);
     ASSERT_TRUE(line);
     EXPECT_EQ(line->words.size(), 5);
     EXPECT_EQ(line->word(2), QStringLiteral("A \"b\" c"));
     EXPECT_EQ(line->word(3), QStringLiteral("ax.title=Wi-Fi, on"));
     EXPECT_EQ(line->word(4), QStringLiteral("key=o:Foo#Bar"));
-    const auto value = ScriptLine::parse(QStringLiteral("defaults write k [7, \"12\", \"x\"]"), 1, nullptr);
+    const auto value =
+        ScriptLine::parse(QStringLiteral("defaults write k [7, \"12\", \"x\"]"), 1, nullptr);
     EXPECT_EQ(value->rest(3), QStringLiteral("[7, \"12\", \"x\"]"));
     EXPECT_TRUE(ScriptLine::parse(QStringLiteral("   # only a comment"), 1, nullptr)->isEmpty());
     QString error;
@@ -57,7 +60,8 @@ TEST(ScriptLine, WordsQuotesCommentsAndRawRest)
 
 TEST(JsonPointer, ResolvesObjectsArraysAndEscapes)
 {
-    const QJsonObject doc{{QStringLiteral("a/b"), QJsonArray{10, QJsonObject{{QStringLiteral("~k"), true}}}}};
+    const QJsonObject doc{
+        {QStringLiteral("a/b"), QJsonArray{10, QJsonObject{{QStringLiteral("~k"), true}}}}};
     EXPECT_EQ(JsonPointer::resolve(doc, QStringLiteral("/a~1b/0"))->toInt(), 10);
     EXPECT_TRUE(JsonPointer::resolve(doc, QStringLiteral("/a~1b/1/~0k"))->toBool());
     EXPECT_FALSE(JsonPointer::resolve(doc, QStringLiteral("/a~1b/2")));
@@ -67,7 +71,8 @@ TEST(JsonPointer, ResolvesObjectsArraysAndEscapes)
 
 TEST(ScriptRunner, EveryOperatorHoldsOrFailsAsWritten)
 {
-    const ScriptOutcome ok = runScript(QStringLiteral(R"(
+    const ScriptOutcome ok = runScript(
+        QStringLiteral(R"(
 defaults write list ["a", "b"]
 defaults write n 15
 start
@@ -85,17 +90,21 @@ expect /defaults/nothing absent
 expect /defaults/nothing == null
 expect /defaults/list exists
 expect /preferences/appLanguage == text:no.such.key.so.itself
-)").replace(QStringLiteral("text:no.such.key.so.itself"), QStringLiteral("\"\"")));
+)")
+            .replace(QStringLiteral("text:no.such.key.so.itself"), QStringLiteral("\"\"")));
     EXPECT_EQ(ok.status, 0) << ok.err.toStdString();
 
-    const ScriptOutcome failed = runScript(QStringLiteral("start\nexpect /preferences/rehideInterval == 16\nexpect /time == 0\n"));
+    const ScriptOutcome failed = runScript(
+        QStringLiteral("start\nexpect /preferences/rehideInterval == 16\nexpect /time == 0\n"));
     EXPECT_EQ(failed.status, 1);
-    EXPECT_EQ(failed.err.trimmed(), QStringLiteral("expect failed at line 2: /preferences/rehideInterval == 16 / 15"));
+    EXPECT_EQ(failed.err.trimmed(),
+              QStringLiteral("expect failed at line 2: /preferences/rehideInterval == 16 / 15"));
 }
 
 TEST(ScriptRunner, TextValuesFollowTheCurrentLanguage)
 {
-    const ScriptOutcome run = runScript(QStringLiteral("start\nlanguage \"de\"\nprint text menu.quit\nexpect /language/activeCode == \"de\"\n"));
+    const ScriptOutcome run = runScript(QStringLiteral(
+        "start\nlanguage \"de\"\nprint text menu.quit\nexpect /language/activeCode == \"de\"\n"));
     EXPECT_EQ(run.status, 0) << run.err.toStdString();
     EXPECT_TRUE(run.out.startsWith(QStringLiteral("{\"text\":\"")));
     EXPECT_FALSE(run.out.contains(QStringLiteral("Quit Ravlin")));
@@ -122,15 +131,23 @@ TEST(ScriptRunner, ScriptMistakesEndWithStatusTwoAndTheLineNumber)
 TEST(ScriptRunner, SettingsWindowCommandsNeedTheOpenWindowAndAControlItHas)
 {
     const QList<std::pair<QString, QString>> cases = {
-        {QStringLiteral("start\nsettings toggle showWeather"), QStringLiteral("the settings window is not open")},
-        {QStringLiteral("start\nsettings close"), QStringLiteral("the settings window is not open")},
+        {QStringLiteral("start\nsettings toggle showWeather"),
+         QStringLiteral("the settings window is not open")},
+        {QStringLiteral("start\nsettings close"),
+         QStringLiteral("the settings window is not open")},
         {QStringLiteral("start\nsettings open 4"), QStringLiteral("a number from 0 to 3")},
-        {QStringLiteral("start\nsettings open\nsettings toggle wings"), QStringLiteral("has no switch wings")},
-        {QStringLiteral("start\nsettings open\nsettings place nokey bar"), QStringLiteral("has no item place:nokey")},
-        {QStringLiteral("start\nsettings open\nsettings set rehideInterval 0"), QStringLiteral("from 1 to 3600")},
-        {QStringLiteral("start\nsettings open\nsettings set tileStyle rings"), QStringLiteral("offers no rings")},
-        {QStringLiteral("start\nsettings open\nsettings language xx"), QStringLiteral("offers no xx")},
-        {QStringLiteral("engine available\nstart\nsettings open\nsettings toggle enableAlwaysHidden"),
+        {QStringLiteral("start\nsettings open\nsettings toggle wings"),
+         QStringLiteral("has no switch wings")},
+        {QStringLiteral("start\nsettings open\nsettings place nokey bar"),
+         QStringLiteral("has no item place:nokey")},
+        {QStringLiteral("start\nsettings open\nsettings set rehideInterval 0"),
+         QStringLiteral("from 1 to 3600")},
+        {QStringLiteral("start\nsettings open\nsettings set tileStyle rings"),
+         QStringLiteral("offers no rings")},
+        {QStringLiteral("start\nsettings open\nsettings language xx"),
+         QStringLiteral("offers no xx")},
+        {QStringLiteral(
+             "engine available\nstart\nsettings open\nsettings toggle enableAlwaysHidden"),
          QStringLiteral("enableAlwaysHidden is greyed out")},
         {QStringLiteral("start\nsettings fly"), QStringLiteral("settings knows open, close")},
     };
@@ -150,10 +167,12 @@ TEST(ScriptRunner, CommandsOfLaterPartsSayTheyAreNotSupportedYet)
     SandboxSession session(options);
     ScriptRunner runner(session, o, e);
     registerAll(runner);
-    runner.addUnsupported({QStringLiteral("teleport"), QStringLiteral("start")}); // a served command stays served
+    runner.addUnsupported(
+        {QStringLiteral("teleport"), QStringLiteral("start")}); // a served command stays served
     EXPECT_EQ(runner.run(QStringLiteral("start\nteleport home\n")), 2);
     e.flush();
-    EXPECT_TRUE(err.contains(QStringLiteral("line 2: not supported yet: teleport"))) << err.toStdString();
+    EXPECT_TRUE(err.contains(QStringLiteral("line 2: not supported yet: teleport")))
+        << err.toStdString();
 }
 
 TEST(ScriptRunner, DefaultsFileIsReadAtStartAndWrittenThrough)
@@ -162,8 +181,16 @@ TEST(ScriptRunner, DefaultsFileIsReadAtStartAndWrittenThrough)
     const QString path = dir.filePath(QStringLiteral("prefs.plist"));
     SandboxSession::Options options;
     options.defaultsPath = path;
-    EXPECT_EQ(runScript(QStringLiteral("defaults write tileStyle \"grid\"\nstart\nprefs set showWeather false\n"), options).status, 0);
-    const ScriptOutcome second = runScript(QStringLiteral("start\nexpect /preferences/tileStyle == \"grid\"\nexpect /defaults/showWeather == false\n"), options);
+    EXPECT_EQ(
+        runScript(QStringLiteral(
+                      "defaults write tileStyle \"grid\"\nstart\nprefs set showWeather false\n"),
+                  options)
+            .status,
+        0);
+    const ScriptOutcome second =
+        runScript(QStringLiteral("start\nexpect /preferences/tileStyle == \"grid\"\nexpect "
+                                 "/defaults/showWeather == false\n"),
+                  options);
     EXPECT_EQ(second.status, 0) << second.err.toStdString();
 }
 

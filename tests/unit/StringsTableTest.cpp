@@ -47,11 +47,19 @@ TEST(StringsTable, ReadsUtf16WithByteOrderMark)
 
 TEST(PrintfFormat, FillsThePlatformsPlaceholders)
 {
-    EXPECT_EQ(formatPrintf(QStringLiteral("Version %@"), {QStringLiteral("1.0")}), QStringLiteral("Version 1.0"));
-    EXPECT_EQ(formatPrintf(QStringLiteral("%d items, %.1f MB/s, 100%%"), {3, 1.04}), QStringLiteral("3 items, 1.0 MB/s, 100%"));
-    EXPECT_EQ(formatPrintf(QStringLiteral("%2$@ before %1$@"), {QStringLiteral("a"), QStringLiteral("b")}), QStringLiteral("b before a"));
+    EXPECT_EQ(formatPrintf(QStringLiteral("Version %@"), {QStringLiteral("1.0")}),
+              QStringLiteral("Version 1.0"));
+    EXPECT_EQ(formatPrintf(QStringLiteral("%d items, %.1f MB/s, 100%%"), {3, 1.04}),
+              QStringLiteral("3 items, 1.0 MB/s, 100%"));
+    EXPECT_EQ(formatPrintf(QStringLiteral("%2$@ before %1$@"),
+                           {QStringLiteral("a"), QStringLiteral("b")}),
+              QStringLiteral("b before a"));
     EXPECT_EQ(formatPrintf(QStringLiteral("%.0f KB/s"), {999.6}), QStringLiteral("1000 KB/s"));
-    EXPECT_EQ(formatPrintf(QStringLiteral("%lld|%5d|%-3@|"), {qint64(1) << 40, 42, QStringLiteral("x")}), QStringLiteral("1099511627776|   42|x  |"));
-    EXPECT_EQ(formatPrintf(QStringLiteral("missing %@ and %d, odd 100 %"), {}), QStringLiteral("missing  and 0, odd 100 %"));
-    EXPECT_EQ(printfPlaceholders(QStringLiteral("a %@ b %1$d %% c %.1f")), (QStringList{QStringLiteral("%@"), QStringLiteral("%1$d"), QStringLiteral("%.1f")}));
+    EXPECT_EQ(
+        formatPrintf(QStringLiteral("%lld|%5d|%-3@|"), {qint64(1) << 40, 42, QStringLiteral("x")}),
+        QStringLiteral("1099511627776|   42|x  |"));
+    EXPECT_EQ(formatPrintf(QStringLiteral("missing %@ and %d, odd 100 %"), {}),
+              QStringLiteral("missing  and 0, odd 100 %"));
+    EXPECT_EQ(printfPlaceholders(QStringLiteral("a %@ b %1$d %% c %.1f")),
+              (QStringList{QStringLiteral("%@"), QStringLiteral("%1$d"), QStringLiteral("%.1f")}));
 }

@@ -14,7 +14,8 @@ namespace {
 
 std::optional<StringsTable> table(const QString& code)
 {
-    return StringsTable::load(test::resourcesDir() + u'/' + code + QStringLiteral(".lproj/Localizable.strings"));
+    return StringsTable::load(test::resourcesDir() + u'/' + code +
+                              QStringLiteral(".lproj/Localizable.strings"));
 }
 
 QStringList normalisedPlaceholders(const QString& text)
@@ -39,7 +40,9 @@ TEST(Translations, EveryTableHasTheEnglishKeysItsPlaceholdersAndIsTranslated)
     for (const AppLanguage& language : Languages::all()) {
         SCOPED_TRACE(language.code.toStdString());
         QString error;
-        const auto t = StringsTable::load(test::resourcesDir() + u'/' + language.code + QStringLiteral(".lproj/Localizable.strings"), &error);
+        const auto t = StringsTable::load(test::resourcesDir() + u'/' + language.code +
+                                              QStringLiteral(".lproj/Localizable.strings"),
+                                          &error);
         ASSERT_TRUE(t) << error.toStdString();
         QStringList keys = t->keys();
         keys.sort();
@@ -49,7 +52,8 @@ TEST(Translations, EveryTableHasTheEnglishKeysItsPlaceholdersAndIsTranslated)
             const QString value = t->value(key).value_or(QString());
             const QString reference = *english->value(key);
             EXPECT_FALSE(value.isEmpty()) << key.toStdString();
-            EXPECT_EQ(normalisedPlaceholders(value), normalisedPlaceholders(reference)) << key.toStdString();
+            EXPECT_EQ(normalisedPlaceholders(value), normalisedPlaceholders(reference))
+                << key.toStdString();
             different += value != reference ? 1 : 0;
         }
         if (language.code != u"en") {
@@ -66,6 +70,8 @@ TEST(Translations, RightToLeftTablesAreWrittenInTheirScripts)
                 return true;
         return false;
     };
-    EXPECT_TRUE(hasScript(*table(QStringLiteral("ar"))->value(QStringLiteral("menu.quit")), QChar::Script_Arabic));
-    EXPECT_TRUE(hasScript(*table(QStringLiteral("he"))->value(QStringLiteral("menu.quit")), QChar::Script_Hebrew));
+    EXPECT_TRUE(hasScript(*table(QStringLiteral("ar"))->value(QStringLiteral("menu.quit")),
+                          QChar::Script_Arabic));
+    EXPECT_TRUE(hasScript(*table(QStringLiteral("he"))->value(QStringLiteral("menu.quit")),
+                          QChar::Script_Hebrew));
 }

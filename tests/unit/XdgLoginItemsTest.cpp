@@ -12,7 +12,8 @@ using namespace ravlin;
 TEST(XdgLoginItems, RegisteringWritesAnAutostartEntryAndUnregisteringRemovesIt)
 {
     QTemporaryDir dir;
-    XdgLoginItems items(QStringLiteral("/opt/ravlin dir/ravlin"), dir.filePath(QStringLiteral("autostart/de.vexa.Ravlin.desktop")));
+    XdgLoginItems items(QStringLiteral("/opt/ravlin dir/ravlin"),
+                        dir.filePath(QStringLiteral("autostart/de.vexa.Ravlin.desktop")));
     EXPECT_EQ(items.status(), LoginItemStatus::NotRegistered);
     EXPECT_FALSE(items.registerItem().has_value());
     EXPECT_EQ(items.status(), LoginItemStatus::Enabled);
@@ -35,7 +36,8 @@ TEST(XdgLoginItems, AHiddenEntryIsNotEnabledAndAnUnwritablePlaceReportsAnError)
     file.close();
     EXPECT_EQ(XdgLoginItems(QStringLiteral("/x"), path).status(), LoginItemStatus::NotRegistered);
 
-    XdgLoginItems blocked(QStringLiteral("/x"), path + QStringLiteral("/inside/entry.desktop")); // parent is a file
+    XdgLoginItems blocked(QStringLiteral("/x"),
+                          path + QStringLiteral("/inside/entry.desktop")); // parent is a file
     const auto error = blocked.registerItem();
     ASSERT_TRUE(error.has_value());
     EXPECT_FALSE(error->isEmpty());

@@ -27,7 +27,8 @@ int main(int argc, char** argv)
 
     QtScheduler scheduler;
     Platform platform = macos::makePlatform(scheduler);
-    Resources resources(Resources::locate(QCoreApplication::applicationDirPath()), platform.preferredLanguages);
+    Resources resources(Resources::locate(QCoreApplication::applicationDirPath()),
+                        platform.preferredLanguages);
     AppDelegate delegate(platform, scheduler, resources);
 
     ArrangeHUD arrangeGuide(*platform.screens);

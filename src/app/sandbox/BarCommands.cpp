@@ -67,7 +67,8 @@ void hoverCommand(CommandContext& c)
         const std::optional<WindowServerRect> f = main ? main->windowServerFrame() : std::nullopt;
         if (!f)
             c.fail(QStringLiteral("the main item is not in the bar"));
-        const double dx = number(c, 2, QStringLiteral("DX")), dy = number(c, 3, QStringLiteral("DY"));
+        const double dx = number(c, 2, QStringLiteral("DX")),
+                     dy = number(c, 3, QStringLiteral("DY"));
         point.x = dx < 0 ? f->x + dx : dx > 0 ? f->maxX() + dx : f->x + f->width / 2;
         point.y = dy < 0 ? f->y + dy : dy > 0 ? f->maxY() + dy : f->y + f->height / 2;
     } else if (target.startsWith(QStringLiteral("item:"))) {
@@ -77,7 +78,8 @@ void hoverCommand(CommandContext& c)
         point = placed->frame.center();
     } else if (target == u"menubar" || target == u"desktop") {
         const SimScreen s = desktop.mainScreen();
-        point = target == u"menubar" ? WindowServerPoint{8, s.menuBarHeight / 2} : WindowServerPoint{s.width / 2, s.height / 2};
+        point = target == u"menubar" ? WindowServerPoint{8, s.menuBarHeight / 2}
+                                     : WindowServerPoint{s.width / 2, s.height / 2};
     } else {
         c.fail(QStringLiteral("unknown hover target %1").arg(target));
     }
@@ -99,12 +101,18 @@ void menuCommand(CommandContext& c)
     QStringList path;
     for (qsizetype i = 1; i < c.wordCount(); ++i) {
         const QString w = c.word(i);
-        path.append(w.startsWith(QStringLiteral("text:")) ? c.session.app().languageManager().L(w.mid(5)) : w);
+        path.append(w.startsWith(QStringLiteral("text:"))
+                        ? c.session.app().languageManager().L(w.mid(5))
+                        : w);
     }
     switch (bar.choose(path)) {
-    case SimStatusBar::Choice::NoMenu: c.fail(QStringLiteral("no menu is open"));
-    case SimStatusBar::Choice::NoSuchEntry: c.fail(QStringLiteral("the open menu has no entry %1").arg(path.join(QStringLiteral(" > "))));
-    case SimStatusBar::Choice::Done: break;
+    case SimStatusBar::Choice::NoMenu:
+        c.fail(QStringLiteral("no menu is open"));
+    case SimStatusBar::Choice::NoSuchEntry:
+        c.fail(
+            QStringLiteral("the open menu has no entry %1").arg(path.join(QStringLiteral(" > "))));
+    case SimStatusBar::Choice::Done:
+        break;
     }
     c.session.scheduler().runDue();
 }
@@ -131,11 +139,13 @@ QJsonValue controllerSection(SandboxSession& s, bool)
         {QStringLiteral("buildingCache"), c->buildingCache()},
         {QStringLiteral("didFullBuild"), c->didFullBuild()},
         {QStringLiteral("lastBarSignature"), c->lastBarSignature()},
-        {QStringLiteral("timers"), QJsonObject{{QStringLiteral("rehide"), c->rehideTimerArmed()},
-                                              {QStringLiteral("revealSafety"), c->revealSafetyTimerArmed()},
-                                              {QStringLiteral("watch"), c->watchTimerArmed()}}},
-        {QStringLiteral("monitors"), QJsonObject{{QStringLiteral("hover"), c->hoverMonitorInstalled()},
-                                                {QStringLiteral("revealCollapse"), c->revealCollapseMonitorInstalled()}}},
+        {QStringLiteral("timers"),
+         QJsonObject{{QStringLiteral("rehide"), c->rehideTimerArmed()},
+                     {QStringLiteral("revealSafety"), c->revealSafetyTimerArmed()},
+                     {QStringLiteral("watch"), c->watchTimerArmed()}}},
+        {QStringLiteral("monitors"),
+         QJsonObject{{QStringLiteral("hover"), c->hoverMonitorInstalled()},
+                     {QStringLiteral("revealCollapse"), c->revealCollapseMonitorInstalled()}}},
     };
 }
 
@@ -144,15 +154,17 @@ QJsonValue statusItemsSection(SandboxSession& s, bool)
     QJsonObject items;
     for (const SimStatusItem* item : s.statusBar().items()) {
         const std::optional<WindowServerRect> f = item->windowServerFrame();
-        items.insert(item->autosaveName(),
-                     QJsonObject{{QStringLiteral("length"), item->length()},
-                                 {QStringLiteral("image"), item->image().isEmpty() ? QJsonValue() : QJsonValue(item->image())},
-                                 {QStringLiteral("title"), item->title()},
-                                 {QStringLiteral("toolTip"), item->toolTip()},
-                                 {QStringLiteral("appearsDisabled"), item->appearsDisabled()},
-                                 {QStringLiteral("x"), f ? QJsonValue(f->x) : QJsonValue()},
-                                 {QStringLiteral("width"), f ? QJsonValue(f->width) : QJsonValue()},
-                                 {QStringLiteral("onScreen"), item->onScreen()}});
+        items.insert(
+            item->autosaveName(),
+            QJsonObject{{QStringLiteral("length"), item->length()},
+                        {QStringLiteral("image"),
+                         item->image().isEmpty() ? QJsonValue() : QJsonValue(item->image())},
+                        {QStringLiteral("title"), item->title()},
+                        {QStringLiteral("toolTip"), item->toolTip()},
+                        {QStringLiteral("appearsDisabled"), item->appearsDisabled()},
+                        {QStringLiteral("x"), f ? QJsonValue(f->x) : QJsonValue()},
+                        {QStringLiteral("width"), f ? QJsonValue(f->width) : QJsonValue()},
+                        {QStringLiteral("onScreen"), item->onScreen()}});
     }
     return items;
 }
@@ -161,12 +173,16 @@ QJsonArray menuEntries(const std::vector<MenuEntry>& entries)
 {
     QJsonArray list;
     for (const MenuEntry& e : entries) {
-        list.append(QJsonObject{{QStringLiteral("title"), e.separator ? QJsonValue() : QJsonValue(e.title)},
-                                {QStringLiteral("separator"), e.separator},
-                                {QStringLiteral("checked"), e.checked},
-                                {QStringLiteral("keyEquivalent"), e.keyEquivalent.isEmpty() ? QJsonValue() : QJsonValue(e.keyEquivalent)},
-                                {QStringLiteral("submenu"), e.submenu.empty() ? QJsonValue()
-                                                                              : QJsonValue(QJsonObject{{QStringLiteral("entries"), menuEntries(e.submenu)}})}});
+        list.append(QJsonObject{
+            {QStringLiteral("title"), e.separator ? QJsonValue() : QJsonValue(e.title)},
+            {QStringLiteral("separator"), e.separator},
+            {QStringLiteral("checked"), e.checked},
+            {QStringLiteral("keyEquivalent"),
+             e.keyEquivalent.isEmpty() ? QJsonValue() : QJsonValue(e.keyEquivalent)},
+            {QStringLiteral("submenu"),
+             e.submenu.empty()
+                 ? QJsonValue()
+                 : QJsonValue(QJsonObject{{QStringLiteral("entries"), menuEntries(e.submenu)}})}});
     }
     return list;
 }
@@ -184,7 +200,8 @@ QJsonValue hudSection(SandboxSession& s, bool)
     const ArrangeGuide* guide = s.arrangeGuide();
     if (!guide || !guide->isVisible())
         return QJsonValue();
-    return QJsonObject{{QStringLiteral("visible"), true}, {QStringLiteral("frame"), frameJson(guide->frame())}};
+    return QJsonObject{{QStringLiteral("visible"), true},
+                       {QStringLiteral("frame"), frameJson(guide->frame())}};
 }
 
 QJsonValue engineSection(SandboxSession& s, bool)
@@ -195,11 +212,13 @@ QJsonValue engineSection(SandboxSession& s, bool)
         items.append(id);
     QJsonValue error;
     if (const auto e = engine.lastError())
-        error = QJsonObject{{QStringLiteral("domain"), e->domain}, {QStringLiteral("code"), e->code},
+        error = QJsonObject{{QStringLiteral("domain"), e->domain},
+                            {QStringLiteral("code"), e->code},
                             {QStringLiteral("description"), e->description}};
     return QJsonObject{{QStringLiteral("available"), engine.isAvailable()},
                        {QStringLiteral("state"), engine.stateName()},
-                       {QStringLiteral("allowedBundleIDs"), QJsonArray::fromStringList(engine.lastAllowedBundleIDs())},
+                       {QStringLiteral("allowedBundleIDs"),
+                        QJsonArray::fromStringList(engine.lastAllowedBundleIDs())},
                        {QStringLiteral("allowedSystemItems"), items},
                        {QStringLiteral("lastError"), error}};
 }

@@ -78,7 +78,8 @@ void expect(CommandContext& c)
         c.fail(QStringLiteral("a JSON pointer starts with '/': %1").arg(pointer));
     // Only the section the pointer names is built.
     const QString section = JsonPointer::tokens(pointer).value(0);
-    const QJsonObject state = c.runner.dump(section.isEmpty() ? QStringList() : QStringList{section}, false);
+    const QJsonObject state =
+        c.runner.dump(section.isEmpty() ? QStringList() : QStringList{section}, false);
     std::optional<QJsonValue> found = JsonPointer::resolve(state, pointer);
     if (found && (found->isNull() || found->isUndefined()))
         found.reset();
@@ -98,7 +99,8 @@ void expect(CommandContext& c)
     } else if (op == u"contains" || op == u"lacks") {
         holds = contains(found, wanted) == (op == u"contains");
     } else if (op == u"count") {
-        holds = found && found->isArray() && wanted.isDouble() && found->toArray().size() == wanted.toDouble();
+        holds = found && found->isArray() && wanted.isDouble() &&
+                found->toArray().size() == wanted.toDouble();
     } else if (auto ordered = compareNumbers(op, 0, 0); ordered.has_value()) {
         if (found && found->isDouble() && wanted.isDouble())
             holds = *compareNumbers(op, found->toDouble(), wanted.toDouble());
@@ -140,15 +142,15 @@ void registerCoreCommands(ScriptRunner& runner)
         if (c.word(1) != u"text")
             c.fail(QStringLiteral("print knows only: print text KEY"));
         const QString key = c.need(2, QStringLiteral("the text key"));
-        c.runner.print(QJsonObject{{QStringLiteral("text"), c.session.app().languageManager().L(key)}});
+        c.runner.print(
+            QJsonObject{{QStringLiteral("text"), c.session.app().languageManager().L(key)}});
     });
     runner.addCommand(QStringLiteral("expect"), Phase::Any, expect);
 }
 
 void registerPendingCommands(ScriptRunner& runner)
 {
-    runner.addUnsupported({
-    });
+    runner.addUnsupported({});
 }
 
 void registerAll(ScriptRunner& runner)

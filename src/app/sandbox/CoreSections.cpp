@@ -56,7 +56,8 @@ QJsonValue processSection(SandboxSession& s, bool)
         {QStringLiteral("running"), s.started() && a.running()},
         {QStringLiteral("exitCode"), a.exitCode() ? QJsonValue(*a.exitCode()) : QJsonValue()},
         {QStringLiteral("terminateRequested"), a.terminateRequested()},
-        {QStringLiteral("activationPolicy"), accessory ? QStringLiteral("accessory") : QStringLiteral("regular")},
+        {QStringLiteral("activationPolicy"),
+         accessory ? QStringLiteral("accessory") : QStringLiteral("regular")},
     };
 }
 
@@ -75,7 +76,8 @@ QJsonValue languageSection(SandboxSession& s, bool)
 
 void registerCoreSections(ScriptRunner& runner)
 {
-    runner.addSection(QStringLiteral("time"), [](SandboxSession& s, bool) { return QJsonValue(s.scheduler().now()); });
+    runner.addSection(QStringLiteral("time"),
+                      [](SandboxSession& s, bool) { return QJsonValue(s.scheduler().now()); });
     runner.addSection(QStringLiteral("process"), processSection);
     runner.addSection(QStringLiteral("preferences"), preferencesSection);
     runner.addSection(QStringLiteral("defaults"), [](SandboxSession& s, bool) {
@@ -83,7 +85,8 @@ void registerCoreSections(ScriptRunner& runner)
     });
     runner.addSection(QStringLiteral("language"), languageSection);
     runner.addSection(QStringLiteral("login"), [](SandboxSession& s, bool) {
-        return QJsonValue(QJsonObject{{QStringLiteral("status"), loginItemStatusName(s.login().status())}});
+        return QJsonValue(
+            QJsonObject{{QStringLiteral("status"), loginItemStatusName(s.login().status())}});
     });
 }
 

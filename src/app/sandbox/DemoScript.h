@@ -14,7 +14,8 @@ inline QString sampleDesktopForMachine()
 {
     QStringList lines;
     for (const QString& line : sampleDesktopScript().split(u'\n')) {
-        if (!line.startsWith(QStringLiteral("probe ")) && !line.startsWith(QStringLiteral("location ")) &&
+        if (!line.startsWith(QStringLiteral("probe ")) &&
+            !line.startsWith(QStringLiteral("location ")) &&
             !line.startsWith(QStringLiteral("forecast ")))
             lines << line;
     }

@@ -19,7 +19,8 @@ DesktopScene::StatusItem ownItem(const SimStatusItem& item, const WindowServerRe
     DesktopScene::StatusItem shown;
     shown.frame = QRectF(frame.x, frame.y, frame.width, frame.height);
     shown.symbol = item.image();
-    shown.separator = item.autosaveName() != StatusBarController::mainName && item.image().isEmpty();
+    shown.separator =
+        item.autosaveName() != StatusBarController::mainName && item.image().isEmpty();
     return shown;
 }
 
@@ -43,7 +44,8 @@ DesktopScene desktopScene(SandboxSession& s, bool withWindows)
             continue;
         }
         DesktopScene::StatusItem item;
-        item.frame = QRectF(placed.frame.x, placed.frame.y, placed.frame.width, placed.frame.height);
+        item.frame =
+            QRectF(placed.frame.x, placed.frame.y, placed.frame.width, placed.frame.height);
         item.image = s.platform().windowServer->windowImage(std::uint32_t(placed.item.window));
         scene.items.push_back(item);
     }

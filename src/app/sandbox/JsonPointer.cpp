@@ -10,7 +10,8 @@ QStringList tokens(const QString& pointer)
     QStringList parts = pointer.split(u'/');
     parts.removeFirst(); // before the leading slash
     for (QString& part : parts)
-        part.replace(QStringLiteral("~1"), QStringLiteral("/")).replace(QStringLiteral("~0"), QStringLiteral("~"));
+        part.replace(QStringLiteral("~1"), QStringLiteral("/"))
+            .replace(QStringLiteral("~0"), QStringLiteral("~"));
     return parts;
 }
 
@@ -31,7 +32,8 @@ std::optional<QJsonValue> resolve(const QJsonValue& root, const QString& pointer
             bool ok = false;
             const qsizetype index = token.toLongLong(&ok);
             const QJsonArray array = current.toArray();
-            if (!ok || index < 0 || index >= array.size() || (token.size() > 1 && token.startsWith(u'0')))
+            if (!ok || index < 0 || index >= array.size() ||
+                (token.size() > 1 && token.startsWith(u'0')))
                 return std::nullopt;
             current = array.at(index);
         } else {

@@ -4,12 +4,12 @@
 #include "SandboxSession.h"
 #include "ScriptRunner.h"
 
+#include "DesktopScene.h"
 #include "core/app/AppDelegate.h"
 #include "core/bar/StatusBarController.h"
 #include "platform/WindowServer.h"
 #include "platform/sim/SimDesktop.h"
 #include "platform/sim/SimStatusBar.h"
-#include "DesktopScene.h"
 #include "ui/DesktopRenderer.h"
 #include "ui/RavlinBar.h"
 #include "ui/RavlinBarView.h"

@@ -5,9 +5,11 @@ namespace ravlin::sandbox {
 class ScriptRunner;
 
 // Each concern registers its commands and dump sections with the runner.
-void registerCoreCommands(ScriptRunner& runner);     // start, advance, dump, expect, print
-void registerSettingsCommands(ScriptRunner& runner); // defaults, login, prefs, placement, language, locale
-void registerCoreSections(ScriptRunner& runner);     // time, process, preferences, defaults, language, login
+void registerCoreCommands(ScriptRunner& runner); // start, advance, dump, expect, print
+void registerSettingsCommands(
+    ScriptRunner& runner); // defaults, login, prefs, placement, language, locale
+void registerCoreSections(
+    ScriptRunner& runner); // time, process, preferences, defaults, language, login
 // probe, location, forecast, stats, weather; the sections stats, weather and probe
 void registerSysinfoCommands(ScriptRunner& runner);
 // screen, app, item, extras, permission, launch, terminate, click, cmd-drag, selftest,
@@ -15,7 +17,8 @@ void registerSysinfoCommands(ScriptRunner& runner);
 void registerDiscoveryCommands(ScriptRunner& runner);
 void registerDesktopCommands(ScriptRunner& runner);
 void registerDiscoverySections(ScriptRunner& runner);
-// engine, instance, hover, menu, hud, reopen; the sections controller, statusItems, menu, hud, engine.
+// engine, instance, hover, menu, hud, reopen; the sections controller, statusItems, menu, hud,
+// engine.
 void registerBarCommands(ScriptRunner& runner);
 // tile, panel, screenshot; the section panel.
 void registerPanelCommands(ScriptRunner& runner);

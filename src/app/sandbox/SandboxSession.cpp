@@ -1,6 +1,7 @@
 #include "SandboxSession.h"
 
 #include "core/app/AppDelegate.h"
+#include "core/app/MenuBarServices.h"
 #include "platform/ApplicationControl.h"
 #include "platform/sim/SimApplicationControl.h"
 #include "platform/sim/SimAssessmentMode.h"
@@ -10,23 +11,22 @@
 #include "ui/ArrangeHUD.h"
 #include "ui/ArrangeView.h"
 #include "ui/RavlinBar.h"
-#include "core/app/MenuBarServices.h"
 #include "ui/settings/SettingsView.h"
 #include "ui/settings/SettingsWindowController.h"
 
-#include <QPushButton>
 #include "core/foundation/ResourceBundle.h"
 #include "platform/linux/LinuxServices.h"
 #include "platform/linux/LinuxSystemProbe.h"
 #include "platform/linux/PlistFileDefaultsStore.h"
 #include "platform/linux/XdgLoginItems.h"
+#include "platform/sim/SimDesktop.h"
 #include "platform/sim/SimGeocoder.h"
 #include "platform/sim/SimHttpClient.h"
 #include "platform/sim/SimLocationService.h"
 #include "platform/sim/SimLoginItems.h"
-#include "platform/sim/SimSystemProbe.h"
-#include "platform/sim/SimDesktop.h"
 #include "platform/sim/SimPlatform.h"
+#include "platform/sim/SimSystemProbe.h"
+#include <QPushButton>
 
 #include <QCoreApplication>
 
@@ -35,13 +35,15 @@ namespace ravlin::sandbox {
 SandboxSession::SandboxSession(Options options)
     : m_options(std::move(options)), m_desktop(std::make_unique<SimDesktop>())
 {
-    m_defaultsPath = m_options.defaultsPath.isEmpty() ? m_tempDir.filePath(QStringLiteral("de.vexa.Ravlin.plist"))
-                                                      : m_options.defaultsPath;
+    m_defaultsPath = m_options.defaultsPath.isEmpty()
+                         ? m_tempDir.filePath(QStringLiteral("de.vexa.Ravlin.plist"))
+                         : m_options.defaultsPath;
     m_platform.defaults = std::make_unique<PlistFileDefaultsStore>(m_defaultsPath);
     auto login = std::make_unique<SimLoginItems>();
     m_login = login.get();
     if (m_options.realLoginItems)
-        m_platform.loginItems = std::make_unique<XdgLoginItems>(QCoreApplication::applicationFilePath());
+        m_platform.loginItems =
+            std::make_unique<XdgLoginItems>(QCoreApplication::applicationFilePath());
     else
         m_platform.loginItems = std::move(login);
     m_ownedSimLogin = std::move(login);
@@ -54,7 +56,8 @@ SandboxSession::SandboxSession(Options options)
         const auto hit = m_desktop->itemAt(click.point);
         if (hit && hit->item.own)
             return;
-        monitors().deliver(click.button == MouseButton::Right ? EventMonitors::RightMouseDown : EventMonitors::LeftMouseDown);
+        monitors().deliver(click.button == MouseButton::Right ? EventMonitors::RightMouseDown
+                                                              : EventMonitors::LeftMouseDown);
     });
     m_desktop->setDefaults(m_platform.defaults.get());
     m_desktop->setScheduler(&m_scheduler);
@@ -130,8 +133,10 @@ QWidget* SandboxSession::arrangeWindow()
 std::vector<QWidget*> SandboxSession::visibleWindows()
 {
     std::vector<QWidget*> windows;
-    QWidget* settings = m_settingsWindow && m_settingsWindow->isVisible() ? m_settingsWindow->view() : nullptr;
-    for (QWidget* window : {settings, arrangeWindow(), m_ravlinBar ? m_ravlinBar->window() : nullptr})
+    QWidget* settings =
+        m_settingsWindow && m_settingsWindow->isVisible() ? m_settingsWindow->view() : nullptr;
+    for (QWidget* window :
+         {settings, arrangeWindow(), m_ravlinBar ? m_ravlinBar->window() : nullptr})
         if (window && window->isVisible())
             windows.push_back(window);
     return windows;
@@ -180,8 +185,9 @@ AppDelegate& SandboxSession::app()
         m_app = std::make_unique<AppDelegate>(m_platform, m_scheduler, *m_resources);
         m_arrangeHUD = std::make_unique<ArrangeHUD>(*m_platform.screens);
         m_ravlinBar = std::make_unique<RavlinBar>(RavlinBarServices{
-            m_scheduler, *m_platform.screens, m_app->preferences(), m_app->languageManager(), m_app->systemStats(),
-            m_app->weatherService(), m_app->tileModel(), m_app->menuBar().permissions(), *m_platform.workspace});
+            m_scheduler, *m_platform.screens, m_app->preferences(), m_app->languageManager(),
+            m_app->systemStats(), m_app->weatherService(), m_app->tileModel(),
+            m_app->menuBar().permissions(), *m_platform.workspace});
         m_ravlinBar->setAnimated(false); // virtual time has no animation frames
         m_settingsWindow = std::make_unique<SettingsWindowController>(*m_app);
         AppWindows windows;

@@ -10,8 +10,8 @@
 class QWidget;
 
 #include <memory>
-#include <vector>
 #include <optional>
+#include <vector>
 
 namespace ravlin {
 class AppDelegate;
@@ -52,7 +52,8 @@ public:
         QString defaultsPath; // empty: a fresh settings file in a temporary folder
         QString logDir;       // empty: the fixed /tmp paths
         QString resourcesDir; // empty: found beside the executable
-        // The machine's own statistics, location, geocoder and network instead of the simulated ones.
+        // The machine's own statistics, location, geocoder and network instead of the simulated
+        // ones.
         bool realSystem = false;
         // The XDG autostart entry instead of the simulated login item (the interactive sandbox).
         bool realLoginItems = false;

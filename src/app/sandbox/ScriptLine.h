@@ -16,7 +16,7 @@ struct ScriptLine {
     };
 
     int number = 0;
-    QString raw;     // the line without its comment, trimmed at the end
+    QString raw; // the line without its comment, trimmed at the end
     QList<Word> words;
 
     static std::optional<ScriptLine> parse(const QString& line, int number, QString* error);

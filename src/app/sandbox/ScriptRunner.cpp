@@ -30,8 +30,7 @@ QMap<QString, QString> CommandContext::options(qsizetype from) const
 
 ScriptRunner::ScriptRunner(SandboxSession& session, QTextStream& out, QTextStream& err)
     : m_session(session), m_out(out), m_err(err)
-{
-}
+{}
 
 void ScriptRunner::addCommand(const QString& name, Phase phase, Handler handler)
 {
@@ -119,7 +118,8 @@ int ScriptRunner::run(const QString& script)
             m_err.flush();
             return 2;
         } catch (const ExpectFailure& f) {
-            m_err << "expect failed at line " << number << ": " << f.expected << " / " << f.found << '\n';
+            m_err << "expect failed at line " << number << ": " << f.expected << " / " << f.found
+                  << '\n';
             m_err.flush();
             return 1;
         }

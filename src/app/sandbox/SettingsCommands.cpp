@@ -90,7 +90,8 @@ void setPreference(CommandContext& c)
     } else if (name == u"tileStyle") {
         const auto style = tileStyleFromRawValue(v.asString().value_or(QString()));
         if (!style)
-            c.fail(QStringLiteral("tileStyle takes \"dashboard\", \"capsules\", \"grid\" or \"strip\""));
+            c.fail(QStringLiteral(
+                "tileStyle takes \"dashboard\", \"capsules\", \"grid\" or \"strip\""));
         p.setTileStyle(*style);
     } else if (name == u"hiddenSystemItemIDs") {
         std::set<std::int64_t> ids;
@@ -143,7 +144,8 @@ void registerSettingsCommands(ScriptRunner& runner)
     runner.addCommand(QStringLiteral("prefs"), Phase::AfterStart, setPreference);
     runner.addCommand(QStringLiteral("placement"), Phase::AfterStart, [](CommandContext& c) {
         const QString key = c.need(1, QStringLiteral("the item key"));
-        const auto placement = itemPlacementFromName(c.need(2, QStringLiteral("bar, panel or off")));
+        const auto placement =
+            itemPlacementFromName(c.need(2, QStringLiteral("bar, panel or off")));
         if (!placement)
             c.fail(QStringLiteral("placement takes bar, panel or off"));
         c.session.app().preferences().setPlacement(key, *placement);

@@ -16,8 +16,8 @@
 #include <QDir>
 #include <QFile>
 #include <QLocalServer>
-#include <QLoggingCategory>
 #include <QLocalSocket>
+#include <QLoggingCategory>
 #include <QScreen>
 #include <QTextStream>
 
@@ -32,7 +32,8 @@ bool hasDisplay()
 {
     if (qEnvironmentVariable("QT_QPA_PLATFORM") == u"offscreen")
         return false;
-    return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+    return !qEnvironmentVariableIsEmpty("DISPLAY") ||
+           !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
 }
 
 int runScript(const QString& script, const SandboxSession::Options& options)
@@ -49,8 +50,9 @@ int runScript(const QString& script, const SandboxSession::Options& options)
 int runDemo(const SandboxSession::Options& options, QString folder)
 {
     if (folder.isEmpty())
-        folder = QDir::temp().filePath(QStringLiteral("ravlin-demo-") +
-                                       QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss")));
+        folder = QDir::temp().filePath(
+            QStringLiteral("ravlin-demo-") +
+            QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss")));
     folder = QDir(folder).absolutePath();
     QDir().mkpath(folder);
     QString trace;
@@ -130,9 +132,12 @@ int showWindow(const SandboxSession::Options& options)
     // windows stand at the same coordinates on both.
     const QRect available = QGuiApplication::primaryScreen()->geometry();
     SandboxWindow::Setup setup;
-    setup.defaultsPath = options.defaultsPath.isEmpty() ? ravlin::PlistFileDefaultsStore::defaultPath() : options.defaultsPath;
+    setup.defaultsPath = options.defaultsPath.isEmpty()
+                             ? ravlin::PlistFileDefaultsStore::defaultPath()
+                             : options.defaultsPath;
     setup.logDir = options.logDir;
-    setup.screenSize = QSize(std::max(800, available.width() - 320), std::max(500, available.height()));
+    setup.screenSize =
+        QSize(std::max(800, available.width() - 320), std::max(500, available.height()));
     SandboxWindow window(setup);
     QObject::connect(&single, &QLocalServer::newConnection, &window, [&] {
         if (QLocalSocket* s = single.nextPendingConnection())
@@ -141,7 +146,8 @@ int showWindow(const SandboxSession::Options& options)
         window.activateWindow();
     });
     window.setWindowFlag(Qt::FramelessWindowHint);
-    window.setGeometry(available.x(), available.y(), setup.screenSize.width() + 320, setup.screenSize.height());
+    window.setGeometry(available.x(), available.y(), setup.screenSize.width() + 320,
+                       setup.screenSize.height());
     logWindow = &window;
     defaultHandler = qInstallMessageHandler(logToWindow);
     window.show();
@@ -164,9 +170,11 @@ int main(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
         defaultHandler = qInstallMessageHandler(quietOffscreenNotes);
         if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
-            const QByteArray runtime = QDir::tempPath().toLocal8Bit() + "/ravlin-runtime-" + QByteArray::number(getuid());
+            const QByteArray runtime =
+                QDir::tempPath().toLocal8Bit() + "/ravlin-runtime-" + QByteArray::number(getuid());
             QDir().mkpath(QString::fromLocal8Bit(runtime));
-            QFile::setPermissions(QString::fromLocal8Bit(runtime), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+            QFile::setPermissions(QString::fromLocal8Bit(runtime),
+                                  QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
             qputenv("XDG_RUNTIME_DIR", runtime);
         }
     }
@@ -181,10 +189,20 @@ int main(int argc, char** argv)
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Ravlin over a simulated macOS desktop."));
     parser.addHelpOption();
-    QCommandLineOption scriptOption(QStringLiteral("script"), QStringLiteral("Run a sandbox script ('-' for standard input)."), QStringLiteral("FILE"));
-    QCommandLineOption defaultsOption(QStringLiteral("defaults"), QStringLiteral("Use this property-list file as the settings file."), QStringLiteral("PLIST"));
-    QCommandLineOption logDirOption(QStringLiteral("log-dir"), QStringLiteral("Write the self-test logs here."), QStringLiteral("DIR"));
-    QCommandLineOption demoDirOption(QStringLiteral("demo-dir"), QStringLiteral("Without a display: where the demo writes its screenshots and trace."), QStringLiteral("DIR"));
+    QCommandLineOption scriptOption(
+        QStringLiteral("script"), QStringLiteral("Run a sandbox script ('-' for standard input)."),
+        QStringLiteral("FILE"));
+    QCommandLineOption defaultsOption(
+        QStringLiteral("defaults"),
+        QStringLiteral("Use this property-list file as the settings file."),
+        QStringLiteral("PLIST"));
+    QCommandLineOption logDirOption(QStringLiteral("log-dir"),
+                                    QStringLiteral("Write the self-test logs here."),
+                                    QStringLiteral("DIR"));
+    QCommandLineOption demoDirOption(
+        QStringLiteral("demo-dir"),
+        QStringLiteral("Without a display: where the demo writes its screenshots and trace."),
+        QStringLiteral("DIR"));
     parser.addOptions({scriptOption, defaultsOption, logDirOption, demoDirOption});
     parser.process(app);
 
@@ -195,9 +213,11 @@ int main(int argc, char** argv)
     if (parser.isSet(scriptOption)) {
         const QString path = parser.value(scriptOption);
         QFile file;
-        const bool opened = path == u"-" ? file.open(stdin, QIODevice::ReadOnly) : (file.setFileName(path), file.open(QIODevice::ReadOnly));
+        const bool opened = path == u"-" ? file.open(stdin, QIODevice::ReadOnly)
+                                         : (file.setFileName(path), file.open(QIODevice::ReadOnly));
         if (!opened) {
-            std::fprintf(stderr, "cannot read the script %s: %s\n", qPrintable(path), qPrintable(file.errorString()));
+            std::fprintf(stderr, "cannot read the script %s: %s\n", qPrintable(path),
+                         qPrintable(file.errorString()));
             return 2;
         }
         return runScript(QString::fromUtf8(file.readAll()), options);

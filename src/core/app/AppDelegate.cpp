@@ -27,20 +27,21 @@
 namespace ravlin {
 
 AppDelegate::AppDelegate(Platform& platform, Scheduler& scheduler, const Resources& resources)
-    : m_platform(platform),
-      m_scheduler(scheduler),
+    : m_platform(platform), m_scheduler(scheduler),
       m_notifications(std::make_unique<NotificationCenter>()),
-      m_preferences(std::make_unique<Preferences>(*platform.defaults, *m_notifications, platform.loginItems.get())),
+      m_preferences(std::make_unique<Preferences>(*platform.defaults, *m_notifications,
+                                                  platform.loginItems.get())),
       m_language(std::make_unique<LanguageManager>(resources, *platform.defaults, *m_preferences)),
       m_stats(std::make_unique<SystemStats>(scheduler, *platform.systemProbe)),
-      m_weather(std::make_unique<WeatherService>(scheduler, *platform.location, *platform.geocoder, *platform.http)),
+      m_weather(std::make_unique<WeatherService>(scheduler, *platform.location, *platform.geocoder,
+                                                 *platform.http)),
       m_logs(std::make_unique<DiagnosticLogs>()),
-      m_menuBar(std::make_unique<MenuBarServices>(platform, scheduler, *platform.defaults, *m_language, *m_logs)),
+      m_menuBar(std::make_unique<MenuBarServices>(platform, scheduler, *platform.defaults,
+                                                  *m_language, *m_logs)),
       m_scannerModel(std::make_unique<ScannerModel>(m_menuBar->scanner(), m_menuBar->apps())),
       m_tileModel(std::make_unique<TileModel>(*platform.defaults)),
       m_hideEngine(std::make_unique<MenuBarHideEngine>(platform.assessmentMode.get()))
-{
-}
+{}
 
 AppDelegate::~AppDelegate()
 {
@@ -64,7 +65,8 @@ bool AppDelegate::anotherInstanceIsRunning()
     for (const RunningApplication& app : workspace.runningApplications()) {
         // Two absent identifiers count as the same application.
         if (app.pid != self && app.bundleIdentifier == ownID) {
-            qCInfo(lcApp) << "another copy is running (pid" << app.pid << "); bringing it forward and quitting";
+            qCInfo(lcApp) << "another copy is running (pid" << app.pid
+                          << "); bringing it forward and quitting";
             workspace.activate(app.pid);
             m_platform.application->terminate();
             return true;
@@ -84,15 +86,34 @@ void AppDelegate::applicationDidFinishLaunching(const QStringList& arguments)
     }
     m_preferences->registerDefaults();
     m_language->applyStored();
-    m_statusBar = std::make_unique<StatusBarController>(StatusBarServices{
-        m_scheduler, *m_preferences, *m_language, *m_notifications, *m_platform.statusBar, *m_platform.eventMonitors,
-        *m_platform.screens, *m_platform.workspace, *m_platform.events, *m_platform.application, *m_hideEngine,
-        m_menuBar->captureEngine(), m_menuBar->scanner(), m_menuBar->apps(), *m_scannerModel, m_menuBar->itemFactory(),
-        m_menuBar->grouping(), m_menuBar->moveEngine(), m_menuBar->resolver(), m_windows.panel, m_windows.guide,
-        m_windows.settings, m_platform.bundleIdentifier});
+    m_statusBar =
+        std::make_unique<StatusBarController>(StatusBarServices{m_scheduler,
+                                                                *m_preferences,
+                                                                *m_language,
+                                                                *m_notifications,
+                                                                *m_platform.statusBar,
+                                                                *m_platform.eventMonitors,
+                                                                *m_platform.screens,
+                                                                *m_platform.workspace,
+                                                                *m_platform.events,
+                                                                *m_platform.application,
+                                                                *m_hideEngine,
+                                                                m_menuBar->captureEngine(),
+                                                                m_menuBar->scanner(),
+                                                                m_menuBar->apps(),
+                                                                *m_scannerModel,
+                                                                m_menuBar->itemFactory(),
+                                                                m_menuBar->grouping(),
+                                                                m_menuBar->moveEngine(),
+                                                                m_menuBar->resolver(),
+                                                                m_windows.panel,
+                                                                m_windows.guide,
+                                                                m_windows.settings,
+                                                                m_platform.bundleIdentifier});
     if (m_preferences->showWeather())
         m_weather->refreshIfStale();
-    // A first reading at launch primes the sampler; the tile panel starts it again when it shows figures.
+    // A first reading at launch primes the sampler; the tile panel starts it again when it shows
+    // figures.
     m_stats->start(SystemStats::defaultInterval);
     m_scheduler.after(1.0, [stats = QPointer<SystemStats>(m_stats.get())] {
         if (stats)
@@ -101,7 +122,8 @@ void AppDelegate::applicationDidFinishLaunching(const QStringList& arguments)
     PermissionManager& permissions = m_menuBar->permissions();
     if (!permissions.hasScreenRecording())
         permissions.requestScreenRecording();
-    if (m_preferences->launchAtLogin() && m_platform.loginItems && !LaunchAtLogin::isEnabled(*m_platform.loginItems))
+    if (m_preferences->launchAtLogin() && m_platform.loginItems &&
+        !LaunchAtLogin::isEnabled(*m_platform.loginItems))
         LaunchAtLogin::setEnabled(*m_platform.loginItems, true);
     if (arguments.contains(QStringLiteral("--settings")))
         showSettings(0);
@@ -125,21 +147,24 @@ void AppDelegate::runHideEngineSelfTest()
 {
     const bool trusted = m_platform.accessibility->isProcessTrusted();
     auto text = [](bool b) { return b ? QStringLiteral("true") : QStringLiteral("false"); };
-    m_hideLog = QStringLiteral("HideEngine test @ ") + SelfTestText::date(m_scheduler.currentDate()) +
-                QStringLiteral("\n  isAvailable=") + text(m_hideEngine->isAvailable()) + QStringLiteral("\n  AXTrusted=") +
+    m_hideLog = QStringLiteral("HideEngine test @ ") +
+                SelfTestText::date(m_scheduler.currentDate()) + QStringLiteral("\n  isAvailable=") +
+                text(m_hideEngine->isAvailable()) + QStringLiteral("\n  AXTrusted=") +
                 text(trusted) + u'\n';
     m_logs->write(DiagnosticLogs::hideLog, m_hideLog);
-    m_hideEngine->restrict({}, MenuBarHideEngine::allowedSystemItems(), [this](std::optional<PlatformError> error) {
-        m_hideLog += error ? QStringLiteral("  ❌ restrict error: ") + error->description + u'\n'
-                           : QStringLiteral("  ✅ restrict OK — Drittanbieter-Items ausgeblendet (6s)\n");
-        m_logs->write(DiagnosticLogs::hideLog, m_hideLog);
-        m_scheduler.after(6.0, [this] {
-            m_hideEngine->release();
-            m_hideLog += QStringLiteral("  ↩︎ release — Items wieder eingeblendet\n");
+    m_hideEngine->restrict(
+        {}, MenuBarHideEngine::allowedSystemItems(), [this](std::optional<PlatformError> error) {
+            m_hideLog +=
+                error ? QStringLiteral("  ❌ restrict error: ") + error->description + u'\n'
+                      : QStringLiteral("  ✅ restrict OK — Drittanbieter-Items ausgeblendet (6s)\n");
             m_logs->write(DiagnosticLogs::hideLog, m_hideLog);
-            m_scheduler.after(1.0, [this] { m_platform.application->exit(0); });
+            m_scheduler.after(6.0, [this] {
+                m_hideEngine->release();
+                m_hideLog += QStringLiteral("  ↩︎ release — Items wieder eingeblendet\n");
+                m_logs->write(DiagnosticLogs::hideLog, m_hideLog);
+                m_scheduler.after(1.0, [this] { m_platform.application->exit(0); });
+            });
         });
-    });
 }
 
 } // namespace ravlin

@@ -36,7 +36,6 @@ struct AppWindows {
 // core and runs the start-up sequence over the platform it is given.
 class AppDelegate {
 public:
-
     AppDelegate(Platform& platform, Scheduler& scheduler, const Resources& resources);
     ~AppDelegate();
 

@@ -25,18 +25,24 @@ const std::vector<MenuBarHideEngine::SystemItem>& MenuBarHideEngine::knownSystem
 const QStringList& MenuBarHideEngine::mandatoryBundleIDs()
 {
     static const QStringList ids = {
-        QStringLiteral("com.apple.controlcenter"),         QStringLiteral("com.apple.MenuBarAgent"),
-        QStringLiteral("com.apple.systemuiserver"),        QStringLiteral("com.apple.TextInputMenuAgent"),
-        QStringLiteral("com.apple.wifi.WiFiAgent"),        QStringLiteral("com.apple.ScreenTimeAgent"),
-        QStringLiteral("com.apple.AirPlayUIAgent"),        QStringLiteral("com.apple.UserNotificationCenter"),
-        QStringLiteral("com.apple.notificationcenterui"), QStringLiteral("com.apple.loginwindow"),
+        QStringLiteral("com.apple.controlcenter"),
+        QStringLiteral("com.apple.MenuBarAgent"),
+        QStringLiteral("com.apple.systemuiserver"),
+        QStringLiteral("com.apple.TextInputMenuAgent"),
+        QStringLiteral("com.apple.wifi.WiFiAgent"),
+        QStringLiteral("com.apple.ScreenTimeAgent"),
+        QStringLiteral("com.apple.AirPlayUIAgent"),
+        QStringLiteral("com.apple.UserNotificationCenter"),
+        QStringLiteral("com.apple.notificationcenterui"),
+        QStringLiteral("com.apple.loginwindow"),
     };
     return ids;
 }
 
 const QStringList& MenuBarHideEngine::spotlightBundleIDs()
 {
-    static const QStringList ids = {QStringLiteral("com.apple.campo"), QStringLiteral("com.apple.Spotlight"),
+    static const QStringList ids = {QStringLiteral("com.apple.campo"),
+                                    QStringLiteral("com.apple.Spotlight"),
                                     QStringLiteral("com.apple.Siri")};
     return ids;
 }
@@ -88,10 +94,14 @@ MenuBarHideEngine::State MenuBarHideEngine::state() const
 QString MenuBarHideEngine::stateName() const
 {
     switch (state()) {
-    case State::Unavailable: return QStringLiteral("unavailable");
-    case State::Idle: return QStringLiteral("idle");
-    case State::Pending: return QStringLiteral("pending");
-    case State::Restricted: return QStringLiteral("restricted");
+    case State::Unavailable:
+        return QStringLiteral("unavailable");
+    case State::Idle:
+        return QStringLiteral("idle");
+    case State::Pending:
+        return QStringLiteral("pending");
+    case State::Restricted:
+        return QStringLiteral("restricted");
     }
     return QStringLiteral("unavailable");
 }
@@ -100,17 +110,20 @@ void MenuBarHideEngine::report(std::optional<PlatformError> error, const Complet
 {
     if (error) {
         m_lastError = error;
-        qCWarning(lcHideEngine).noquote() << "restrict failed:" << error->domain << error->code << error->description;
+        qCWarning(lcHideEngine).noquote()
+            << "restrict failed:" << error->domain << error->code << error->description;
     }
     if (completion)
         completion(std::move(error));
 }
 
-void MenuBarHideEngine::restrict(const QStringList& keepVisibleBundleIDs, std::optional<std::vector<int>> allowedSystemItems,
+void MenuBarHideEngine::restrict(const QStringList& keepVisibleBundleIDs,
+                                 std::optional<std::vector<int>> allowedSystemItems,
                                  Completion completion)
 {
     if (!isAvailable()) {
-        report(PlatformError{errorDomain, 1, QStringLiteral("MenuBarClientCore nicht verfügbar")}, completion);
+        report(PlatformError{errorDomain, 1, QStringLiteral("MenuBarClientCore nicht verfügbar")},
+               completion);
         return;
     }
     QSet<QString> owners(keepVisibleBundleIDs.cbegin(), keepVisibleBundleIDs.cend());
@@ -118,29 +131,33 @@ void MenuBarHideEngine::restrict(const QStringList& keepVisibleBundleIDs, std::o
         owners.insert(id);
     QStringList allowedOwners(owners.cbegin(), owners.cend());
     allowedOwners.sort();
-    const std::vector<int> systemItems = allowedSystemItems.value_or(MenuBarHideEngine::allowedSystemItems());
+    const std::vector<int> systemItems =
+        allowedSystemItems.value_or(MenuBarHideEngine::allowedSystemItems());
     m_lastBundleIDs = allowedOwners;
     m_lastSystemItems = systemItems;
 
     m_released = false;
     auto holder = std::make_shared<std::shared_ptr<AssessmentAssertion>>();
     std::weak_ptr<bool> alive = m_alive;
-    *holder = m_mode->activate(systemItems, allowedOwners, [this, alive, holder, completion](std::optional<PlatformError> error) {
-        if (alive.expired() || !*alive.lock())
-            return;
-        --m_pending;
-        finish(*holder, std::move(error), completion);
-        holder->reset();
-    });
+    *holder =
+        m_mode->activate(systemItems, allowedOwners,
+                         [this, alive, holder, completion](std::optional<PlatformError> error) {
+                             if (alive.expired() || !*alive.lock())
+                                 return;
+                             --m_pending;
+                             finish(*holder, std::move(error), completion);
+                             holder->reset();
+                         });
     if (!*holder) {
-        report(PlatformError{errorDomain, 2, QStringLiteral("Konfiguration fehlgeschlagen")}, completion);
+        report(PlatformError{errorDomain, 2, QStringLiteral("Konfiguration fehlgeschlagen")},
+               completion);
         return;
     }
     ++m_pending;
 }
 
-void MenuBarHideEngine::finish(const std::shared_ptr<AssessmentAssertion>& assertion, std::optional<PlatformError> error,
-                               const Completion& completion)
+void MenuBarHideEngine::finish(const std::shared_ptr<AssessmentAssertion>& assertion,
+                               std::optional<PlatformError> error, const Completion& completion)
 {
     if (error) {
         if (assertion)

@@ -43,8 +43,8 @@ public:
     State state() const;
     QString stateName() const;
 
-    void restrict(const QStringList& keepVisibleBundleIDs, std::optional<std::vector<int>> allowedSystemItems,
-                  Completion completion);
+    void restrict(const QStringList& keepVisibleBundleIDs,
+                  std::optional<std::vector<int>> allowedSystemItems, Completion completion);
     void release();
 
     // What the last restrict asked for, and the last error reported.
@@ -53,8 +53,8 @@ public:
     std::optional<PlatformError> lastError() const { return m_lastError; }
 
 private:
-    void finish(const std::shared_ptr<AssessmentAssertion>& assertion, std::optional<PlatformError> error,
-                const Completion& completion);
+    void finish(const std::shared_ptr<AssessmentAssertion>& assertion,
+                std::optional<PlatformError> error, const Completion& completion);
     void report(std::optional<PlatformError> error, const Completion& completion);
 
     AssessmentMode* m_mode;

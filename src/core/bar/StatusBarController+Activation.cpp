@@ -16,7 +16,8 @@
 namespace ravlin {
 namespace {
 
-std::optional<MenuBarItemInfo> findInGroups(const std::vector<BarGroup>& groups, const BarItem& wanted)
+std::optional<MenuBarItemInfo> findInGroups(const std::vector<BarGroup>& groups,
+                                            const BarItem& wanted)
 {
     auto find = [&](auto&& matches) -> std::optional<MenuBarItemInfo> {
         for (const BarGroup& group : groups)
@@ -29,10 +30,13 @@ std::optional<MenuBarItemInfo> findInGroups(const std::vector<BarGroup>& groups,
         return hit;
     if (auto hit = find([&](const BarItem& i) { return i.info.id == wanted.info.id; }))
         return hit;
-    return find([&](const BarItem& i) { return i.info.owner == wanted.info.owner && i.info.name == wanted.info.name; });
+    return find([&](const BarItem& i) {
+        return i.info.owner == wanted.info.owner && i.info.name == wanted.info.name;
+    });
 }
 
-std::optional<CaptureEngine::Raw> findRaw(const std::vector<CaptureEngine::Raw>& raws, const BarItem& wanted)
+std::optional<CaptureEngine::Raw> findRaw(const std::vector<CaptureEngine::Raw>& raws,
+                                          const BarItem& wanted)
 {
     for (const auto& raw : raws)
         if (std::int64_t(raw.id) == wanted.info.id)
@@ -178,10 +182,12 @@ void StatusBarController::activateStat(const Stat& stat)
 {
     closeTile();
     if (stat.key == u"sys.batt") {
-        m_s.workspace.openURL(QStringLiteral("x-apple.systempreferences:com.apple.Battery-Settings.extension"));
+        m_s.workspace.openURL(
+            QStringLiteral("x-apple.systempreferences:com.apple.Battery-Settings.extension"));
         return;
     }
-    if (const std::optional<QString> url = m_s.workspace.urlForApplication(QStringLiteral("com.apple.ActivityMonitor")))
+    if (const std::optional<QString> url =
+            m_s.workspace.urlForApplication(QStringLiteral("com.apple.ActivityMonitor")))
         m_s.workspace.openApplication(*url, true);
 }
 

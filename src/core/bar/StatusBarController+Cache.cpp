@@ -26,8 +26,9 @@ namespace {
 // the clock and the control centre.
 bool leftOutOfSignature(const QString& owner, const QString& title)
 {
-    return owner == u"Ravlin" || title.startsWith(u"Ravlin") || title.startsWith(u"com.bjango.istatmenus.") ||
-           title == u"Clock" || title == u"BentoBox-0";
+    return owner == u"Ravlin" || title.startsWith(u"Ravlin") ||
+           title.startsWith(u"com.bjango.istatmenus.") || title == u"Clock" ||
+           title == u"BentoBox-0";
 }
 
 std::vector<BarItem> allItems(const std::vector<BarGroup>& groups)
@@ -57,15 +58,21 @@ void StatusBarController::startAutoRefresh()
 {
     m_lastBarSignature = barSignature();
     auto changed = weakly([this] { appsChanged(); });
-    m_launchToken = m_s.workspace.addObserver(WorkspaceNotification::DidLaunchApplication, [changed](const RunningApplication&) { changed(); });
-    m_terminateToken = m_s.workspace.addObserver(WorkspaceNotification::DidTerminateApplication, [changed](const RunningApplication&) { changed(); });
+    m_launchToken = m_s.workspace.addObserver(WorkspaceNotification::DidLaunchApplication,
+                                              [changed](const RunningApplication&) { changed(); });
+    m_terminateToken =
+        m_s.workspace.addObserver(WorkspaceNotification::DidTerminateApplication,
+                                  [changed](const RunningApplication&) { changed(); });
 }
 
 void StatusBarController::startEngineWatch()
 {
     auto changed = weakly([this] { engineAppsChanged(); });
-    m_launchToken = m_s.workspace.addObserver(WorkspaceNotification::DidLaunchApplication, [changed](const RunningApplication&) { changed(); });
-    m_terminateToken = m_s.workspace.addObserver(WorkspaceNotification::DidTerminateApplication, [changed](const RunningApplication&) { changed(); });
+    m_launchToken = m_s.workspace.addObserver(WorkspaceNotification::DidLaunchApplication,
+                                              [changed](const RunningApplication&) { changed(); });
+    m_terminateToken =
+        m_s.workspace.addObserver(WorkspaceNotification::DidTerminateApplication,
+                                  [changed](const RunningApplication&) { changed(); });
 }
 
 void StatusBarController::appsChanged()
@@ -79,9 +86,9 @@ void StatusBarController::engineAppsChanged()
 {
     m_watchTimer.invalidate();
     m_watchTimer = m_s.scheduler.after(1.2, weakly([this] {
-        if (!m_engineRevealed)
-            applyEngineAllowList();
-    }));
+                                           if (!m_engineRevealed)
+                                               applyEngineAllowList();
+                                       }));
 }
 
 void StatusBarController::checkForBarChanges()
@@ -113,7 +120,8 @@ void StatusBarController::rebuildFullCache()
     applyLayout();
     shrinkOwnItems();
     const std::optional<ScreenRect> mainFrame = m_mainItem->windowFrame();
-    const double referenceX = mainFrame ? mainFrame->x : 1200.0; // x reads the same in both coordinate systems
+    const double referenceX =
+        mainFrame ? mainFrame->x : 1200.0; // x reads the same in both coordinate systems
 
     std::weak_ptr<bool> alive = m_alive;
     CaptureEngine& capture = m_s.capture;
@@ -250,10 +258,12 @@ void StatusBarController::applyEngineAllowList()
         keep.append(m_s.bundleIdentifier);
     if (!m_s.preferences.hideSpotlight())
         keep.append(MenuBarHideEngine::spotlightBundleIDs());
-    const std::vector<int> allowed = MenuBarHideEngine::allowedSystemItems(m_s.preferences.hiddenSystemItemIDs());
+    const std::vector<int> allowed =
+        MenuBarHideEngine::allowedSystemItems(m_s.preferences.hiddenSystemItemIDs());
     m_s.hideEngine.restrict(keep, allowed, [](std::optional<PlatformError> error) {
         if (error)
-            qCWarning(lcBar).noquote() << "the allow list could not be applied:" << error->description;
+            qCWarning(lcBar).noquote()
+                << "the allow list could not be applied:" << error->description;
     });
 }
 
@@ -295,7 +305,8 @@ void StatusBarController::reHideEscapedItems()
             return std::nullopt;
         for (const CaptureEngine::Raw& raw : m_s.capture.scanAll()) {
             const QString key = keys.value(std::int64_t(raw.id));
-            if (!key.isEmpty() && raw.x >= separator->maxX() && m_s.preferences.placement(key) != ItemPlacement::Bar)
+            if (!key.isEmpty() && raw.x >= separator->maxX() &&
+                m_s.preferences.placement(key) != ItemPlacement::Bar)
                 return raw;
         }
         return std::nullopt;

@@ -33,25 +33,31 @@ MenuModel StatusBarController::buildMenu()
     const LanguageManager& lm = m_s.language;
     MenuModel menu;
     auto& e = menu.entries;
-    e.push_back(entry(lm.L(m_expanded ? QStringLiteral("menu.hide") : QStringLiteral("menu.show")), weakly([this] { menuToggle(); })));
+    e.push_back(entry(lm.L(m_expanded ? QStringLiteral("menu.hide") : QStringLiteral("menu.show")),
+                      weakly([this] { menuToggle(); })));
     // These two titles stay German in every language, on purpose.
     e.push_back(entry(QStringLiteral("Menüleiste anordnen…"), weakly([this] { menuArrange(); })));
     if (m_alwaysSep)
-        e.push_back(entry(lm.L(QStringLiteral("menu.alwaysHidden")), weakly([this] { menuAlways(); })));
+        e.push_back(
+            entry(lm.L(QStringLiteral("menu.alwaysHidden")), weakly([this] { menuAlways(); })));
     e.push_back(MenuEntry::separatorEntry());
     MenuEntry design = entry(QStringLiteral("Design"), {});
     const TileStyle current = m_s.preferences.tileStyle();
     for (TileStyle style : allTileStyles) {
-        MenuEntry choice = entry(tileStyleTitle(style), weakly([this, style] { menuPickStyle(tileStyleRawValue(style)); }));
+        MenuEntry choice =
+            entry(tileStyleTitle(style),
+                  weakly([this, style] { menuPickStyle(tileStyleRawValue(style)); }));
         choice.checked = style == current;
         design.submenu.push_back(std::move(choice));
     }
     e.push_back(std::move(design));
     e.push_back(MenuEntry::separatorEntry());
-    e.push_back(entry(lm.L(QStringLiteral("menu.settings")), weakly([this] { menuSettings(); }), QStringLiteral(",")));
+    e.push_back(entry(lm.L(QStringLiteral("menu.settings")), weakly([this] { menuSettings(); }),
+                      QStringLiteral(",")));
     e.push_back(entry(lm.L(QStringLiteral("menu.about")), weakly([this] { menuAbout(); })));
     e.push_back(MenuEntry::separatorEntry());
-    e.push_back(entry(lm.L(QStringLiteral("menu.quit")), weakly([this] { menuQuit(); }), QStringLiteral("q")));
+    e.push_back(entry(lm.L(QStringLiteral("menu.quit")), weakly([this] { menuQuit(); }),
+                      QStringLiteral("q")));
     return menu;
 }
 
@@ -60,13 +66,16 @@ MenuModel StatusBarController::buildEngineMenu()
     const LanguageManager& lm = m_s.language;
     MenuModel menu;
     auto& e = menu.entries;
-    e.push_back(entry(lm.L(m_engineRevealed ? QStringLiteral("menu.hide") : QStringLiteral("menu.show")),
-                      weakly([this] { menuEngineToggle(); })));
+    e.push_back(
+        entry(lm.L(m_engineRevealed ? QStringLiteral("menu.hide") : QStringLiteral("menu.show")),
+              weakly([this] { menuEngineToggle(); })));
     e.push_back(MenuEntry::separatorEntry());
-    e.push_back(entry(lm.L(QStringLiteral("menu.settings")), weakly([this] { menuSettings(); }), QStringLiteral(",")));
+    e.push_back(entry(lm.L(QStringLiteral("menu.settings")), weakly([this] { menuSettings(); }),
+                      QStringLiteral(",")));
     e.push_back(entry(lm.L(QStringLiteral("menu.about")), weakly([this] { menuAbout(); })));
     e.push_back(MenuEntry::separatorEntry());
-    e.push_back(entry(lm.L(QStringLiteral("menu.quit")), weakly([this] { menuQuit(); }), QStringLiteral("q")));
+    e.push_back(entry(lm.L(QStringLiteral("menu.quit")), weakly([this] { menuQuit(); }),
+                      QStringLiteral("q")));
     return menu;
 }
 

@@ -14,7 +14,8 @@ void StatusBarController::scheduleRehideIfNeeded()
     m_rehideTimer.invalidate();
     if (m_arranging || !m_expanded || !m_s.preferences.autoRehide())
         return;
-    m_rehideTimer = m_s.scheduler.after(double(m_s.preferences.rehideInterval()), weakly([this] { ensureCollapsed(); }));
+    m_rehideTimer = m_s.scheduler.after(double(m_s.preferences.rehideInterval()),
+                                        weakly([this] { ensureCollapsed(); }));
 }
 
 void StatusBarController::setupHover()
@@ -22,9 +23,9 @@ void StatusBarController::setupHover()
     m_hoverMonitor.reset();
     if (!m_s.preferences.revealOnHover())
         return;
-    m_hoverMonitor = m_s.monitors.addGlobalMonitor(EventMonitors::MouseMoved, [guard = weakly([this] { handleHover(); })](EventMonitors::Kind) {
-        guard();
-    });
+    m_hoverMonitor = m_s.monitors.addGlobalMonitor(
+        EventMonitors::MouseMoved,
+        [guard = weakly([this] { handleHover(); })](EventMonitors::Kind) { guard(); });
 }
 
 void StatusBarController::handleHover()
@@ -37,8 +38,8 @@ void StatusBarController::handleHover()
     // The pointer may stand up to three points off the item on any side, edges included.
     const double slack = 3.0;
     const ScreenPoint p = m_s.screens.mouseLocation();
-    const bool inside = p.x >= frame->x - slack && p.x <= frame->maxX() + slack && p.y >= frame->y - slack &&
-                        p.y <= frame->maxY() + slack;
+    const bool inside = p.x >= frame->x - slack && p.x <= frame->maxX() + slack &&
+                        p.y >= frame->y - slack && p.y <= frame->maxY() + slack;
     if (!inside)
         return;
     if (!m_usesEngine)
@@ -56,8 +57,9 @@ void StatusBarController::armRevealCollapse()
         else
             later(0.05, [this] { finishReveal(); });
     });
-    m_revealCollapseMonitor = m_s.monitors.addGlobalMonitor(EventMonitors::LeftMouseDown | EventMonitors::RightMouseDown,
-                                                            [onClick](EventMonitors::Kind) { onClick(); });
+    m_revealCollapseMonitor =
+        m_s.monitors.addGlobalMonitor(EventMonitors::LeftMouseDown | EventMonitors::RightMouseDown,
+                                      [onClick](EventMonitors::Kind) { onClick(); });
     bumpRevealSafety();
 }
 
@@ -78,8 +80,10 @@ bool StatusBarController::clickIsInMenuBar() const
 {
     const ScreenPoint p = m_s.screens.mouseLocation();
     const std::vector<ScreenInfo> screens = m_s.screens.screens();
-    auto screen = std::find_if(screens.begin(), screens.end(), [&](const ScreenInfo& s) { return s.frame.contains(p); });
-    std::optional<ScreenInfo> chosen = screen != screens.end() ? std::optional(*screen) : m_s.screens.mainScreen();
+    auto screen = std::find_if(screens.begin(), screens.end(),
+                               [&](const ScreenInfo& s) { return s.frame.contains(p); });
+    std::optional<ScreenInfo> chosen =
+        screen != screens.end() ? std::optional(*screen) : m_s.screens.mainScreen();
     if (!chosen)
         return false;
     const double menuBarHeight = std::max(chosen->frame.maxY() - chosen->visibleFrame.maxY(), 24.0);

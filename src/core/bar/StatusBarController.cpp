@@ -16,7 +16,8 @@ StatusBarController::StatusBarController(StatusBarServices services) : m_s(std::
     m_usesEngine = m_s.hideEngine.isAvailable();
     buildItems();
     setupHover();
-    m_prefsToken = m_s.notifications.addObserver(ravlinPrefsChanged, weakly([this] { prefsChanged(); }));
+    m_prefsToken =
+        m_s.notifications.addObserver(ravlinPrefsChanged, weakly([this] { prefsChanged(); }));
 
     if (m_usesEngine) {
         updateChevron();
@@ -106,7 +107,8 @@ void StatusBarController::configureToggleButton()
     m_mainItem->setAction(weakly([this] { mainClicked(); }));
 }
 
-std::unique_ptr<StatusItem> StatusBarController::makeSeparator(const QString& autosaveName, bool dimmed)
+std::unique_ptr<StatusItem> StatusBarController::makeSeparator(const QString& autosaveName,
+                                                               bool dimmed)
 {
     auto item = m_s.statusBar.createItem(sepLength, autosaveName);
     item->setImage(QString(), true);
@@ -152,7 +154,8 @@ void StatusBarController::applyLayout()
         m_alwaysSep->setImage(QString(), true);
     }
     updateChevron();
-    m_hiddenSep->setImage(m_arranging && m_s.statusBar.symbolExists(QStringLiteral("arrow.left.and.right"))
+    m_hiddenSep->setImage(m_arranging &&
+                                  m_s.statusBar.symbolExists(QStringLiteral("arrow.left.and.right"))
                               ? QStringLiteral("arrow.left.and.right")
                               : QString(),
                           true);
@@ -213,7 +216,8 @@ void StatusBarController::mainClicked()
     if (m_arranging)
         return;
     const CurrentEvent event = m_s.statusBar.currentEvent();
-    if (event.type == CurrentEvent::RightMouseUp || (event.modifierFlags & CurrentEvent::controlKeyMask)) {
+    if (event.type == CurrentEvent::RightMouseUp ||
+        (event.modifierFlags & CurrentEvent::controlKeyMask)) {
         showMenu();
         return;
     }
@@ -259,7 +263,8 @@ void StatusBarController::engineReveal()
     armRevealCollapse();
     if (m_s.preferences.autoRehide()) {
         m_rehideTimer.invalidate();
-        m_rehideTimer = m_s.scheduler.after(m_s.preferences.rehideInterval(), weakly([this] { engineCollapse(); }));
+        m_rehideTimer = m_s.scheduler.after(m_s.preferences.rehideInterval(),
+                                            weakly([this] { engineCollapse(); }));
     }
 }
 

@@ -19,8 +19,8 @@ public:
 
     virtual ~TilePanel() = default;
     // Fills and shows the panel hanging below anchor (screen coordinates).
-    virtual void show(const std::vector<BarGroup>& groups, const ScreenRect& anchor, ItemCallback onActivate,
-                      StatCallback onStat) = 0;
+    virtual void show(const std::vector<BarGroup>& groups, const ScreenRect& anchor,
+                      ItemCallback onActivate, StatCallback onStat) = 0;
     // Takes the panel off screen without telling onClose.
     virtual void hide() = 0;
     virtual bool isVisible() const = 0;

@@ -61,9 +61,11 @@ bool DefaultsStore::toBool(const PlistValue& value)
         return *d != 0.0;
     if (auto s = value.asString()) {
         const QString t = s->trimmed();
-        if (t.compare(u"yes", Qt::CaseInsensitive) == 0 || t.compare(u"true", Qt::CaseInsensitive) == 0)
+        if (t.compare(u"yes", Qt::CaseInsensitive) == 0 ||
+            t.compare(u"true", Qt::CaseInsensitive) == 0)
             return true;
-        if (t.compare(u"no", Qt::CaseInsensitive) == 0 || t.compare(u"false", Qt::CaseInsensitive) == 0)
+        if (t.compare(u"no", Qt::CaseInsensitive) == 0 ||
+            t.compare(u"false", Qt::CaseInsensitive) == 0)
             return false;
         return leadingNumber(t) != 0.0;
     }
@@ -78,7 +80,8 @@ std::int64_t DefaultsStore::toInteger(const PlistValue& value)
         return clampToInteger(*d);
     if (auto s = value.asString()) {
         const QString t = s->trimmed();
-        if (t.compare(u"yes", Qt::CaseInsensitive) == 0 || t.compare(u"true", Qt::CaseInsensitive) == 0)
+        if (t.compare(u"yes", Qt::CaseInsensitive) == 0 ||
+            t.compare(u"true", Qt::CaseInsensitive) == 0)
             return 1;
         return clampToInteger(leadingNumber(t));
     }

@@ -11,7 +11,8 @@ void NotificationCenter::Token::reset()
     m_alive.reset();
 }
 
-NotificationCenter::Token NotificationCenter::addObserver(const QString& name, std::function<void()> handler)
+NotificationCenter::Token NotificationCenter::addObserver(const QString& name,
+                                                          std::function<void()> handler)
 {
     Token token;
     token.m_alive = std::make_shared<bool>(true);
@@ -21,7 +22,8 @@ NotificationCenter::Token NotificationCenter::addObserver(const QString& name, s
 
 void NotificationCenter::post(const QString& name)
 {
-    auto count = std::find_if(m_counts.begin(), m_counts.end(), [&](auto& c) { return c.first == name; });
+    auto count =
+        std::find_if(m_counts.begin(), m_counts.end(), [&](auto& c) { return c.first == name; });
     if (count == m_counts.end())
         m_counts.emplace_back(name, 1);
     else
@@ -38,7 +40,8 @@ void NotificationCenter::post(const QString& name)
 
 int NotificationCenter::postedCount(const QString& name) const
 {
-    auto count = std::find_if(m_counts.begin(), m_counts.end(), [&](auto& c) { return c.first == name; });
+    auto count =
+        std::find_if(m_counts.begin(), m_counts.end(), [&](auto& c) { return c.first == name; });
     return count == m_counts.end() ? 0 : count->second;
 }
 

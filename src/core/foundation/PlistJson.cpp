@@ -71,7 +71,8 @@ private:
         else if (consumeWord(u"null"))
             result = PlistValue();
         else
-            result = fail(atEnd() ? QStringLiteral("a value is missing") : QStringLiteral("not a JSON value"));
+            result = fail(atEnd() ? QStringLiteral("a value is missing")
+                                  : QStringLiteral("not a JSON value"));
         --m_depth;
         return result;
     }
@@ -92,14 +93,30 @@ private:
                 break;
             const QChar e = m_text[m_pos++];
             switch (e.unicode()) {
-            case '"': out += u'"'; break;
-            case '\\': out += u'\\'; break;
-            case '/': out += u'/'; break;
-            case 'b': out += u'\b'; break;
-            case 'f': out += u'\f'; break;
-            case 'n': out += u'\n'; break;
-            case 'r': out += u'\r'; break;
-            case 't': out += u'\t'; break;
+            case '"':
+                out += u'"';
+                break;
+            case '\\':
+                out += u'\\';
+                break;
+            case '/':
+                out += u'/';
+                break;
+            case 'b':
+                out += u'\b';
+                break;
+            case 'f':
+                out += u'\f';
+                break;
+            case 'n':
+                out += u'\n';
+                break;
+            case 'r':
+                out += u'\r';
+                break;
+            case 't':
+                out += u'\t';
+                break;
             case 'u': {
                 bool ok = false;
                 const uint code = m_text.mid(m_pos, 4).toUInt(&ok, 16);
@@ -238,13 +255,20 @@ std::optional<PlistValue> parse(QStringView text, QString* error)
 QJsonValue toJson(const PlistValue& value)
 {
     switch (value.type()) {
-    case PlistValue::Type::Null: return QJsonValue(QJsonValue::Null);
-    case PlistValue::Type::Bool: return *value.asBool();
-    case PlistValue::Type::Integer: return qint64(*value.asInteger());
-    case PlistValue::Type::Real: return *value.asDouble();
-    case PlistValue::Type::String: return *value.asString();
-    case PlistValue::Type::Date: return value.asDate()->toUTC().toString(Qt::ISODate);
-    case PlistValue::Type::Data: return QString::fromLatin1(value.asData()->toBase64());
+    case PlistValue::Type::Null:
+        return QJsonValue(QJsonValue::Null);
+    case PlistValue::Type::Bool:
+        return *value.asBool();
+    case PlistValue::Type::Integer:
+        return qint64(*value.asInteger());
+    case PlistValue::Type::Real:
+        return *value.asDouble();
+    case PlistValue::Type::String:
+        return *value.asString();
+    case PlistValue::Type::Date:
+        return value.asDate()->toUTC().toString(Qt::ISODate);
+    case PlistValue::Type::Data:
+        return QString::fromLatin1(value.asData()->toBase64());
     case PlistValue::Type::Array: {
         QJsonArray array;
         for (const PlistValue& element : *value.asArray())
@@ -265,14 +289,16 @@ QJsonValue toJson(const PlistValue& value)
 PlistValue fromJson(const QJsonValue& value)
 {
     switch (value.type()) {
-    case QJsonValue::Bool: return value.toBool();
+    case QJsonValue::Bool:
+        return value.toBool();
     case QJsonValue::Double: {
         const QVariant v = value.toVariant();
         if (v.typeId() == QMetaType::LongLong || v.typeId() == QMetaType::Int)
             return std::int64_t(v.toLongLong());
         return value.toDouble();
     }
-    case QJsonValue::String: return value.toString();
+    case QJsonValue::String:
+        return value.toString();
     case QJsonValue::Array: {
         PlistArray array;
         for (const QJsonValue& element : value.toArray())
@@ -286,7 +312,8 @@ PlistValue fromJson(const QJsonValue& value)
             dict.insert(it.key(), fromJson(it.value()));
         return dict;
     }
-    default: return {};
+    default:
+        return {};
     }
 }
 

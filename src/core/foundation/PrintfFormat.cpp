@@ -66,7 +66,8 @@ QString pad(QString text, const Conversion& conversion)
 QString formatOne(const Conversion& conversion, const QVariant& arg)
 {
     const QChar c = conversion.conversion;
-    const QByteArray cFormat = (u'%' + conversion.flags + conversion.width + conversion.precision).toLatin1();
+    const QByteArray cFormat =
+        (u'%' + conversion.flags + conversion.width + conversion.precision).toLatin1();
     if (c == u'@' || c == u's' || c == u'S')
         return pad(arg.isValid() ? arg.toString() : QString(), conversion);
     if (c == u'c' || c == u'C')
@@ -74,8 +75,9 @@ QString formatOne(const Conversion& conversion, const QVariant& arg)
     if (c == u'd' || c == u'i')
         return QString::asprintf((cFormat + "lld").constData(), arg.toLongLong());
     if (c == u'u' || c == u'o' || c == u'x' || c == u'X' || c == u'p')
-        return QString::asprintf((cFormat + "ll" + (c == u'p' ? 'x' : char(c.unicode()))).constData(),
-                                 arg.toULongLong());
+        return QString::asprintf(
+            (cFormat + "ll" + (c == u'p' ? 'x' : char(c.unicode()))).constData(),
+            arg.toULongLong());
     return QString::asprintf((cFormat + char(c.unicode())).constData(), arg.toDouble());
 }
 

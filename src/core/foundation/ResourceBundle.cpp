@@ -52,7 +52,8 @@ QString ResourceBundle::localizedString(const QString& key, const QString& table
     auto it = m_tables.find(table);
     if (it == m_tables.end()) {
         QString error;
-        auto loaded = StringsTable::load(m_path + u'/' + table + QStringLiteral(".strings"), &error);
+        auto loaded =
+            StringsTable::load(m_path + u'/' + table + QStringLiteral(".strings"), &error);
         if (!loaded)
             qCWarning(lcLanguage) << "cannot read" << table << "in" << m_path << ":" << error;
         it = m_tables.insert(table, std::move(loaded));
@@ -91,7 +92,8 @@ QString Resources::locate(const QString& executableDir)
 QStringList Resources::localizations() const
 {
     QStringList codes;
-    const QStringList dirs = QDir(m_root).entryList({QStringLiteral("*.lproj")}, QDir::Dirs, QDir::Name);
+    const QStringList dirs =
+        QDir(m_root).entryList({QStringLiteral("*.lproj")}, QDir::Dirs, QDir::Name);
     for (const QString& dir : dirs)
         codes.append(dir.chopped(6));
     return codes;
@@ -115,7 +117,8 @@ std::shared_ptr<ResourceBundle> Resources::mainBundle() const
     return m_main;
 }
 
-std::optional<QString> Resources::bestMatch(const QStringList& available, const QStringList& preferred)
+std::optional<QString> Resources::bestMatch(const QStringList& available,
+                                            const QStringList& preferred)
 {
     auto find = [&](const QString& code) -> std::optional<QString> {
         for (const QString& a : available)

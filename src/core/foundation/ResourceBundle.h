@@ -18,7 +18,8 @@ public:
 
     QString path() const { return m_path; }
     // The text for key in the table, or the key itself when there is none.
-    QString localizedString(const QString& key, const QString& table = QStringLiteral("Localizable")) const;
+    QString localizedString(const QString& key,
+                            const QString& table = QStringLiteral("Localizable")) const;
 
 private:
     explicit ResourceBundle(QString path) : m_path(std::move(path)) {}
@@ -45,7 +46,8 @@ public:
     QString mainLocalization() const { return m_mainCode; }
 
     // Matches system language tags ("de_DE.UTF-8", "zh-TW", "iw") to an available code.
-    static std::optional<QString> bestMatch(const QStringList& available, const QStringList& preferred);
+    static std::optional<QString> bestMatch(const QStringList& available,
+                                            const QStringList& preferred);
 
 private:
     QString m_root;

@@ -43,8 +43,7 @@ public:
     virtual QDateTime currentDate() const = 0;
 
     // Runs work off the main thread and hands its result to then() on the main queue.
-    template <class R>
-    void background(std::function<R()> work, std::function<void(R)> then)
+    template <class R> void background(std::function<R()> work, std::function<void(R)> then)
     {
         auto result = std::make_shared<R>();
         backgroundImpl([work = std::move(work), result] { *result = work(); },

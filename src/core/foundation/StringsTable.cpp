@@ -9,7 +9,8 @@ namespace {
 QString decode(const QByteArray& bytes)
 {
     if (bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF")) {
-        auto decoder = QStringDecoder(QStringDecoder::encodingForData(bytes).value_or(QStringDecoder::Utf16));
+        auto decoder =
+            QStringDecoder(QStringDecoder::encodingForData(bytes).value_or(QStringDecoder::Utf16));
         return decoder(bytes);
     }
     QByteArray utf8 = bytes;
@@ -93,7 +94,8 @@ private:
 
     static bool isBareChar(QChar c)
     {
-        return c.isLetterOrNumber() || c == u'_' || c == u'.' || c == u'-' || c == u'$' || c == u'/' || c == u':';
+        return c.isLetterOrNumber() || c == u'_' || c == u'.' || c == u'-' || c == u'$' ||
+               c == u'/' || c == u':';
     }
 
     bool readToken(QString& out)
@@ -104,7 +106,8 @@ private:
         while (!atEnd() && isBareChar(peek()))
             out += take();
         if (out.isEmpty())
-            return fail(atEnd() ? QStringLiteral("unexpected end of text") : QStringLiteral("unexpected character '%1'").arg(peek()));
+            return fail(atEnd() ? QStringLiteral("unexpected end of text")
+                                : QStringLiteral("unexpected character '%1'").arg(peek()));
         return true;
     }
 
@@ -134,13 +137,27 @@ private:
                 break;
             const QChar e = take();
             switch (e.unicode()) {
-            case 'n': out += u'\n'; break;
-            case 't': out += u'\t'; break;
-            case 'r': out += u'\r'; break;
-            case 'a': out += u'\a'; break;
-            case 'b': out += u'\b'; break;
-            case 'f': out += u'\f'; break;
-            case 'v': out += u'\v'; break;
+            case 'n':
+                out += u'\n';
+                break;
+            case 't':
+                out += u'\t';
+                break;
+            case 'r':
+                out += u'\r';
+                break;
+            case 'a':
+                out += u'\a';
+                break;
+            case 'b':
+                out += u'\b';
+                break;
+            case 'f':
+                out += u'\f';
+                break;
+            case 'v':
+                out += u'\v';
+                break;
             case 'U':
             case 'u':
                 if (!readHex(4, out))

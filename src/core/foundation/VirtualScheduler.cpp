@@ -1,6 +1,5 @@
 #include "VirtualScheduler.h"
 
-
 #include <algorithm>
 
 namespace ravlin {

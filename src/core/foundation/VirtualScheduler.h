@@ -13,7 +13,8 @@ namespace ravlin {
 // sleeps move the clock forward.
 class VirtualScheduler final : public Scheduler {
 public:
-    explicit VirtualScheduler(QDateTime startDate = QDateTime(QDate(2026, 1, 5), QTime(9, 0), Qt::UTC));
+    explicit VirtualScheduler(QDateTime startDate = QDateTime(QDate(2026, 1, 5), QTime(9, 0),
+                                                              Qt::UTC));
 
     Timer after(double seconds, std::function<void()> fn) override;
     Timer every(double seconds, std::function<void()> fn) override;

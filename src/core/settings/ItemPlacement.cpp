@@ -5,9 +5,12 @@ namespace ravlin {
 QString itemPlacementName(ItemPlacement placement)
 {
     switch (placement) {
-    case ItemPlacement::Bar: return QStringLiteral("bar");
-    case ItemPlacement::Panel: return QStringLiteral("panel");
-    case ItemPlacement::Off: return QStringLiteral("off");
+    case ItemPlacement::Bar:
+        return QStringLiteral("bar");
+    case ItemPlacement::Panel:
+        return QStringLiteral("panel");
+    case ItemPlacement::Off:
+        return QStringLiteral("off");
     }
     return QStringLiteral("panel");
 }

@@ -8,10 +8,11 @@
 
 namespace ravlin {
 
-LanguageManager::LanguageManager(const Resources& resources, DefaultsStore& defaults, Preferences& preferences)
-    : m_resources(resources), m_defaults(defaults), m_preferences(preferences), m_bundle(resources.mainBundle())
-{
-}
+LanguageManager::LanguageManager(const Resources& resources, DefaultsStore& defaults,
+                                 Preferences& preferences)
+    : m_resources(resources), m_defaults(defaults), m_preferences(preferences),
+      m_bundle(resources.mainBundle())
+{}
 
 LanguageManager::~LanguageManager() = default;
 

@@ -30,8 +30,7 @@ public:
     const ResourceBundle* bundle() const { return m_bundle.get(); }
 
     QString L(const QString& key) const;
-    template <class... Args>
-    QString L(const QString& key, const Args&... args) const
+    template <class... Args> QString L(const QString& key, const Args&... args) const
     {
         return formatPrintf(L(key), QVariantList{QVariant::fromValue(args)...});
     }

@@ -19,7 +19,8 @@ void setEnabled(LoginItems& items, bool on)
     else if (!on && enabled)
         error = items.unregisterItem(); // one waiting for approval is left alone on purpose
     if (error)
-        qCWarning(lcLogin).noquote() << QStringLiteral("Ravlin: LaunchAtLogin toggle failed: ") + *error;
+        qCWarning(lcLogin).noquote()
+            << QStringLiteral("Ravlin: LaunchAtLogin toggle failed: ") + *error;
 }
 
 } // namespace ravlin::LaunchAtLogin

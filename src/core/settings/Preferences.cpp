@@ -37,10 +37,10 @@ std::optional<std::int64_t> integerElement(const PlistValue& element)
 
 } // namespace
 
-Preferences::Preferences(DefaultsStore& defaults, NotificationCenter& center, LoginItems* loginItems)
+Preferences::Preferences(DefaultsStore& defaults, NotificationCenter& center,
+                         LoginItems* loginItems)
     : m_defaults(defaults), m_center(center), m_loginItems(loginItems)
-{
-}
+{}
 
 void Preferences::registerDefaults()
 {
@@ -69,7 +69,10 @@ void Preferences::writeBool(const QString& key, bool on)
     changed();
 }
 
-bool Preferences::launchAtLogin() const { return m_defaults.boolForKey(PrefKey::launchAtLogin); }
+bool Preferences::launchAtLogin() const
+{
+    return m_defaults.boolForKey(PrefKey::launchAtLogin);
+}
 
 void Preferences::setLaunchAtLogin(bool on)
 {
@@ -79,8 +82,14 @@ void Preferences::setLaunchAtLogin(bool on)
     changed();
 }
 
-bool Preferences::autoRehide() const { return m_defaults.boolForKey(PrefKey::autoRehide); }
-void Preferences::setAutoRehide(bool on) { writeBool(PrefKey::autoRehide, on); }
+bool Preferences::autoRehide() const
+{
+    return m_defaults.boolForKey(PrefKey::autoRehide);
+}
+void Preferences::setAutoRehide(bool on)
+{
+    writeBool(PrefKey::autoRehide, on);
+}
 
 int Preferences::rehideInterval() const
 {
@@ -94,10 +103,22 @@ void Preferences::setRehideInterval(std::int64_t seconds)
     changed();
 }
 
-bool Preferences::enableAlwaysHidden() const { return m_defaults.boolForKey(PrefKey::enableAlwaysHidden); }
-void Preferences::setEnableAlwaysHidden(bool on) { writeBool(PrefKey::enableAlwaysHidden, on); }
-bool Preferences::revealOnHover() const { return m_defaults.boolForKey(PrefKey::revealOnHover); }
-void Preferences::setRevealOnHover(bool on) { writeBool(PrefKey::revealOnHover, on); }
+bool Preferences::enableAlwaysHidden() const
+{
+    return m_defaults.boolForKey(PrefKey::enableAlwaysHidden);
+}
+void Preferences::setEnableAlwaysHidden(bool on)
+{
+    writeBool(PrefKey::enableAlwaysHidden, on);
+}
+bool Preferences::revealOnHover() const
+{
+    return m_defaults.boolForKey(PrefKey::revealOnHover);
+}
+void Preferences::setRevealOnHover(bool on)
+{
+    writeBool(PrefKey::revealOnHover, on);
+}
 
 QString Preferences::appLanguage() const
 {
@@ -122,12 +143,30 @@ void Preferences::setTileStyle(TileStyle style)
     changed();
 }
 
-bool Preferences::showSystemTiles() const { return m_defaults.boolForKey(PrefKey::showSystemTiles); }
-void Preferences::setShowSystemTiles(bool on) { writeBool(PrefKey::showSystemTiles, on); }
-bool Preferences::showWeather() const { return m_defaults.boolForKey(PrefKey::showWeather); }
-void Preferences::setShowWeather(bool on) { writeBool(PrefKey::showWeather, on); }
-bool Preferences::hideSpotlight() const { return m_defaults.boolForKey(PrefKey::hideSpotlight); }
-void Preferences::setHideSpotlight(bool on) { writeBool(PrefKey::hideSpotlight, on); }
+bool Preferences::showSystemTiles() const
+{
+    return m_defaults.boolForKey(PrefKey::showSystemTiles);
+}
+void Preferences::setShowSystemTiles(bool on)
+{
+    writeBool(PrefKey::showSystemTiles, on);
+}
+bool Preferences::showWeather() const
+{
+    return m_defaults.boolForKey(PrefKey::showWeather);
+}
+void Preferences::setShowWeather(bool on)
+{
+    writeBool(PrefKey::showWeather, on);
+}
+bool Preferences::hideSpotlight() const
+{
+    return m_defaults.boolForKey(PrefKey::hideSpotlight);
+}
+void Preferences::setHideSpotlight(bool on)
+{
+    writeBool(PrefKey::hideSpotlight, on);
+}
 
 QSet<QString> Preferences::stringSet(const QString& key) const
 {
@@ -141,17 +180,36 @@ void Preferences::writeStringSet(const QString& key, const QSet<QString>& set)
     changed();
 }
 
-QSet<QString> Preferences::hiddenItemKeys() const { return stringSet(PrefKey::hiddenItems); }
-void Preferences::setHiddenItemKeys(const QSet<QString>& keys) { writeStringSet(PrefKey::hiddenItems, keys); }
-QSet<QString> Preferences::barPinnedKeys() const { return stringSet(PrefKey::barPinnedItems); }
-void Preferences::setBarPinnedKeys(const QSet<QString>& keys) { writeStringSet(PrefKey::barPinnedItems, keys); }
-QSet<QString> Preferences::hiddenBundleIDs() const { return stringSet(PrefKey::hiddenBundleIDs); }
-void Preferences::setHiddenBundleIDs(const QSet<QString>& ids) { writeStringSet(PrefKey::hiddenBundleIDs, ids); }
+QSet<QString> Preferences::hiddenItemKeys() const
+{
+    return stringSet(PrefKey::hiddenItems);
+}
+void Preferences::setHiddenItemKeys(const QSet<QString>& keys)
+{
+    writeStringSet(PrefKey::hiddenItems, keys);
+}
+QSet<QString> Preferences::barPinnedKeys() const
+{
+    return stringSet(PrefKey::barPinnedItems);
+}
+void Preferences::setBarPinnedKeys(const QSet<QString>& keys)
+{
+    writeStringSet(PrefKey::barPinnedItems, keys);
+}
+QSet<QString> Preferences::hiddenBundleIDs() const
+{
+    return stringSet(PrefKey::hiddenBundleIDs);
+}
+void Preferences::setHiddenBundleIDs(const QSet<QString>& ids)
+{
+    writeStringSet(PrefKey::hiddenBundleIDs, ids);
+}
 
 std::set<std::int64_t> Preferences::hiddenSystemItemIDs() const
 {
     std::set<std::int64_t> ids;
-    const PlistArray list = m_defaults.arrayForKey(PrefKey::hiddenSystemItems).value_or(PlistArray());
+    const PlistArray list =
+        m_defaults.arrayForKey(PrefKey::hiddenSystemItems).value_or(PlistArray());
     for (const PlistValue& element : list) {
         if (auto id = integerElement(element))
             ids.insert(*id);

@@ -61,7 +61,10 @@ public:
 
     bool isItemHidden(const QString& key) const { return hiddenItemKeys().contains(key); }
     bool isPinned(const QString& key) const { return barPinnedKeys().contains(key); }
-    bool isBundleHidden(const QString& bundleID) const { return hiddenBundleIDs().contains(bundleID); }
+    bool isBundleHidden(const QString& bundleID) const
+    {
+        return hiddenBundleIDs().contains(bundleID);
+    }
     bool isSystemItemHidden(std::int64_t id) const { return hiddenSystemItemIDs().count(id) > 0; }
 
     void setItem(const QString& key, bool hidden);

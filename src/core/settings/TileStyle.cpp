@@ -5,10 +5,14 @@ namespace ravlin {
 QString tileStyleRawValue(TileStyle style)
 {
     switch (style) {
-    case TileStyle::Dashboard: return QStringLiteral("dashboard");
-    case TileStyle::Capsules: return QStringLiteral("capsules");
-    case TileStyle::Grid: return QStringLiteral("grid");
-    case TileStyle::Strip: return QStringLiteral("strip");
+    case TileStyle::Dashboard:
+        return QStringLiteral("dashboard");
+    case TileStyle::Capsules:
+        return QStringLiteral("capsules");
+    case TileStyle::Grid:
+        return QStringLiteral("grid");
+    case TileStyle::Strip:
+        return QStringLiteral("strip");
     }
     return QStringLiteral("dashboard");
 }
@@ -25,10 +29,14 @@ std::optional<TileStyle> tileStyleFromRawValue(const QString& raw)
 QString tileStyleTitle(TileStyle style)
 {
     switch (style) {
-    case TileStyle::Dashboard: return QStringLiteral("Dashboard (Ringe)");
-    case TileStyle::Capsules: return QStringLiteral("Kapseln");
-    case TileStyle::Grid: return QStringLiteral("Raster");
-    case TileStyle::Strip: return QStringLiteral("Leiste");
+    case TileStyle::Dashboard:
+        return QStringLiteral("Dashboard (Ringe)");
+    case TileStyle::Capsules:
+        return QStringLiteral("Kapseln");
+    case TileStyle::Grid:
+        return QStringLiteral("Raster");
+    case TileStyle::Strip:
+        return QStringLiteral("Leiste");
     }
     return {};
 }

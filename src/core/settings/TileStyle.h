@@ -9,8 +9,8 @@ namespace ravlin {
 
 enum class TileStyle { Dashboard, Capsules, Grid, Strip };
 
-inline constexpr std::array<TileStyle, 4> allTileStyles = {TileStyle::Dashboard, TileStyle::Capsules,
-                                                           TileStyle::Grid, TileStyle::Strip};
+inline constexpr std::array<TileStyle, 4> allTileStyles = {
+    TileStyle::Dashboard, TileStyle::Capsules, TileStyle::Grid, TileStyle::Strip};
 
 QString tileStyleRawValue(TileStyle style);
 std::optional<TileStyle> tileStyleFromRawValue(const QString& raw);

@@ -12,7 +12,8 @@ QStringList preferredLanguages()
             break;
     }
     QStringList languages;
-    const bool plainC = locale.isEmpty() || locale == u"C" || locale == u"POSIX" || locale.startsWith(u"C.");
+    const bool plainC =
+        locale.isEmpty() || locale == u"C" || locale == u"POSIX" || locale.startsWith(u"C.");
     // LANGUAGE is a priority list that gettext honours unless the locale is C.
     if (!plainC) {
         const QStringList list = qEnvironmentVariable("LANGUAGE").split(u':', Qt::SkipEmptyParts);

@@ -96,11 +96,16 @@ PlistValue fromNode(plist_t node, int depth)
 plist_t toNode(const PlistValue& value)
 {
     switch (value.type()) {
-    case PlistValue::Type::Null: return nullptr;
-    case PlistValue::Type::Bool: return plist_new_bool(*value.asBool() ? 1 : 0);
-    case PlistValue::Type::Integer: return plist_new_uint(uint64_t(*value.asInteger()));
-    case PlistValue::Type::Real: return plist_new_real(*value.asDouble());
-    case PlistValue::Type::String: return plist_new_string(value.asString()->toUtf8().constData());
+    case PlistValue::Type::Null:
+        return nullptr;
+    case PlistValue::Type::Bool:
+        return plist_new_bool(*value.asBool() ? 1 : 0);
+    case PlistValue::Type::Integer:
+        return plist_new_uint(uint64_t(*value.asInteger()));
+    case PlistValue::Type::Real:
+        return plist_new_real(*value.asDouble());
+    case PlistValue::Type::String:
+        return plist_new_string(value.asString()->toUtf8().constData());
     case PlistValue::Type::Date: {
         const qint64 ms = referenceDate.msecsTo(*value.asDate());
         return plist_new_date(int32_t(ms / 1000), int32_t((ms % 1000) * 1000));
@@ -136,7 +141,8 @@ std::optional<PlistValue> parse(const QByteArray& bytes, QString* error)
 {
     if (bytes.size() > 64 * 1024 * 1024 || bytes.isEmpty()) {
         if (error)
-            *error = bytes.isEmpty() ? QStringLiteral("empty file") : QStringLiteral("file too large");
+            *error =
+                bytes.isEmpty() ? QStringLiteral("empty file") : QStringLiteral("file too large");
         return std::nullopt;
     }
     // Only XML is read. XML never holds a NUL character, and libplist aborts on

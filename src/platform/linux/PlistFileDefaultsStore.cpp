@@ -40,7 +40,8 @@ bool PlistFileDefaultsStore::load(bool atStart) const
         return true;
     }
     if (!file.open(QIODevice::ReadOnly)) {
-        qCWarning(lcDefaults).noquote() << "cannot read the settings file" << m_path << ":" << file.errorString();
+        qCWarning(lcDefaults).noquote()
+            << "cannot read the settings file" << m_path << ":" << file.errorString();
         rememberFileStamp();
         return false;
     }
@@ -59,10 +60,13 @@ bool PlistFileDefaultsStore::load(bool atStart) const
         return true;
     }
     const QString aside = moveAside();
-    qCWarning(lcDefaults).noquote() << QStringLiteral("the settings file %1 cannot be read (%2); it was moved to %3 and Ravlin %4")
-                                           .arg(m_path, root ? QStringLiteral("its top level is not a dictionary") : error, aside,
-                                                atStart ? QStringLiteral("starts with its defaults")
-                                                        : QStringLiteral("keeps the settings it had"));
+    qCWarning(lcDefaults).noquote()
+        << QStringLiteral(
+               "the settings file %1 cannot be read (%2); it was moved to %3 and Ravlin %4")
+               .arg(m_path, root ? QStringLiteral("its top level is not a dictionary") : error,
+                    aside,
+                    atStart ? QStringLiteral("starts with its defaults")
+                            : QStringLiteral("keeps the settings it had"));
     if (atStart)
         m_values.clear();
     else
@@ -127,8 +131,10 @@ void PlistFileDefaultsStore::write() const
 {
     QDir().mkpath(QFileInfo(m_path).absolutePath());
     QSaveFile file(m_path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(PlistCodec::toXml(PlistValue(m_values))) < 0 || !file.commit()) {
-        qCWarning(lcDefaults).noquote() << "cannot write the settings file" << m_path << ":" << file.errorString();
+    if (!file.open(QIODevice::WriteOnly) ||
+        file.write(PlistCodec::toXml(PlistValue(m_values))) < 0 || !file.commit()) {
+        qCWarning(lcDefaults).noquote()
+            << "cannot write the settings file" << m_path << ":" << file.errorString();
         return;
     }
     rememberFileStamp();

@@ -12,7 +12,10 @@ namespace {
 // Quotes a path for the Exec key of a desktop entry.
 QString quoteExec(QString path)
 {
-    path.replace(u'\\', QStringLiteral("\\\\")).replace(u'"', QStringLiteral("\\\"")).replace(u'`', QStringLiteral("\\`")).replace(u'$', QStringLiteral("\\$"));
+    path.replace(u'\\', QStringLiteral("\\\\"))
+        .replace(u'"', QStringLiteral("\\\""))
+        .replace(u'`', QStringLiteral("\\`"))
+        .replace(u'$', QStringLiteral("\\$"));
     return u'"' + path + u'"';
 }
 
@@ -37,8 +40,7 @@ bool isHidden(const QString& path)
 
 XdgLoginItems::XdgLoginItems(QString executablePath, QString entryPath)
     : m_executable(std::move(executablePath)), m_entryPath(std::move(entryPath))
-{
-}
+{}
 
 QString XdgLoginItems::defaultEntryPath()
 {

@@ -34,10 +34,12 @@ PlistValue toPlist(CFTypeRef value)
         return toQString(CFStringRef(value));
     if (type == CFDataGetTypeID()) {
         auto data = CFDataRef(value);
-        return QByteArray(reinterpret_cast<const char*>(CFDataGetBytePtr(data)), CFDataGetLength(data));
+        return QByteArray(reinterpret_cast<const char*>(CFDataGetBytePtr(data)),
+                          CFDataGetLength(data));
     }
     if (type == CFDateGetTypeID())
-        return QDateTime::fromSecsSinceEpoch(qint64(CFDateGetAbsoluteTime(CFDateRef(value)) + kCFAbsoluteTimeIntervalSince1970));
+        return QDateTime::fromSecsSinceEpoch(
+            qint64(CFDateGetAbsoluteTime(CFDateRef(value)) + kCFAbsoluteTimeIntervalSince1970));
     if (type == CFArrayGetTypeID()) {
         auto array = CFArrayRef(value);
         PlistArray out;
@@ -63,7 +65,8 @@ PlistValue toPlist(CFTypeRef value)
 CFRef<CFPropertyListRef> fromPlist(const PlistValue& value)
 {
     switch (value.type()) {
-    case PlistValue::Type::Null: return {};
+    case PlistValue::Type::Null:
+        return {};
     case PlistValue::Type::Bool:
         return CFRef<CFPropertyListRef>::retain(*value.asBool() ? kCFBooleanTrue : kCFBooleanFalse);
     case PlistValue::Type::Integer: {
@@ -74,12 +77,16 @@ CFRef<CFPropertyListRef> fromPlist(const PlistValue& value)
         double d = *value.asDouble();
         return CFRef<CFPropertyListRef>(CFNumberCreate(nullptr, kCFNumberDoubleType, &d));
     }
-    case PlistValue::Type::String: return CFRef<CFPropertyListRef>(value.asString()->toCFString());
+    case PlistValue::Type::String:
+        return CFRef<CFPropertyListRef>(value.asString()->toCFString());
     case PlistValue::Type::Date:
-        return CFRef<CFPropertyListRef>(CFDateCreate(nullptr, double(value.asDate()->toSecsSinceEpoch()) - kCFAbsoluteTimeIntervalSince1970));
+        return CFRef<CFPropertyListRef>(
+            CFDateCreate(nullptr, double(value.asDate()->toSecsSinceEpoch()) -
+                                      kCFAbsoluteTimeIntervalSince1970));
     case PlistValue::Type::Data: {
         const QByteArray data = *value.asData();
-        return CFRef<CFPropertyListRef>(CFDataCreate(nullptr, reinterpret_cast<const UInt8*>(data.constData()), data.size()));
+        return CFRef<CFPropertyListRef>(
+            CFDataCreate(nullptr, reinterpret_cast<const UInt8*>(data.constData()), data.size()));
     }
     case PlistValue::Type::Array: {
         CFMutableArrayRef array = CFArrayCreateMutable(nullptr, 0, &kCFTypeArrayCallBacks);
@@ -90,7 +97,8 @@ CFRef<CFPropertyListRef> fromPlist(const PlistValue& value)
         return CFRef<CFPropertyListRef>(array);
     }
     case PlistValue::Type::Dict: {
-        CFMutableDictionaryRef dict = CFDictionaryCreateMutable(nullptr, 0, &kCFTypeDictionaryKeyCallBacks, &kCFTypeDictionaryValueCallBacks);
+        CFMutableDictionaryRef dict = CFDictionaryCreateMutable(
+            nullptr, 0, &kCFTypeDictionaryKeyCallBacks, &kCFTypeDictionaryValueCallBacks);
         const PlistDict& d = *value.asDict();
         for (auto it = d.cbegin(); it != d.cend(); ++it) {
             if (auto child = fromPlist(it.value()))

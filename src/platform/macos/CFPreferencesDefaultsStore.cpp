@@ -4,19 +4,23 @@
 
 namespace ravlin {
 
-CFPreferencesDefaultsStore::CFPreferencesDefaultsStore(QString applicationID) : m_applicationID(std::move(applicationID)) {}
+CFPreferencesDefaultsStore::CFPreferencesDefaultsStore(QString applicationID)
+    : m_applicationID(std::move(applicationID))
+{}
 
 PlistValue CFPreferencesDefaultsStore::persistentValue(const QString& key) const
 {
     auto app = CFConvert::string(m_applicationID);
-    CFRef<CFPropertyListRef> value(CFPreferencesCopyAppValue(CFConvert::string(key).get(), app.get()));
+    CFRef<CFPropertyListRef> value(
+        CFPreferencesCopyAppValue(CFConvert::string(key).get(), app.get()));
     return CFConvert::toPlist(value.get());
 }
 
 PlistDict CFPreferencesDefaultsStore::persistentDomain() const
 {
     auto app = CFConvert::string(m_applicationID);
-    CFRef<CFArrayRef> keys(CFPreferencesCopyKeyList(app.get(), kCFPreferencesCurrentUser, kCFPreferencesAnyHost));
+    CFRef<CFArrayRef> keys(
+        CFPreferencesCopyKeyList(app.get(), kCFPreferencesCurrentUser, kCFPreferencesAnyHost));
     PlistDict domain;
     if (!keys)
         return domain;

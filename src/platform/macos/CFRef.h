@@ -7,8 +7,7 @@
 namespace ravlin {
 
 // Holds a +1 Core Foundation reference and releases it.
-template <class T>
-class CFRef {
+template <class T> class CFRef {
 public:
     CFRef() = default;
     explicit CFRef(T ref) : m_ref(ref) {} // adopts a +1 reference

@@ -8,7 +8,8 @@ namespace ravlin {
 
 ApplicationControl::Policy MacApplicationControl::activationPolicy() const
 {
-    return NSApp.activationPolicy == NSApplicationActivationPolicyRegular ? Policy::Regular : Policy::Accessory;
+    return NSApp.activationPolicy == NSApplicationActivationPolicyRegular ? Policy::Regular
+                                                                          : Policy::Accessory;
 }
 
 void MacApplicationControl::setActivationPolicy(Policy policy)

@@ -10,8 +10,9 @@ class MacAssessmentMode final : public AssessmentMode {
 public:
     MacAssessmentMode();
     bool isAvailable() const override;
-    std::shared_ptr<AssessmentAssertion> activate(const std::vector<int>& allowedSystemItems, const QStringList& allowedBundleIDs,
-                                                  std::function<void(std::optional<PlatformError>)> completion) override;
+    std::shared_ptr<AssessmentAssertion>
+    activate(const std::vector<int>& allowedSystemItems, const QStringList& allowedBundleIDs,
+             std::function<void(std::optional<PlatformError>)> completion) override;
 
 private:
     void* m_assertionClass = nullptr; // Class, kept as void* so the header stays plain C++

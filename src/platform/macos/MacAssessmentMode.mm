@@ -7,7 +7,8 @@
 // The selectors the private framework's classes answer, declared so that the
 // compiler (and ARC) know their signatures and ownership.
 @protocol RavlinAssessmentConfiguration
-- (instancetype)initWithAllowedSystemItems:(NSArray*)items allowedBundleIdentifiers:(NSArray*)bundleIdentifiers;
+- (instancetype)initWithAllowedSystemItems:(NSArray*)items
+                  allowedBundleIdentifiers:(NSArray*)bundleIdentifiers;
 @end
 
 @protocol RavlinAssessmentAssertion
@@ -18,7 +19,8 @@
 namespace ravlin {
 namespace {
 
-const char* const frameworkPath = "/System/Library/PrivateFrameworks/MenuBarClientCore.framework/MenuBarClientCore";
+const char* const frameworkPath =
+    "/System/Library/PrivateFrameworks/MenuBarClientCore.framework/MenuBarClientCore";
 
 class MacAssertion final : public AssessmentAssertion {
 public:
@@ -39,9 +41,13 @@ MacAssessmentMode::MacAssessmentMode()
     Class config = NSClassFromString(@"MBAssessmentModeConfiguration");
     if (!assertion || !config)
         return;
-    if (![assertion instancesRespondToSelector:sel_registerName("activateWithConfiguration:completionHandler:")]
-        || ![assertion instancesRespondToSelector:sel_registerName("invalidate")]
-        || ![config instancesRespondToSelector:sel_registerName("initWithAllowedSystemItems:allowedBundleIdentifiers:")])
+    if (![assertion
+            instancesRespondToSelector:sel_registerName(
+                                           "activateWithConfiguration:completionHandler:")] ||
+        ![assertion instancesRespondToSelector:sel_registerName("invalidate")] ||
+        ![config
+            instancesRespondToSelector:sel_registerName(
+                                           "initWithAllowedSystemItems:allowedBundleIdentifiers:")])
         return;
     m_assertionClass = (__bridge void*)assertion;
     m_configClass = (__bridge void*)config;
@@ -52,8 +58,10 @@ bool MacAssessmentMode::isAvailable() const
     return m_assertionClass && m_configClass;
 }
 
-std::shared_ptr<AssessmentAssertion> MacAssessmentMode::activate(const std::vector<int>& allowedSystemItems, const QStringList& allowedBundleIDs,
-                                                                 std::function<void(std::optional<PlatformError>)> completion)
+std::shared_ptr<AssessmentAssertion>
+MacAssessmentMode::activate(const std::vector<int>& allowedSystemItems,
+                            const QStringList& allowedBundleIDs,
+                            std::function<void(std::optional<PlatformError>)> completion)
 {
     if (!isAvailable())
         return nullptr;
@@ -66,22 +74,26 @@ std::shared_ptr<AssessmentAssertion> MacAssessmentMode::activate(const std::vect
 
     Class configClass = (__bridge Class)m_configClass;
     id<RavlinAssessmentConfiguration> allocated = [configClass alloc];
-    id config = allocated ? [allocated initWithAllowedSystemItems:items allowedBundleIdentifiers:owners] : nil;
+    id config = allocated
+                    ? [allocated initWithAllowedSystemItems:items allowedBundleIdentifiers:owners]
+                    : nil;
     if (!config)
         return nullptr;
 
     Class assertionClass = (__bridge Class)m_assertionClass;
     id<RavlinAssessmentAssertion> assertion = [[assertionClass alloc] init];
     auto result = std::make_shared<MacAssertion>(assertion);
-    auto shared = std::make_shared<std::function<void(std::optional<PlatformError>)>>(std::move(completion));
+    auto shared =
+        std::make_shared<std::function<void(std::optional<PlatformError>)>>(std::move(completion));
     void (^handler)(NSError*) = ^(NSError* error) {
-        // The framework answers on a thread of its own; the core lives on the main thread.
-        std::optional<PlatformError> failure;
-        if (error)
-            failure = PlatformError{QString::fromNSString(error.domain), int(error.code), QString::fromNSString(error.localizedDescription)};
-        dispatch_async(dispatch_get_main_queue(), ^{
-            (*shared)(failure);
-        });
+      // The framework answers on a thread of its own; the core lives on the main thread.
+      std::optional<PlatformError> failure;
+      if (error)
+          failure = PlatformError{QString::fromNSString(error.domain), int(error.code),
+                                  QString::fromNSString(error.localizedDescription)};
+      dispatch_async(dispatch_get_main_queue(), ^{
+        (*shared)(failure);
+      });
     };
     [assertion activateWithConfiguration:config completionHandler:handler];
     return result;

@@ -20,7 +20,8 @@ private:
 
 } // namespace
 
-std::unique_ptr<EventMonitors::Monitor> MacEventMonitors::addGlobalMonitor(int kinds, std::function<void(Kind)> handler)
+std::unique_ptr<EventMonitors::Monitor>
+MacEventMonitors::addGlobalMonitor(int kinds, std::function<void(Kind)> handler)
 {
     NSEventMask mask = 0;
     if (kinds & MouseMoved)
@@ -30,13 +31,15 @@ std::unique_ptr<EventMonitors::Monitor> MacEventMonitors::addGlobalMonitor(int k
     if (kinds & RightMouseDown)
         mask |= NSEventMaskRightMouseDown;
     auto shared = std::make_shared<std::function<void(Kind)>>(std::move(handler));
-    id token = [NSEvent addGlobalMonitorForEventsMatchingMask:mask
-                                                      handler:^(NSEvent* event) {
-                                                          Kind kind = event.type == NSEventTypeMouseMoved ? MouseMoved
-                                                                      : event.type == NSEventTypeRightMouseDown ? RightMouseDown
-                                                                                                                : LeftMouseDown;
-                                                          (*shared)(kind);
-                                                      }];
+    id token = [NSEvent
+        addGlobalMonitorForEventsMatchingMask:mask
+                                      handler:^(NSEvent* event) {
+                                        Kind kind = event.type == NSEventTypeMouseMoved ? MouseMoved
+                                                    : event.type == NSEventTypeRightMouseDown
+                                                        ? RightMouseDown
+                                                        : LeftMouseDown;
+                                        (*shared)(kind);
+                                      }];
     return std::make_unique<MacMonitor>(token);
 }
 

@@ -41,10 +41,12 @@ NSImage* symbolImage(const QString& name)
 {
     if (name.isEmpty())
         return nil;
-    NSImage* image = [NSImage imageWithSystemSymbolName:name.toNSString() accessibilityDescription:nil];
+    NSImage* image = [NSImage imageWithSystemSymbolName:name.toNSString()
+                               accessibilityDescription:nil];
     if (!image)
         return nil;
-    NSImageSymbolConfiguration* config = [NSImageSymbolConfiguration configurationWithPointSize:13.0 weight:NSFontWeightSemibold];
+    NSImageSymbolConfiguration* config =
+        [NSImageSymbolConfiguration configurationWithPointSize:13.0 weight:NSFontWeightSemibold];
     return [image imageWithSymbolConfiguration:config];
 }
 
@@ -57,7 +59,9 @@ NSMenu* buildMenu(const std::vector<MenuEntry>& entries, NSMutableArray* targets
             [menu addItem:[NSMenuItem separatorItem]];
             continue;
         }
-        NSMenuItem* item = [[NSMenuItem alloc] initWithTitle:entry.title.toNSString() action:nil keyEquivalent:entry.keyEquivalent.toNSString()];
+        NSMenuItem* item = [[NSMenuItem alloc] initWithTitle:entry.title.toNSString()
+                                                      action:nil
+                                               keyEquivalent:entry.keyEquivalent.toNSString()];
         item.state = entry.checked ? NSControlStateValueOn : NSControlStateValueOff;
         if (entry.action) {
             RavlinMenuTarget* target = [[RavlinMenuTarget alloc] init];
@@ -97,7 +101,10 @@ public:
         m_item.button.image = image;
     }
     void setTitle(const QString& title) override { m_item.button.title = title.toNSString(); }
-    void setToolTip(const QString& toolTip) override { m_item.button.toolTip = toolTip.toNSString(); }
+    void setToolTip(const QString& toolTip) override
+    {
+        m_item.button.toolTip = toolTip.toNSString();
+    }
     void setAppearsDisabled(bool disabled) override { m_item.button.appearsDisabled = disabled; }
     void setAction(std::function<void()> action) override { m_action = std::move(action); }
     std::optional<ScreenRect> windowFrame() const override
@@ -137,7 +144,7 @@ CurrentEvent MacStatusBar::currentEvent() const
     NSEvent* current = NSApp.currentEvent;
     if (!current)
         return event;
-    event.type = current.type == NSEventTypeRightMouseUp ? CurrentEvent::RightMouseUp
+    event.type = current.type == NSEventTypeRightMouseUp  ? CurrentEvent::RightMouseUp
                  : current.type == NSEventTypeLeftMouseUp ? CurrentEvent::LeftMouseUp
                                                           : CurrentEvent::Other;
     event.modifierFlags = current.modifierFlags;
@@ -146,7 +153,8 @@ CurrentEvent MacStatusBar::currentEvent() const
 
 bool MacStatusBar::symbolExists(const QString& symbolName) const
 {
-    return [NSImage imageWithSystemSymbolName:symbolName.toNSString() accessibilityDescription:nil] != nil;
+    return [NSImage imageWithSystemSymbolName:symbolName.toNSString()
+                     accessibilityDescription:nil] != nil;
 }
 
 } // namespace ravlin

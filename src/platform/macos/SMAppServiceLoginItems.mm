@@ -7,10 +7,14 @@ namespace ravlin {
 LoginItemStatus SMAppServiceLoginItems::status()
 {
     switch (SMAppService.mainAppService.status) {
-    case SMAppServiceStatusNotRegistered: return LoginItemStatus::NotRegistered;
-    case SMAppServiceStatusEnabled: return LoginItemStatus::Enabled;
-    case SMAppServiceStatusRequiresApproval: return LoginItemStatus::RequiresApproval;
-    case SMAppServiceStatusNotFound: return LoginItemStatus::NotFound;
+    case SMAppServiceStatusNotRegistered:
+        return LoginItemStatus::NotRegistered;
+    case SMAppServiceStatusEnabled:
+        return LoginItemStatus::Enabled;
+    case SMAppServiceStatusRequiresApproval:
+        return LoginItemStatus::RequiresApproval;
+    case SMAppServiceStatusNotFound:
+        return LoginItemStatus::NotFound;
     }
     return LoginItemStatus::NotFound;
 }

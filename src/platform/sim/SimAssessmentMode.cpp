@@ -20,7 +20,8 @@ public:
     std::shared_ptr<Grant> grant;
 };
 
-SimAssessmentMode::SimAssessmentMode(SimDesktop& desktop, Scheduler& scheduler) : m_desktop(desktop), m_scheduler(scheduler)
+SimAssessmentMode::SimAssessmentMode(SimDesktop& desktop, Scheduler& scheduler)
+    : m_desktop(desktop), m_scheduler(scheduler)
 {
     m_desktop.setItemHider([this](const SimItem& item) { return hides(item); });
 }
@@ -33,10 +34,12 @@ SimAssessmentMode::~SimAssessmentMode()
 std::optional<int> SimAssessmentMode::systemItemID(const SimItem& item)
 {
     static const QHash<QString, int> ids = {
-        {QStringLiteral("Battery"), 0},       {QStringLiteral("Bluetooth"), 1},     {QStringLiteral("Clock"), 2},
-        {QStringLiteral("Display"), 3},       {QStringLiteral("Displays"), 3},      {QStringLiteral("KeyboardBrightness"), 4},
-        {QStringLiteral("Keyboard"), 4},      {QStringLiteral("Sound"), 5},         {QStringLiteral("Volume"), 5},
-        {QStringLiteral("WiFi"), 6},          {QStringLiteral("ScreenMirroring"), 7}, {QStringLiteral("BentoBox-0"), 8},
+        {QStringLiteral("Battery"), 0},         {QStringLiteral("Bluetooth"), 1},
+        {QStringLiteral("Clock"), 2},           {QStringLiteral("Display"), 3},
+        {QStringLiteral("Displays"), 3},        {QStringLiteral("KeyboardBrightness"), 4},
+        {QStringLiteral("Keyboard"), 4},        {QStringLiteral("Sound"), 5},
+        {QStringLiteral("Volume"), 5},          {QStringLiteral("WiFi"), 6},
+        {QStringLiteral("ScreenMirroring"), 7}, {QStringLiteral("BentoBox-0"), 8},
     };
     if (item.bundleId != u"com.apple.controlcenter" && item.bundleId != u"com.apple.systemuiserver")
         return std::nullopt;
@@ -44,9 +47,10 @@ std::optional<int> SimAssessmentMode::systemItemID(const SimItem& item)
     return it == ids.constEnd() ? std::nullopt : std::optional<int>(*it);
 }
 
-std::shared_ptr<AssessmentAssertion> SimAssessmentMode::activate(const std::vector<int>& allowedSystemItems,
-                                                                 const QStringList& allowedBundleIDs,
-                                                                 std::function<void(std::optional<PlatformError>)> completion)
+std::shared_ptr<AssessmentAssertion>
+SimAssessmentMode::activate(const std::vector<int>& allowedSystemItems,
+                            const QStringList& allowedBundleIDs,
+                            std::function<void(std::optional<PlatformError>)> completion)
 {
     if (!isAvailable())
         return nullptr;
@@ -58,8 +62,9 @@ std::shared_ptr<AssessmentAssertion> SimAssessmentMode::activate(const std::vect
     std::weak_ptr<Grant> weak = grant;
     m_scheduler.after(0.1, [this, weak, refuse, completion = std::move(completion)] {
         if (refuse) {
-            completion(PlatformError{QStringLiteral("MBAssessmentModeErrorDomain"), 3,
-                                     QStringLiteral("Assessment mode is not permitted for this application.")});
+            completion(PlatformError{
+                QStringLiteral("MBAssessmentModeErrorDomain"), 3,
+                QStringLiteral("Assessment mode is not permitted for this application.")});
             return;
         }
         if (auto g = weak.lock()) {

@@ -26,8 +26,9 @@ public:
     Behaviour behaviour() const { return m_behaviour; }
 
     bool isAvailable() const override { return m_behaviour != Behaviour::Unavailable; }
-    std::shared_ptr<AssessmentAssertion> activate(const std::vector<int>& allowedSystemItems, const QStringList& allowedBundleIDs,
-                                                  std::function<void(std::optional<PlatformError>)> completion) override;
+    std::shared_ptr<AssessmentAssertion>
+    activate(const std::vector<int>& allowedSystemItems, const QStringList& allowedBundleIDs,
+             std::function<void(std::optional<PlatformError>)> completion) override;
 
     int activeAssertions() const;
     // The system-item number of a status item (the control centre's own items), if it has one.

@@ -47,7 +47,10 @@ std::vector<SimPlacedItem> SimDesktop::bar() const
             if (!isPresent(item))
                 continue;
             if (m_hider && m_hider(item)) {
-                hidden.push_back({item, app(item.bundleId)->pid, {-20000, 0, item.width, itemHeight(item)}, false});
+                hidden.push_back({item,
+                                  app(item.bundleId)->pid,
+                                  {-20000, 0, item.width, itemHeight(item)},
+                                  false});
                 continue;
             }
             x -= item.width;

@@ -8,8 +8,7 @@ class SimEventMonitors::SimMonitor final : public EventMonitors::Monitor {
 public:
     SimMonitor(SimEventMonitors& owner, std::shared_ptr<std::function<void(Kind)>> handler)
         : m_owner(owner), m_handler(std::move(handler))
-    {
-    }
+    {}
     ~SimMonitor() override
     {
         std::erase_if(m_owner.m_entries, [this](const Entry& e) { return e.handler == m_handler; });
@@ -20,7 +19,8 @@ private:
     std::shared_ptr<std::function<void(Kind)>> m_handler;
 };
 
-std::unique_ptr<EventMonitors::Monitor> SimEventMonitors::addGlobalMonitor(int kinds, std::function<void(Kind)> handler)
+std::unique_ptr<EventMonitors::Monitor>
+SimEventMonitors::addGlobalMonitor(int kinds, std::function<void(Kind)> handler)
 {
     auto shared = std::make_shared<std::function<void(Kind)>>(std::move(handler));
     m_entries.push_back({kinds, shared});
@@ -35,7 +35,9 @@ void SimEventMonitors::deliver(Kind kind)
         if (e.kinds & kind)
             handlers.push_back(e.handler);
     for (const auto& handler : handlers) {
-        const bool stillInstalled = std::any_of(m_entries.begin(), m_entries.end(), [&](const Entry& e) { return e.handler == handler; });
+        const bool stillInstalled =
+            std::any_of(m_entries.begin(), m_entries.end(),
+                        [&](const Entry& e) { return e.handler == handler; });
         if (stillInstalled)
             (*handler)(kind);
     }
@@ -43,7 +45,8 @@ void SimEventMonitors::deliver(Kind kind)
 
 int SimEventMonitors::installed(int kinds) const
 {
-    return int(std::count_if(m_entries.begin(), m_entries.end(), [&](const Entry& e) { return e.kinds & kinds; }));
+    return int(std::count_if(m_entries.begin(), m_entries.end(),
+                             [&](const Entry& e) { return e.kinds & kinds; }));
 }
 
 } // namespace ravlin

@@ -10,7 +10,8 @@ namespace ravlin {
 // person's pointer moves and of clicks that go to other applications.
 class SimEventMonitors final : public EventMonitors {
 public:
-    std::unique_ptr<Monitor> addGlobalMonitor(int kinds, std::function<void(Kind)> handler) override;
+    std::unique_ptr<Monitor> addGlobalMonitor(int kinds,
+                                              std::function<void(Kind)> handler) override;
 
     void deliver(Kind kind);
     int installed(int kinds) const;

@@ -8,7 +8,8 @@ SimStatusBar::SimStatusBar(SimDesktop& desktop) : m_desktop(desktop)
 {
     m_desktop.setOwnItemClickHandler([this](const SimItem& item, const SimUserClick& click) {
         CurrentEvent event;
-        event.type = click.button == MouseButton::Right ? CurrentEvent::RightMouseUp : CurrentEvent::LeftMouseUp;
+        event.type = click.button == MouseButton::Right ? CurrentEvent::RightMouseUp
+                                                        : CurrentEvent::LeftMouseUp;
         event.modifierFlags = click.flags;
         clicked(item.window, event);
     });
@@ -81,10 +82,11 @@ SimStatusBar::Choice SimStatusBar::choose(const QStringList& path)
     return Choice::Done;
 }
 
-SimStatusItem::SimStatusItem(SimStatusBar& bar, SimDesktop& desktop, std::int64_t window, QString autosaveName, double length)
-    : m_bar(bar), m_desktop(desktop), m_window(window), m_autosaveName(std::move(autosaveName)), m_length(length)
-{
-}
+SimStatusItem::SimStatusItem(SimStatusBar& bar, SimDesktop& desktop, std::int64_t window,
+                             QString autosaveName, double length)
+    : m_bar(bar), m_desktop(desktop), m_window(window), m_autosaveName(std::move(autosaveName)),
+      m_length(length)
+{}
 
 SimStatusItem::~SimStatusItem()
 {

@@ -23,7 +23,10 @@ public:
 
     std::unique_ptr<StatusItem> createItem(double length, const QString& autosaveName) override;
     CurrentEvent currentEvent() const override { return m_current; }
-    bool symbolExists(const QString& symbolName) const override { return !missingSymbols.contains(symbolName); }
+    bool symbolExists(const QString& symbolName) const override
+    {
+        return !missingSymbols.contains(symbolName);
+    }
 
     // Symbols the simulated system lacks (tests of the fallbacks).
     QSet<QString> missingSymbols;
@@ -53,7 +56,8 @@ private:
 // One own item of the simulated bar; what it was told is kept for the dump.
 class SimStatusItem final : public StatusItem {
 public:
-    SimStatusItem(SimStatusBar& bar, SimDesktop& desktop, std::int64_t window, QString autosaveName, double length);
+    SimStatusItem(SimStatusBar& bar, SimDesktop& desktop, std::int64_t window, QString autosaveName,
+                  double length);
     ~SimStatusItem() override;
 
     QString autosaveName() const override { return m_autosaveName; }

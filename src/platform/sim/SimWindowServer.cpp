@@ -42,7 +42,8 @@ QImage monogram(const SimPlacedItem& p)
     const QSize size(qMax(1, int(p.frame.width * scale)), qMax(1, int(p.frame.height * scale)));
     QImage image(size, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
-    const QString name = p.item.title.isEmpty() || p.item.title == u"Item-0" ? p.item.owner : p.item.title;
+    const QString name =
+        p.item.title.isEmpty() || p.item.title == u"Item-0" ? p.item.owner : p.item.title;
     const QString letter = name.isEmpty() ? QStringLiteral("?") : name.left(1).toUpper();
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);

@@ -34,7 +34,8 @@ struct Started {
 TEST(StatusBarController, WithoutChevronSymbolsTheMainItemReadsR)
 {
     Started s;
-    s.session.statusBar().missingSymbols = {QStringLiteral("chevron.left"), QStringLiteral("chevron.right")};
+    s.session.statusBar().missingSymbols = {QStringLiteral("chevron.left"),
+                                            QStringLiteral("chevron.right")};
     ASSERT_EQ(s.run(QStringLiteral("start\nadvance 1\n")), 0) << s.err.toStdString();
     const SimStatusItem* main = s.session.statusBar().item(StatusBarController::mainName);
     ASSERT_TRUE(main);
@@ -44,7 +45,8 @@ TEST(StatusBarController, WithoutChevronSymbolsTheMainItemReadsR)
 
 TEST(StatusBarController, SyntheticClickHintsMatchCaseSensitively)
 {
-    EXPECT_TRUE(StatusBarController::prefersSyntheticClick(QStringLiteral("b:com.openai.chatgpt#Item-0")));
+    EXPECT_TRUE(
+        StatusBarController::prefersSyntheticClick(QStringLiteral("b:com.openai.chatgpt#Item-0")));
     EXPECT_TRUE(StatusBarController::prefersSyntheticClick(QStringLiteral("n:geminimacos-status")));
     EXPECT_FALSE(StatusBarController::prefersSyntheticClick(QStringLiteral("n:ChatGPT")));
     EXPECT_FALSE(StatusBarController::prefersSyntheticClick(QStringLiteral("n:chat")));
@@ -53,7 +55,8 @@ TEST(StatusBarController, SyntheticClickHintsMatchCaseSensitively)
 TEST(StatusBarController, SeedingHappensOncePerUser)
 {
     Started first;
-    ASSERT_EQ(first.run(QStringLiteral("start\ncmd-drag item:\"Ravlin.Main\" to 100\n")), 0) << first.err.toStdString();
+    ASSERT_EQ(first.run(QStringLiteral("start\ncmd-drag item:\"Ravlin.Main\" to 100\n")), 0)
+        << first.err.toStdString();
     // A second launch over the same settings keeps the user's arrangement.
     const QString path = first.session.defaultsPath();
     SandboxSession::Options options;
@@ -64,9 +67,10 @@ TEST(StatusBarController, SeedingHappensOncePerUser)
     SandboxSession second(options);
     ScriptRunner runner(second, o, e);
     registerAll(runner);
-    EXPECT_EQ(runner.run(QStringLiteral("start\n"
-                                        "expect /defaults/seededPositionsV1 == true\n"
-                                        "expect \"/defaults/NSStatusItem Preferred Position Ravlin.Main\" > 0\n")),
+    EXPECT_EQ(runner.run(QStringLiteral(
+                  "start\n"
+                  "expect /defaults/seededPositionsV1 == true\n"
+                  "expect \"/defaults/NSStatusItem Preferred Position Ravlin.Main\" > 0\n")),
               0)
         << err.toStdString();
 }

@@ -19,7 +19,8 @@ bool commandHeld(Qt::KeyboardModifiers m)
     return m & (Qt::AltModifier | Qt::MetaModifier);
 }
 
-void fillMenu(QMenu& menu, const std::vector<MenuEntry>& entries, const QStringList& path, QStringList& chosen)
+void fillMenu(QMenu& menu, const std::vector<MenuEntry>& entries, const QStringList& path,
+              QStringList& chosen)
 {
     for (const MenuEntry& e : entries) {
         if (e.separator) {
@@ -100,7 +101,8 @@ void DesktopCanvas::mousePressEvent(QMouseEvent* event)
     desktop.userClick(click);
     m_session->scheduler().runDue();
     Q_EMIT acted(QStringLiteral("%1 click at (%2, %3)%4")
-                     .arg(click.button == MouseButton::Right ? QStringLiteral("right") : QStringLiteral("left"))
+                     .arg(click.button == MouseButton::Right ? QStringLiteral("right")
+                                                             : QStringLiteral("left"))
                      .arg(point.x, 0, 'f', 0)
                      .arg(point.y, 0, 'f', 0)
                      .arg(hit ? QStringLiteral(" on ") + hit->item.title : QString()));
@@ -115,7 +117,9 @@ void DesktopCanvas::mouseReleaseEvent(QMouseEvent* event)
     const std::int64_t window = *std::exchange(m_dragging, std::nullopt);
     m_session->desktop().dragItem(window, event->position().x());
     m_session->scheduler().runDue();
-    Q_EMIT acted(QStringLiteral("command-drag of window %1 to x=%2").arg(window).arg(event->position().x(), 0, 'f', 0));
+    Q_EMIT acted(QStringLiteral("command-drag of window %1 to x=%2")
+                     .arg(window)
+                     .arg(event->position().x(), 0, 'f', 0));
     update();
 }
 
@@ -139,7 +143,8 @@ void DesktopCanvas::showOpenMenu()
     QStringList chosen;
     fillMenu(menu, model.entries, {}, chosen);
     const WindowServerPoint cursor = m_session->desktop().cursor();
-    menu.exec(mapToGlobal(QPoint(int(cursor.x), int(m_session->desktop().mainScreen().menuBarHeight))));
+    menu.exec(
+        mapToGlobal(QPoint(int(cursor.x), int(m_session->desktop().mainScreen().menuBarHeight))));
     if (chosen.isEmpty()) {
         bar.closeMenu();
     } else {

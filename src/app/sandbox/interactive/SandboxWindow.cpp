@@ -37,8 +37,11 @@ QString sampleFor(QSize screen, bool realSystem)
     QStringList lines;
     for (const QString& line : sampleDesktopScript().split(u'\n')) {
         if (line.startsWith(QStringLiteral("screen ")))
-            lines << QStringLiteral("screen %1 %2 menubar=24").arg(screen.width()).arg(screen.height());
-        else if (realSystem && (line.startsWith(QStringLiteral("probe ")) || line.startsWith(QStringLiteral("location ")) ||
+            lines << QStringLiteral("screen %1 %2 menubar=24")
+                         .arg(screen.width())
+                         .arg(screen.height());
+        else if (realSystem && (line.startsWith(QStringLiteral("probe ")) ||
+                                line.startsWith(QStringLiteral("location ")) ||
                                 line.startsWith(QStringLiteral("forecast "))))
             continue;
         else
@@ -50,7 +53,9 @@ QString sampleFor(QSize screen, bool realSystem)
 QString eventText(const SimPostedEvent& e)
 {
     if (e.kind == SimPostedEvent::Kind::Warp)
-        return QStringLiteral("cursor warped to (%1, %2)").arg(e.event.location.x, 0, 'f', 0).arg(e.event.location.y, 0, 'f', 0);
+        return QStringLiteral("cursor warped to (%1, %2)")
+            .arg(e.event.location.x, 0, 'f', 0)
+            .arg(e.event.location.y, 0, 'f', 0);
     return QStringLiteral("posted mouse event %1 at (%2, %3) flags %4 to the %5 tap")
         .arg(int(e.event.type))
         .arg(e.event.location.x, 0, 'f', 0)
@@ -106,19 +111,22 @@ QWidget* SandboxWindow::buildSidebar()
     connect(screen, &QCheckBox::toggled, this, [this](bool on) {
         if (m_session) {
             m_session->desktop().screenRecording = on;
-            log(QStringLiteral("screen recording %1").arg(on ? QStringLiteral("granted") : QStringLiteral("withdrawn")));
+            log(QStringLiteral("screen recording %1")
+                    .arg(on ? QStringLiteral("granted") : QStringLiteral("withdrawn")));
         }
     });
     connect(ax, &QCheckBox::toggled, this, [this](bool on) {
         if (m_session) {
             m_session->desktop().accessibilityTrusted = on;
-            log(QStringLiteral("accessibility %1").arg(on ? QStringLiteral("granted") : QStringLiteral("withdrawn")));
+            log(QStringLiteral("accessibility %1")
+                    .arg(on ? QStringLiteral("granted") : QStringLiteral("withdrawn")));
         }
     });
     form->addRow(screen);
     form->addRow(ax);
     m_engine = new QComboBox(system);
-    m_engine->addItems({QStringLiteral("unavailable"), QStringLiteral("available"), QStringLiteral("refuse")});
+    m_engine->addItems(
+        {QStringLiteral("unavailable"), QStringLiteral("available"), QStringLiteral("refuse")});
     form->addRow(QStringLiteral("Hide engine (at restart)"), m_engine);
     column->addWidget(system);
 
@@ -127,8 +135,9 @@ QWidget* SandboxWindow::buildSidebar()
     auto* scriptButton = new QPushButton(QStringLiteral("Load Script…"), sidebar);
     connect(restartButton, &QPushButton::clicked, this, [this] { restart(m_currentScript); });
     connect(scriptButton, &QPushButton::clicked, this, [this] {
-        const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("Sandbox Script"), QString(),
-                                                          QStringLiteral("Sandbox scripts (*.rvs);;All files (*)"));
+        const QString path =
+            QFileDialog::getOpenFileName(this, QStringLiteral("Sandbox Script"), QString(),
+                                         QStringLiteral("Sandbox scripts (*.rvs);;All files (*)"));
         if (!path.isEmpty())
             startScript(path);
     });
@@ -208,7 +217,8 @@ void SandboxWindow::tick()
     reportChanges();
     m_canvas->update();
     if (!m_session->application().running()) {
-        log(QStringLiteral("Ravlin ended (status %1); restart it from the side bar").arg(m_session->application().exitCode().value_or(0)));
+        log(QStringLiteral("Ravlin ended (status %1); restart it from the side bar")
+                .arg(m_session->application().exitCode().value_or(0)));
         m_clock.stop();
     }
 }
@@ -238,13 +248,15 @@ void SandboxWindow::rebuildAppList()
         delete old;
     }
     for (const SimApp& app : m_session->desktop().apps()) {
-        if (app.bundleId.startsWith(QStringLiteral("com.apple.")) || app.bundleId == SimDesktop::ownBundleId)
+        if (app.bundleId.startsWith(QStringLiteral("com.apple.")) ||
+            app.bundleId == SimDesktop::ownBundleId)
             continue;
         auto* row = new QWidget;
         auto* h = new QHBoxLayout(row);
         h->setContentsMargins(0, 0, 0, 0);
         h->addWidget(new QLabel(app.name, row), 1);
-        auto* button = new QPushButton(app.running ? QStringLiteral("Quit") : QStringLiteral("Launch"), row);
+        auto* button =
+            new QPushButton(app.running ? QStringLiteral("Quit") : QStringLiteral("Launch"), row);
         const QString bundle = app.bundleId;
         connect(button, &QPushButton::clicked, this, [this, bundle, button] {
             SimDesktop& desktop = m_session->desktop();
@@ -252,7 +264,8 @@ void SandboxWindow::rebuildAppList()
             const bool running = a && a->running;
             running ? desktop.terminate(bundle) : desktop.launch(bundle);
             m_session->scheduler().runDue();
-            log(QStringLiteral("%1 %2").arg(running ? QStringLiteral("quit") : QStringLiteral("launched"), bundle));
+            log(QStringLiteral("%1 %2").arg(
+                running ? QStringLiteral("quit") : QStringLiteral("launched"), bundle));
             button->setText(running ? QStringLiteral("Launch") : QStringLiteral("Quit"));
             m_canvas->update();
         });

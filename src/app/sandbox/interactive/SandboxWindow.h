@@ -25,9 +25,9 @@ class SandboxWindow : public QWidget {
     Q_OBJECT
 public:
     struct Setup {
-        QString defaultsPath;  // the settings file Ravlin reads and writes
+        QString defaultsPath; // the settings file Ravlin reads and writes
         QString logDir;
-        QSize screenSize;      // the simulated screen
+        QSize screenSize;       // the simulated screen
         bool realSystem = true; // this machine's statistics, network and login item
     };
 
