@@ -6,7 +6,10 @@
 #include "core/foundation/ResourceBundle.h"
 #include "platform/Platform.h"
 #include "platform/macos/MacPlatform.h"
+#include "core/app/MenuBarServices.h"
 #include "ui/ArrangeHUD.h"
+#include "ui/RavlinBar.h"
+#include "ui/settings/SettingsWindowController.h"
 
 #import <AppKit/AppKit.h>
 
@@ -32,8 +35,14 @@ int main(int argc, char** argv)
     AppDelegate delegate(platform, scheduler, resources);
 
     ArrangeHUD arrangeGuide(*platform.screens);
+    RavlinBar panel(RavlinBarServices{scheduler, *platform.screens, delegate.preferences(), delegate.languageManager(),
+                                      delegate.systemStats(), delegate.weatherService(), delegate.tileModel(),
+                                      delegate.menuBar().permissions(), *platform.workspace});
+    SettingsWindowController settings(delegate);
     AppWindows windows;
     windows.guide = &arrangeGuide;
+    windows.panel = &panel;
+    windows.settings = &settings;
     delegate.setWindows(windows);
 
     QTimer::singleShot(0, [&] {
