@@ -46,13 +46,3 @@ void BM_IdleTimerFiringsPerMinute(benchmark::State& state)
 BENCHMARK(BM_IdleTimerFiringsPerMinute)->Iterations(3)->Unit(benchmark::kMillisecond);
 
 } // namespace
-
-int main(int argc, char** argv)
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}

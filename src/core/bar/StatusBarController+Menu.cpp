@@ -28,6 +28,18 @@ void StatusBarController::showMenu()
     m_mainItem->popUpMenu(m_usesEngine ? buildEngineMenu() : buildMenu());
 }
 
+// Settings, about and quit close both menus.
+void StatusBarController::appendApplicationEntries(std::vector<MenuEntry>& e)
+{
+    const LanguageManager& lm = m_s.language;
+    e.push_back(entry(lm.L(QStringLiteral("menu.settings")), weakly([this] { menuSettings(); }),
+                      QStringLiteral(",")));
+    e.push_back(entry(lm.L(QStringLiteral("menu.about")), weakly([this] { menuAbout(); })));
+    e.push_back(MenuEntry::separatorEntry());
+    e.push_back(entry(lm.L(QStringLiteral("menu.quit")), weakly([this] { menuQuit(); }),
+                      QStringLiteral("q")));
+}
+
 MenuModel StatusBarController::buildMenu()
 {
     const LanguageManager& lm = m_s.language;
@@ -52,12 +64,7 @@ MenuModel StatusBarController::buildMenu()
     }
     e.push_back(std::move(design));
     e.push_back(MenuEntry::separatorEntry());
-    e.push_back(entry(lm.L(QStringLiteral("menu.settings")), weakly([this] { menuSettings(); }),
-                      QStringLiteral(",")));
-    e.push_back(entry(lm.L(QStringLiteral("menu.about")), weakly([this] { menuAbout(); })));
-    e.push_back(MenuEntry::separatorEntry());
-    e.push_back(entry(lm.L(QStringLiteral("menu.quit")), weakly([this] { menuQuit(); }),
-                      QStringLiteral("q")));
+    appendApplicationEntries(e);
     return menu;
 }
 
@@ -70,12 +77,7 @@ MenuModel StatusBarController::buildEngineMenu()
         entry(lm.L(m_engineRevealed ? QStringLiteral("menu.hide") : QStringLiteral("menu.show")),
               weakly([this] { menuEngineToggle(); })));
     e.push_back(MenuEntry::separatorEntry());
-    e.push_back(entry(lm.L(QStringLiteral("menu.settings")), weakly([this] { menuSettings(); }),
-                      QStringLiteral(",")));
-    e.push_back(entry(lm.L(QStringLiteral("menu.about")), weakly([this] { menuAbout(); })));
-    e.push_back(MenuEntry::separatorEntry());
-    e.push_back(entry(lm.L(QStringLiteral("menu.quit")), weakly([this] { menuQuit(); }),
-                      QStringLiteral("q")));
+    appendApplicationEntries(e);
     return menu;
 }
 

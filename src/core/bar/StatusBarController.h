@@ -38,6 +38,7 @@ class SettingsPresenter;
 class StatusBar;
 class StatusItem;
 class TilePanel;
+struct MenuEntry;
 struct MenuModel;
 struct Stat;
 
@@ -185,6 +186,7 @@ private:
     void configureToggleButton();
     std::unique_ptr<StatusItem> makeSeparator(const QString& autosaveName, bool dimmed);
     void prefsChanged();
+    void appendApplicationEntries(std::vector<MenuEntry>& entries);
     double hiddenSeparatorLimit() const;
     std::vector<MenuBarItemInfo> hiddenCandidates(double limit) const;
     std::vector<BarItem> mergeDetected(std::vector<BarItem> fresh) const;
