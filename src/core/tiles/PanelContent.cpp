@@ -88,7 +88,8 @@ PanelTile PanelContent::weatherTile() const
     tile.detail = rangeText(m_weather.high(), m_weather.low());
     const WeatherDescription description = WeatherService::describe(m_weather.code());
     tile.symbol = description.symbol;
-    tile.note = description.text;
+    // Without location access there is no forecast to describe: say why instead.
+    tile.note = m_weather.denied() ? m_language.L(QStringLiteral("weather.denied")) : description.text;
     tile.accent = weatherAccent;
     return tile;
 }

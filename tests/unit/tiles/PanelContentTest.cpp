@@ -152,6 +152,16 @@ TEST_F(PanelContentTest, TheWeatherHeaderNamesThePlaceOrSaysWetter)
     EXPECT_EQ(tile.symbol, u"cloud.sun.fill"_s);
 }
 
+TEST_F(PanelContentTest, WithoutLocationAccessTheHeaderSaysSo)
+{
+    EXPECT_EQ(content.weatherTile().note, QStringLiteral("—"));
+    location.setStatus(LocationAuthorization::Denied, false);
+    weather.refreshIfStale();
+    world.scheduler.runDue();
+    ASSERT_TRUE(weather.denied());
+    EXPECT_EQ(content.weatherTile().note, world.language().L(QStringLiteral("weather.denied")));
+}
+
 TEST_F(PanelContentTest, ItemsFollowTheSavedOrderWithinTheirGroup)
 {
     const BarGroup group{QStringLiteral("Apps"),
