@@ -3,6 +3,8 @@
 #include "core/foundation/PrintfFormat.h"
 #include "core/foundation/StringsTable.h"
 
+#include <QFile>
+
 #include <gtest/gtest.h>
 
 using namespace ravlin;
@@ -62,4 +64,15 @@ TEST(PrintfFormat, FillsThePlatformsPlaceholders)
               QStringLiteral("missing  and 0, odd 100 %"));
     EXPECT_EQ(printfPlaceholders(QStringLiteral("a %@ b %1$d %% c %.1f")),
               (QStringList{QStringLiteral("%@"), QStringLiteral("%1$d"), QStringLiteral("%.1f")}));
+}
+
+TEST(PrintfFormat, OutlandishWidthsAndPrecisionsFromATranslationAreHeldInCheck)
+{
+    EXPECT_EQ(formatPrintf(QStringLiteral("%66666666666666666666e"), {1.5}).size(), 64);
+    EXPECT_EQ(formatPrintf(QStringLiteral("%.99999f"), {1.5}), QStringLiteral("1.5000000000000000"));
+    QFile file(QStringLiteral(RAVLIN_TEST_DATA "/strings-huge-width.strings"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    if (const auto table = StringsTable::parse(file.readAll()))
+        for (const auto& entry : table->entries())
+            (void)formatPrintf(entry.value, {QStringLiteral("x"), 42, 1.5});
 }

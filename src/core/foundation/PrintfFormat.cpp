@@ -52,6 +52,19 @@ bool readConversion(const QString& f, qsizetype at, Conversion& conversion)
         return false;
     conversion.conversion = f[i];
     conversion.end = i + 1;
+    // A translation is text from outside the program: widths and precisions beyond
+    // anything an interface needs are held to a sane size.
+    auto clamp = [](QString& digits, int most) {
+        bool ok = false;
+        const int value = digits.toInt(&ok);
+        if (!digits.isEmpty() && (!ok || value > most))
+            digits = QString::number(most);
+    };
+    clamp(conversion.width, 64);
+    QString precisionDigits = conversion.precision.mid(1);
+    clamp(precisionDigits, 16);
+    if (!conversion.precision.isEmpty())
+        conversion.precision = u'.' + precisionDigits;
     return true;
 }
 
