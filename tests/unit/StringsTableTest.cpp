@@ -69,7 +69,8 @@ TEST(PrintfFormat, FillsThePlatformsPlaceholders)
 TEST(PrintfFormat, OutlandishWidthsAndPrecisionsFromATranslationAreHeldInCheck)
 {
     EXPECT_EQ(formatPrintf(QStringLiteral("%66666666666666666666e"), {1.5}).size(), 64);
-    EXPECT_EQ(formatPrintf(QStringLiteral("%.99999f"), {1.5}), QStringLiteral("1.5000000000000000"));
+    EXPECT_EQ(formatPrintf(QStringLiteral("%.99999f"), {1.5}),
+              QStringLiteral("1.5000000000000000"));
     QFile file(QStringLiteral(RAVLIN_TEST_DATA "/strings-huge-width.strings"));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     if (const auto table = StringsTable::parse(file.readAll()))

@@ -8,6 +8,7 @@
 
 #include <QCollator>
 #include <QHashFunctions>
+#include <QLocale>
 #include <QSet>
 
 #include <algorithm>
@@ -47,7 +48,11 @@ std::vector<MenuBarApps::Entry> MenuBarApps::scanThirdParty()
         entries.push_back(
             {*app.bundleIdentifier, app.localizedName.value_or(*app.bundleIdentifier)});
     }
-    QCollator collator;
+    // The user's own order of names; a bare C locale would put "Äther" after "zip".
+    QLocale locale;
+    if (locale.language() == QLocale::C)
+        locale = QLocale(QLocale::English);
+    QCollator collator(locale);
     collator.setCaseSensitivity(Qt::CaseInsensitive);
     std::stable_sort(entries.begin(), entries.end(), [&](const Entry& a, const Entry& b) {
         return collator.compare(a.name, b.name) < 0;

@@ -89,7 +89,8 @@ PanelTile PanelContent::weatherTile() const
     const WeatherDescription description = WeatherService::describe(m_weather.code());
     tile.symbol = description.symbol;
     // Without location access there is no forecast to describe: say why instead.
-    tile.note = m_weather.denied() ? m_language.L(QStringLiteral("weather.denied")) : description.text;
+    tile.note =
+        m_weather.denied() ? m_language.L(QStringLiteral("weather.denied")) : description.text;
     tile.accent = weatherAccent;
     return tile;
 }

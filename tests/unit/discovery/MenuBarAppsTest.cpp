@@ -30,11 +30,13 @@ TEST_F(MenuBarAppsTest, ListsApplicationsWithExtrasByNameCaseInsensitively)
     withItem(QStringLiteral("com.example.beta"), QStringLiteral("beta"));
     withItem(QStringLiteral("com.example.alpha"), QStringLiteral("Alpha"));
     withItem(QStringLiteral("com.example.gamma"), QStringLiteral("Gamma"));
+    withItem(QStringLiteral("com.example.aether"), QStringLiteral("Äther"));
     const auto entries = w.services().apps().scanThirdParty();
-    ASSERT_EQ(entries.size(), 3u);
+    ASSERT_EQ(entries.size(), 4u);
     EXPECT_EQ(entries[0].name, QStringLiteral("Alpha"));
-    EXPECT_EQ(entries[1].name, QStringLiteral("beta"));
-    EXPECT_EQ(entries[2].name, QStringLiteral("Gamma"));
+    EXPECT_EQ(entries[1].name, QStringLiteral("Äther")); // by letter, whatever the machine's locale
+    EXPECT_EQ(entries[2].name, QStringLiteral("beta"));
+    EXPECT_EQ(entries[3].name, QStringLiteral("Gamma"));
 }
 
 TEST_F(MenuBarAppsTest, NothingWithoutAccessibility)
