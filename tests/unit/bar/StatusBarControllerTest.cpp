@@ -46,9 +46,9 @@ TEST(StatusBarController, WithoutChevronSymbolsTheMainItemReadsR)
 TEST(StatusBarController, SyntheticClickHintsMatchCaseSensitively)
 {
     EXPECT_TRUE(
-        StatusBarController::prefersSyntheticClick(QStringLiteral("b:com.openai.chatgpt#Item-0")));
+        StatusBarController::prefersSyntheticClick(QStringLiteral("b:com.example.chatgpt#Item-0")));
     EXPECT_TRUE(StatusBarController::prefersSyntheticClick(QStringLiteral("n:geminimacos-status")));
-    EXPECT_FALSE(StatusBarController::prefersSyntheticClick(QStringLiteral("n:ChatGPT")));
+    EXPECT_FALSE(StatusBarController::prefersSyntheticClick(QStringLiteral("n:Chatgpt")));
     EXPECT_FALSE(StatusBarController::prefersSyntheticClick(QStringLiteral("n:chat")));
 }
 
