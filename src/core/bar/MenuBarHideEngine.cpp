@@ -86,7 +86,7 @@ MenuBarHideEngine::State MenuBarHideEngine::state() const
 {
     if (!isAvailable())
         return State::Unavailable;
-    if (m_pending > 0 && !m_released)
+    if (!m_waiting.empty() && !m_released)
         return State::Pending;
     return m_active ? State::Restricted : State::Idle;
 }
@@ -137,23 +137,28 @@ void MenuBarHideEngine::restrict(const QStringList& keepVisibleBundleIDs,
     m_lastSystemItems = systemItems;
 
     m_released = false;
-    auto holder = std::make_shared<std::shared_ptr<AssessmentAssertion>>();
+    // The engine holds each assertion while it waits for an answer; the completion
+    // refers to it by ticket, so a framework that keeps the completion keeps no cycle.
+    const int ticket = m_nextTicket++;
     std::weak_ptr<bool> alive = m_alive;
-    *holder =
+    auto assertion =
         m_mode->activate(systemItems, allowedOwners,
-                         [this, alive, holder, completion](std::optional<PlatformError> error) {
+                         [this, alive, ticket, completion](std::optional<PlatformError> error) {
                              if (alive.expired() || !*alive.lock())
                                  return;
-                             --m_pending;
-                             finish(*holder, std::move(error), completion);
-                             holder->reset();
+                             std::shared_ptr<AssessmentAssertion> answered;
+                             if (auto it = m_waiting.find(ticket); it != m_waiting.end()) {
+                                 answered = std::move(it->second);
+                                 m_waiting.erase(it);
+                             }
+                             finish(answered, std::move(error), completion);
                          });
-    if (!*holder) {
+    if (!assertion) {
         report(PlatformError{errorDomain, 2, QStringLiteral("Konfiguration fehlgeschlagen")},
                completion);
         return;
     }
-    ++m_pending;
+    m_waiting.emplace(ticket, std::move(assertion));
 }
 
 void MenuBarHideEngine::finish(const std::shared_ptr<AssessmentAssertion>& assertion,

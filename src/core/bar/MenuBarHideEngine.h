@@ -6,6 +6,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <set>
@@ -59,7 +60,8 @@ private:
 
     AssessmentMode* m_mode;
     std::shared_ptr<AssessmentAssertion> m_active;
-    int m_pending = 0;
+    std::map<int, std::shared_ptr<AssessmentAssertion>> m_waiting; // activations under way
+    int m_nextTicket = 0;
     bool m_released = false;
     QStringList m_lastBundleIDs;
     std::vector<int> m_lastSystemItems;
