@@ -202,7 +202,7 @@ AppDelegate& SandboxSession::app()
 
 void SandboxSession::start(const QStringList& arguments)
 {
-    m_process.running = true;
+    m_started = true;
     app().applicationDidFinishLaunching(arguments);
     m_scheduler.runDue();
 }

@@ -36,14 +36,6 @@ class SimSystemProbe;
 
 namespace ravlin::sandbox {
 
-// The state of the simulated application process.
-struct ProcessState {
-    bool running = false;
-    std::optional<int> exitCode;
-    bool terminateRequested = false;
-    QString activationPolicy = QStringLiteral("accessory");
-};
-
 // One simulated desktop with the application on it, in virtual time: the world
 // a sandbox script sets up, acts on and observes.
 class SandboxSession {
@@ -97,9 +89,9 @@ public:
     // The application object, made on first use (texts can be read before start).
     AppDelegate& app();
     bool hasApp() const { return bool(m_app); }
-    bool started() const { return m_process.running; }
+    // The process was started; its exit and policy are the simulated application's.
+    bool started() const { return m_started; }
     void start(const QStringList& arguments);
-    ProcessState& process() { return m_process; }
 
 private:
     void installSimulatedSystem();
@@ -122,7 +114,7 @@ private:
     std::unique_ptr<RavlinBar> m_ravlinBar;
     std::unique_ptr<SettingsWindowController> m_settingsWindow;
     std::unique_ptr<AppDelegate> m_app;
-    ProcessState m_process;
+    bool m_started = false;
 };
 
 } // namespace ravlin::sandbox
