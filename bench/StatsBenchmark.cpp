@@ -1,6 +1,6 @@
 // The cost of one statistics sampling pass over this machine's real figures,
 // and of each reading in it. The pass must stay well under 200 µs of CPU time.
-#include "core/foundation/VirtualScheduler.h"
+#include "foundation/VirtualScheduler.h"
 #include "core/sysinfo/SystemStats.h"
 #include "platform/linux/LinuxSystemProbe.h"
 

@@ -1,5 +1,5 @@
 // Feeds arbitrary bytes to the settings-file reader and the typed reads behind it.
-#include "core/foundation/DefaultsStore.h"
+#include "foundation/DefaultsStore.h"
 #include "platform/linux/PlistCodec.h"
 
 #include <cstddef>

@@ -1,6 +1,6 @@
 // Feeds arbitrary bytes to the .strings parser and formats every value it finds.
-#include "core/foundation/PrintfFormat.h"
-#include "core/foundation/StringsTable.h"
+#include "foundation/PrintfFormat.h"
+#include "foundation/StringsTable.h"
 
 #include <cstddef>
 #include <cstdint>

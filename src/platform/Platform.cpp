@@ -13,7 +13,7 @@
 #include "UnavailableServices.h"
 #include "WindowServer.h"
 #include "Workspace.h"
-#include "core/foundation/DefaultsStore.h"
+#include "foundation/DefaultsStore.h"
 
 namespace ravlin {
 

@@ -3,7 +3,7 @@
 
 #include "SymbolGlyphs.h"
 
-#include "core/foundation/Logging.h"
+#include "foundation/Logging.h"
 
 #include <QFontDatabase>
 #include <QFontMetricsF>

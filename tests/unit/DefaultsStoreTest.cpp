@@ -1,6 +1,6 @@
 #include "TestSupport.h"
 
-#include "core/foundation/DefaultsStore.h"
+#include "foundation/DefaultsStore.h"
 #include "platform/linux/PlistCodec.h"
 #include "platform/linux/PlistFileDefaultsStore.h"
 

@@ -1,8 +1,8 @@
 #include "TestSupport.h"
 
-#include "core/foundation/DefaultsStore.h"
-#include "core/foundation/NotificationCenter.h"
-#include "core/foundation/ResourceBundle.h"
+#include "foundation/DefaultsStore.h"
+#include "foundation/NotificationCenter.h"
+#include "foundation/ResourceBundle.h"
 #include "core/settings/LanguageManager.h"
 #include "core/settings/Languages.h"
 #include "core/settings/PrefKey.h"

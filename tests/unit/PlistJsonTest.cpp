@@ -1,6 +1,6 @@
 #include "TestSupport.h"
 
-#include "core/foundation/PlistJson.h"
+#include "foundation/PlistJson.h"
 
 #include <QJsonArray>
 #include <QJsonObject>

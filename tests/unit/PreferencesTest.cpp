@@ -1,7 +1,7 @@
 #include "TestSupport.h"
 
-#include "core/foundation/DefaultsStore.h"
-#include "core/foundation/NotificationCenter.h"
+#include "foundation/DefaultsStore.h"
+#include "foundation/NotificationCenter.h"
 #include "core/settings/PrefKey.h"
 #include "core/settings/Preferences.h"
 #include "platform/sim/SimLoginItems.h"

@@ -1,7 +1,7 @@
 #include "TestSupport.h"
 
-#include "core/foundation/QtScheduler.h"
-#include "core/foundation/VirtualScheduler.h"
+#include "foundation/QtScheduler.h"
+#include "foundation/VirtualScheduler.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>

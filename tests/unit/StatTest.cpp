@@ -1,9 +1,9 @@
 // What the statistics tiles show: the Stat records and the rate texts.
 #include "core/sysinfo/Stat.h"
-#include "core/foundation/DefaultsStore.h"
-#include "core/foundation/NotificationCenter.h"
-#include "core/foundation/ResourceBundle.h"
-#include "core/foundation/VirtualScheduler.h"
+#include "foundation/DefaultsStore.h"
+#include "foundation/NotificationCenter.h"
+#include "foundation/ResourceBundle.h"
+#include "foundation/VirtualScheduler.h"
 #include "core/settings/LanguageManager.h"
 #include "core/settings/Preferences.h"
 #include "core/sysinfo/RateText.h"

@@ -1,6 +1,6 @@
 // The sampling rules of SystemStats over a simulated probe, in virtual time.
 #include "core/sysinfo/SystemStats.h"
-#include "core/foundation/VirtualScheduler.h"
+#include "foundation/VirtualScheduler.h"
 #include "platform/sim/SimSystemProbe.h"
 
 #include <gtest/gtest.h>

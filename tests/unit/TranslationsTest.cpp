@@ -1,7 +1,7 @@
 #include "TestSupport.h"
 
-#include "core/foundation/PrintfFormat.h"
-#include "core/foundation/StringsTable.h"
+#include "foundation/PrintfFormat.h"
+#include "foundation/StringsTable.h"
 #include "core/settings/Languages.h"
 
 #include <QRegularExpression>

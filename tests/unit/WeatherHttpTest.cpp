@@ -1,7 +1,7 @@
 // The forecast and the geocoder over real HTTP against a server on 127.0.0.1.
 #include "LocalHttpServer.h"
 
-#include "core/foundation/VirtualScheduler.h"
+#include "foundation/VirtualScheduler.h"
 #include "core/sysinfo/WeatherService.h"
 #include "platform/linux/NominatimGeocoder.h"
 #include "platform/qt/QtHttpClient.h"

@@ -1,6 +1,6 @@
 // The weather rules over the simulated location, geocoder and forecast service, in virtual time.
 #include "core/sysinfo/WeatherService.h"
-#include "core/foundation/VirtualScheduler.h"
+#include "foundation/VirtualScheduler.h"
 #include "platform/sim/SimGeocoder.h"
 #include "platform/sim/SimHttpClient.h"
 #include "platform/sim/SimLocationService.h"

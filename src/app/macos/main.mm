@@ -2,8 +2,8 @@
 #include "ReopenHandler.h"
 
 #include "core/app/AppDelegate.h"
-#include "core/foundation/QtScheduler.h"
-#include "core/foundation/ResourceBundle.h"
+#include "foundation/QtScheduler.h"
+#include "foundation/ResourceBundle.h"
 #include "platform/Platform.h"
 #include "platform/macos/MacPlatform.h"
 #include "core/app/MenuBarServices.h"

@@ -3,8 +3,8 @@
 #include "ScriptRunner.h"
 
 #include "core/app/AppDelegate.h"
-#include "core/foundation/DefaultsStore.h"
-#include "core/foundation/PlistJson.h"
+#include "foundation/DefaultsStore.h"
+#include "foundation/PlistJson.h"
 #include "core/settings/LanguageManager.h"
 #include "core/settings/PrefKey.h"
 #include "core/settings/Preferences.h"

@@ -7,9 +7,9 @@
 
 #include "core/app/AppDelegate.h"
 #include "core/discovery/ScannerModel.h"
-#include "core/foundation/DefaultsStore.h"
-#include "core/foundation/DiagnosticLogs.h"
-#include "core/foundation/PlistJson.h"
+#include "foundation/DefaultsStore.h"
+#include "foundation/DiagnosticLogs.h"
+#include "foundation/PlistJson.h"
 #include "core/settings/PrefKey.h"
 #include "core/tiles/TileModel.h"
 #include "platform/sim/SimDesktop.h"

@@ -14,7 +14,7 @@
 #include "ui/settings/SettingsView.h"
 #include "ui/settings/SettingsWindowController.h"
 
-#include "core/foundation/ResourceBundle.h"
+#include "foundation/ResourceBundle.h"
 #include "platform/linux/LinuxServices.h"
 #include "platform/linux/LinuxSystemProbe.h"
 #include "platform/linux/PlistFileDefaultsStore.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/foundation/VirtualScheduler.h"
+#include "foundation/VirtualScheduler.h"
 #include "platform/Platform.h"
 
 #include <QString>

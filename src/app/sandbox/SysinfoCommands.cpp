@@ -3,7 +3,7 @@
 #include "ScriptRunner.h"
 
 #include "core/app/AppDelegate.h"
-#include "core/foundation/PlistJson.h"
+#include "foundation/PlistJson.h"
 #include "core/settings/LanguageManager.h"
 #include "core/sysinfo/RateText.h"
 #include "core/sysinfo/Stat.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/foundation/Geometry.h"
+#include "foundation/Geometry.h"
 
 #include <QPointF>
 #include <QRectF>

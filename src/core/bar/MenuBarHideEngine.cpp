@@ -1,6 +1,6 @@
 #include "MenuBarHideEngine.h"
 
-#include "core/foundation/Logging.h"
+#include "foundation/Logging.h"
 
 #include <QSet>
 

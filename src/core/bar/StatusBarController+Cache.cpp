@@ -9,7 +9,7 @@
 #include "core/discovery/MenuBarApps.h"
 #include "core/discovery/MenuBarScanner.h"
 #include "core/discovery/ScannerModel.h"
-#include "core/foundation/Logging.h"
+#include "foundation/Logging.h"
 #include "core/settings/Preferences.h"
 #include "core/tiles/BarGrouping.h"
 #include "core/tiles/BarItemFactory.h"

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "core/discovery/MenuBarItemInfo.h"
-#include "core/foundation/Geometry.h"
-#include "core/foundation/NotificationCenter.h"
-#include "core/foundation/Scheduler.h"
+#include "foundation/Geometry.h"
+#include "foundation/NotificationCenter.h"
+#include "foundation/Scheduler.h"
 #include "core/tiles/BarGroup.h"
 #include "core/tiles/BarItem.h"
 #include "platform/EventMonitors.h"

@@ -1,7 +1,7 @@
 #include "AXResolver.h"
 
 #include "PermissionManager.h"
-#include "core/foundation/Logging.h"
+#include "foundation/Logging.h"
 #include "platform/Accessibility.h"
 #include "platform/Workspace.h"
 

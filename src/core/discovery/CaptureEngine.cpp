@@ -5,9 +5,9 @@
 #include "MenuBarScanner.h"
 #include "WindowListReader.h"
 #include "core/bar/MoveEngine.h"
-#include "core/foundation/DiagnosticLogs.h"
-#include "core/foundation/Scheduler.h"
-#include "core/foundation/SelfTestText.h"
+#include "foundation/DiagnosticLogs.h"
+#include "foundation/Scheduler.h"
+#include "foundation/SelfTestText.h"
 #include "core/tiles/BarItemFactory.h"
 #include "platform/WindowServer.h"
 

@@ -1,7 +1,7 @@
 #include "ItemCapture.h"
 
 #include "PermissionManager.h"
-#include "core/foundation/Logging.h"
+#include "foundation/Logging.h"
 #include "platform/WindowServer.h"
 
 #include <limits>

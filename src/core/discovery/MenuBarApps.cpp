@@ -2,7 +2,7 @@
 
 #include "PermissionManager.h"
 #include "core/bar/MenuBarHideEngine.h"
-#include "core/foundation/Logging.h"
+#include "foundation/Logging.h"
 #include "platform/Accessibility.h"
 #include "platform/Workspace.h"
 

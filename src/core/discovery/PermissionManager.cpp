@@ -1,6 +1,6 @@
 #include "PermissionManager.h"
 
-#include "core/foundation/Logging.h"
+#include "foundation/Logging.h"
 #include "platform/Accessibility.h"
 #include "platform/Permissions.h"
 #include "platform/Workspace.h"

@@ -1,6 +1,6 @@
 #include "WindowListReader.h"
 
-#include "core/foundation/Logging.h"
+#include "foundation/Logging.h"
 #include "platform/WindowServer.h"
 
 #include <limits>

@@ -2,9 +2,9 @@
 
 #include "PrefKey.h"
 #include "Preferences.h"
-#include "core/foundation/DefaultsStore.h"
-#include "core/foundation/Logging.h"
-#include "core/foundation/ResourceBundle.h"
+#include "foundation/DefaultsStore.h"
+#include "foundation/Logging.h"
+#include "foundation/ResourceBundle.h"
 
 namespace ravlin {
 

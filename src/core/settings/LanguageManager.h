@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/foundation/PrintfFormat.h"
+#include "foundation/PrintfFormat.h"
 
 #include <QObject>
 #include <QString>

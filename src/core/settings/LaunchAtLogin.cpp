@@ -1,6 +1,6 @@
 #include "LaunchAtLogin.h"
 
-#include "core/foundation/Logging.h"
+#include "foundation/Logging.h"
 #include "platform/LoginItems.h"
 
 namespace ravlin::LaunchAtLogin {

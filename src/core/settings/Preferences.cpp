@@ -2,8 +2,8 @@
 
 #include "LaunchAtLogin.h"
 #include "PrefKey.h"
-#include "core/foundation/DefaultsStore.h"
-#include "core/foundation/NotificationCenter.h"
+#include "foundation/DefaultsStore.h"
+#include "foundation/NotificationCenter.h"
 
 #include <algorithm>
 #include <limits>

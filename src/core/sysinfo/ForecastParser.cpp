@@ -1,6 +1,6 @@
 #include "ForecastParser.h"
 
-#include "core/foundation/Logging.h"
+#include "foundation/Logging.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

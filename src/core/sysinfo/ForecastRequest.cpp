@@ -1,6 +1,6 @@
 #include "ForecastRequest.h"
 
-#include "core/foundation/Logging.h"
+#include "foundation/Logging.h"
 #include "platform/LocationService.h"
 
 #include <QUrlQuery>

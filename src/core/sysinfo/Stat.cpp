@@ -1,7 +1,7 @@
 #include "Stat.h"
 
 #include "SystemStats.h"
-#include "core/foundation/SystemColor.h"
+#include "foundation/SystemColor.h"
 #include "core/settings/LanguageManager.h"
 
 namespace ravlin {

@@ -1,6 +1,6 @@
 #include "SystemStats.h"
 
-#include "core/foundation/Logging.h"
+#include "foundation/Logging.h"
 
 #include <QPointer>
 

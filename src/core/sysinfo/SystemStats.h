@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/foundation/Scheduler.h"
+#include "foundation/Scheduler.h"
 #include "platform/SystemProbe.h"
 
 #include <QObject>

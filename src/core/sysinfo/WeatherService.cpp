@@ -2,8 +2,8 @@
 
 #include "ForecastParser.h"
 #include "ForecastRequest.h"
-#include "core/foundation/Logging.h"
-#include "core/foundation/Scheduler.h"
+#include "foundation/Logging.h"
+#include "foundation/Scheduler.h"
 #include "platform/Geocoder.h"
 #include "platform/HttpClient.h"
 

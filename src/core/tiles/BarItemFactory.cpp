@@ -4,7 +4,7 @@
 #include "core/discovery/ItemCapture.h"
 #include "core/discovery/ItemTitles.h"
 #include "core/discovery/PermissionManager.h"
-#include "core/foundation/DefaultsStore.h"
+#include "foundation/DefaultsStore.h"
 #include "core/settings/PrefKey.h"
 
 namespace ravlin {

@@ -2,7 +2,7 @@
 
 #include "TileAccent.h"
 #include "TileModel.h"
-#include "core/foundation/SystemColor.h"
+#include "foundation/SystemColor.h"
 #include "core/settings/LanguageManager.h"
 #include "core/sysinfo/RateText.h"
 #include "core/sysinfo/SystemStats.h"

@@ -1,6 +1,6 @@
 #include "TileAccent.h"
 
-#include "core/foundation/SystemColor.h"
+#include "foundation/SystemColor.h"
 
 #include <QStringList>
 

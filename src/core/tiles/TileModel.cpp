@@ -1,6 +1,6 @@
 #include "TileModel.h"
 
-#include "core/foundation/DefaultsStore.h"
+#include "foundation/DefaultsStore.h"
 #include "core/settings/PrefKey.h"
 
 #include <QHash>

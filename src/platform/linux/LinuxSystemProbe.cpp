@@ -1,7 +1,7 @@
 #include "LinuxSystemProbe.h"
 
 #include "ProcReaders.h"
-#include "core/foundation/Logging.h"
+#include "foundation/Logging.h"
 
 #include <QFile>
 

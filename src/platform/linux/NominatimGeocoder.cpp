@@ -1,6 +1,6 @@
 #include "NominatimGeocoder.h"
 
-#include "core/foundation/Logging.h"
+#include "foundation/Logging.h"
 #include "platform/HttpClient.h"
 
 #include <QJsonDocument>

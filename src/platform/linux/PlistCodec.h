@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/foundation/PlistValue.h"
+#include "foundation/PlistValue.h"
 
 #include <optional>
 

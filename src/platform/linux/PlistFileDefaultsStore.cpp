@@ -1,7 +1,7 @@
 #include "PlistFileDefaultsStore.h"
 
 #include "PlistCodec.h"
-#include "core/foundation/Logging.h"
+#include "foundation/Logging.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,6 +1,6 @@
 #include "ProcReaders.h"
 
-#include "core/foundation/Logging.h"
+#include "foundation/Logging.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,6 +1,6 @@
 #include "QtPositioningLocationService.h"
 
-#include "core/foundation/Logging.h"
+#include "foundation/Logging.h"
 
 #include <QGeoPositionInfoSource>
 

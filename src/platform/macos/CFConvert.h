@@ -1,7 +1,7 @@
 #pragma once
 
 #include "CFRef.h"
-#include "core/foundation/PlistValue.h"
+#include "foundation/PlistValue.h"
 
 namespace ravlin::CFConvert {
 

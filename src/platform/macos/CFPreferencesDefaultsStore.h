@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/foundation/DefaultsStore.h"
+#include "foundation/DefaultsStore.h"
 
 namespace ravlin {
 

@@ -1,7 +1,7 @@
 #include "MacSystemProbe.h"
 
 #include "CFRef.h"
-#include "core/foundation/Logging.h"
+#include "foundation/Logging.h"
 
 #include <CoreFoundation/CoreFoundation.h>
 #include <IOKit/ps/IOPSKeys.h>

@@ -1,7 +1,7 @@
 #include "QtHttpClient.h"
 
-#include "core/foundation/Logging.h"
-#include "core/foundation/Scheduler.h"
+#include "foundation/Logging.h"
+#include "foundation/Scheduler.h"
 
 #include <QNetworkAccessManager>
 #include <QNetworkReply>

@@ -1,7 +1,7 @@
 #include "SimAssessmentMode.h"
 
 #include "SimDesktop.h"
-#include "core/foundation/Scheduler.h"
+#include "foundation/Scheduler.h"
 
 #include <QHash>
 

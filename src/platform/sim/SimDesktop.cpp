@@ -1,6 +1,6 @@
 #include "SimDesktop.h"
 
-#include "core/foundation/Scheduler.h"
+#include "foundation/Scheduler.h"
 
 #include <algorithm>
 

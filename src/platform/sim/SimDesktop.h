@@ -1,7 +1,7 @@
 #pragma once
 
 #include "SimTypes.h"
-#include "core/foundation/PlistValue.h"
+#include "foundation/PlistValue.h"
 
 #include <functional>
 #include <map>

@@ -1,6 +1,6 @@
 #include "SimDesktop.h"
 
-#include "core/foundation/DefaultsStore.h"
+#include "foundation/DefaultsStore.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
 #include "SimSystemProbe.h"
 
-#include "core/foundation/Scheduler.h"
+#include "foundation/Scheduler.h"
 
 namespace ravlin {
 

@@ -4,7 +4,7 @@
 #include "core/bar/MenuBarHideEngine.h"
 #include "core/bar/StatusBarController.h"
 #include "core/discovery/ScannerModel.h"
-#include "core/foundation/Logging.h"
+#include "foundation/Logging.h"
 #include "core/settings/LanguageManager.h"
 #include "core/settings/Preferences.h"
 #include "platform/MenuBarSpacing.h"

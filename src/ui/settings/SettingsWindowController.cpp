@@ -4,7 +4,7 @@
 #include "SettingsView.h"
 #include "WindowActivation.h"
 #include "core/app/AppDelegate.h"
-#include "core/foundation/Logging.h"
+#include "foundation/Logging.h"
 #include "platform/ApplicationControl.h"
 #include "platform/Platform.h"
 

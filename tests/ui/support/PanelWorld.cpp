@@ -1,7 +1,7 @@
 #include "PanelWorld.h"
 
 #include "core/discovery/PermissionManager.h"
-#include "core/foundation/DefaultsStore.h"
+#include "foundation/DefaultsStore.h"
 #include "core/settings/LanguageManager.h"
 #include "core/settings/Preferences.h"
 #include "core/sysinfo/SystemStats.h"

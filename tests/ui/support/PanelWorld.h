@@ -1,8 +1,8 @@
 #pragma once
 
-#include "core/foundation/NotificationCenter.h"
-#include "core/foundation/ResourceBundle.h"
-#include "core/foundation/VirtualScheduler.h"
+#include "foundation/NotificationCenter.h"
+#include "foundation/ResourceBundle.h"
+#include "foundation/VirtualScheduler.h"
 #include "core/tiles/BarGroup.h"
 #include "platform/Platform.h"
 #include "platform/sim/SimDesktop.h"

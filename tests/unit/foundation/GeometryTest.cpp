@@ -1,5 +1,5 @@
-#include "core/foundation/Geometry.h"
-#include "core/foundation/SelfTestText.h"
+#include "foundation/Geometry.h"
+#include "foundation/SelfTestText.h"
 
 #include <gtest/gtest.h>
 

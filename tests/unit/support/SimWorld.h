@@ -1,11 +1,11 @@
 #pragma once
 
 #include "core/app/MenuBarServices.h"
-#include "core/foundation/DefaultsStore.h"
-#include "core/foundation/DiagnosticLogs.h"
-#include "core/foundation/NotificationCenter.h"
-#include "core/foundation/ResourceBundle.h"
-#include "core/foundation/VirtualScheduler.h"
+#include "foundation/DefaultsStore.h"
+#include "foundation/DiagnosticLogs.h"
+#include "foundation/NotificationCenter.h"
+#include "foundation/ResourceBundle.h"
+#include "foundation/VirtualScheduler.h"
 #include "core/settings/LanguageManager.h"
 #include "core/settings/Preferences.h"
 #include "platform/Platform.h"

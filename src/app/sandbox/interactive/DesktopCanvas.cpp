@@ -2,7 +2,7 @@
 
 #include "sandbox/SandboxSession.h"
 
-#include "core/foundation/Scheduler.h"
+#include "foundation/Scheduler.h"
 #include "platform/sim/SimDesktop.h"
 #include "platform/sim/SimEventMonitors.h"
 #include "platform/sim/SimStatusBar.h"
