@@ -5,14 +5,14 @@
 #include "PanelWindow.h"
 #include "RavlinBarView.h"
 #include "core/discovery/PermissionManager.h"
-#include "foundation/Logging.h"
-#include "foundation/Scheduler.h"
 #include "core/settings/LanguageManager.h"
 #include "core/settings/Preferences.h"
 #include "core/sysinfo/SystemStats.h"
 #include "core/sysinfo/WeatherService.h"
 #include "core/tiles/PanelPlacement.h"
 #include "core/tiles/TileModel.h"
+#include "foundation/Logging.h"
+#include "foundation/Scheduler.h"
 #include "platform/Screens.h"
 #include "platform/Workspace.h"
 
@@ -56,14 +56,39 @@ void RavlinBar::show(const std::vector<BarGroup>& groups, const ScreenRect& anch
         m_s.stats.stop();
     if (m_s.preferences.showWeather())
         m_s.weather.refreshIfStale();
+    const bool wasVisible = isVisible();
+    // Content refilled while the panel is open keeps the place the user scrolled to.
+    const double keptScroll = wasVisible && view() ? view()->scrollOffset() : 0;
     RavlinBarView* view = makeView(groups, std::move(onActivate), std::move(onStat));
     m_anchor = anchor;
-    const double height = P::fittedHeight(view->heightForWidth(int(P::panelWidth)));
     if (!m_panel)
         makePanel();
+    replaceContent(view);
+    placePanel();
+    view->setScrollOffset(keptScroll);
+    if (!wasVisible && m_animated)
+        m_panel->setWindowOpacity(0);
+    m_panel->show();
+    NativeWindow::makeMenuBarPanel(m_panel.get());
+    m_panel->raise();
+    m_panel->activateWindow();
+    view->setFocus(Qt::PopupFocusReason);
+    if (!wasVisible)
+        fadeIn();
+    for (double delay : {firstRefit, secondRefit}) {
+        m_s.scheduler.after(delay, [this, alive = std::weak_ptr<bool>(m_alive)] {
+            if (auto a = alive.lock(); a && *a)
+                resizeToFit();
+        });
+    }
+}
+
+// The new content goes into a new container; the old one is hidden at once and deleted
+// later, because this show may come from inside the old view's own event handling.
+void RavlinBar::replaceContent(RavlinBarView* view)
+{
     if (m_container) {
-        // Deleted later: this show may come from inside the old view's own event handling.
-        // Until then it must not redraw for every new figure.
+        // Until it is gone the old view must not redraw for every new figure.
         for (QObject* source :
              {static_cast<QObject*>(&m_s.stats), static_cast<QObject*>(&m_s.weather),
               static_cast<QObject*>(&m_s.tiles)})
@@ -75,29 +100,12 @@ void RavlinBar::show(const std::vector<BarGroup>& groups, const ScreenRect& anch
     container->setNativeBackground(
         NativeWindow::addHudBackground(m_panel.get(), HudContainer::cornerRadius));
     container->setContent(view);
-    container->resize(int(P::panelWidth), int(height));
+    // A child made while its window is already on screen stays hidden until it is shown
+    // itself: without this a panel filled again while open is an empty frame.
+    container->show();
     m_container = container;
     m_view = view;
-    m_frame.width = P::panelWidth;
-    m_frame.height = height;
-    positionPanel(height);
-    const bool wasVisible = m_panel->isVisible();
-    if (!wasVisible && m_animated)
-        m_panel->setWindowOpacity(0);
-    m_panel->show();
-    NativeWindow::makeMenuBarPanel(m_panel.get());
-    m_panel->raise();
-    m_panel->activateWindow();
-    if (!wasVisible)
-        fadeIn();
-    for (double delay : {firstRefit, secondRefit}) {
-        m_s.scheduler.after(delay, [this, alive = std::weak_ptr<bool>(m_alive)] {
-            if (auto a = alive.lock(); a && *a)
-                resizeToFit();
-        });
-    }
 }
-
 RavlinBarView* RavlinBar::makeView(const std::vector<BarGroup>& groups, ItemCallback onActivate,
                                    StatCallback onStat)
 {
@@ -145,16 +153,26 @@ double RavlinBar::mainDisplayHeight() const
     return screens.empty() ? 900.0 : screens.front().frame.height;
 }
 
-void RavlinBar::positionPanel(double height)
+std::optional<ScreenInfo> RavlinBar::screen() const
 {
-    const std::optional<ScreenInfo> screen =
-        P::screenFor(m_anchor, m_s.screens.screens(), m_s.screens.mainScreen());
-    if (!screen) {
+    return P::screenFor(m_anchor, m_s.screens.screens(), m_s.screens.mainScreen());
+}
+
+// Sizes the panel to its content, as far as the screen below the anchor allows, and
+// hangs it under the anchor.
+void RavlinBar::placePanel()
+{
+    const std::optional<ScreenInfo> on = screen();
+    if (!on) {
         qCWarning(lcUi) << "no screen to show the tile panel on";
         return;
     }
-    const ScreenPoint origin = P::origin(m_anchor, screen->frame, height);
-    m_frame = {origin.x, origin.y, P::panelWidth, height};
+    const double width = P::widthOn(on->frame);
+    const double height =
+        P::fittedHeight(view()->heightForWidth(int(width)), P::maximumHeight(m_anchor, *on));
+    const ScreenPoint origin = P::origin(m_anchor, on->frame, height, width);
+    m_frame = {origin.x, origin.y, width, height};
+    m_container->resize(int(width), int(height));
     applyFrame(false);
 }
 
@@ -191,12 +209,14 @@ void RavlinBar::resizeToFit()
 {
     if (!m_panel || !m_container || !m_view)
         return;
+    const std::optional<ScreenInfo> on = screen();
+    const double maximum = on ? P::maximumHeight(m_anchor, *on) : m_frame.height;
     const std::optional<ScreenRect> refitted =
-        P::refit(m_frame, view()->heightForWidth(int(P::panelWidth)));
+        P::refit(m_frame, view()->heightForWidth(int(m_frame.width)), maximum);
     if (!refitted)
         return;
     m_frame = *refitted;
-    m_container->resize(int(P::panelWidth), int(m_frame.height));
+    m_container->resize(int(m_frame.width), int(m_frame.height));
     applyFrame(true);
 }
 

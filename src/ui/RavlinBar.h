@@ -2,6 +2,7 @@
 
 #include "core/bar/TilePanel.h"
 #include "core/tiles/PanelContent.h"
+#include "platform/Screens.h"
 
 #include <QPointer>
 
@@ -42,7 +43,8 @@ struct RavlinBarServices {
 // and kept; its content is made anew on every show. It fades in on its first
 // show only, follows its content's height twice after showing (figures, weather
 // and images arrive late) and closes when it loses key status or when the
-// controller hides it.
+// controller hides it. It never reaches past the visible area of its screen: what
+// does not fit scrolls.
 class RavlinBar final : public TilePanel {
 public:
     static constexpr double fadeSeconds = 0.16;
@@ -74,7 +76,9 @@ private:
     void makePanel();
     RavlinBarView* makeView(const std::vector<BarGroup>& groups, ItemCallback onActivate,
                             StatCallback onStat);
-    void positionPanel(double height);
+    void replaceContent(RavlinBarView* view);
+    std::optional<ScreenInfo> screen() const;
+    void placePanel();
     void resizeToFit();
     void fadeIn();
     void applyFrame(bool animate);

@@ -7,14 +7,24 @@
 #include "core/tiles/TileModel.h"
 
 #include <QEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <cmath>
 
 namespace ravlin {
 namespace {
 
 // A press that moves further than this becomes a drag.
 constexpr double dragDistance = 4;
+// One notch of a mouse wheel, and one press of an arrow key, scroll this far.
+constexpr double wheelNotch = 40;
+constexpr double arrowStep = 32;
+// Paging keeps this much of the previous view in sight.
+constexpr double pageOverlap = 40;
 
 } // namespace
 
@@ -25,6 +35,7 @@ RavlinBarView::RavlinBarView(const Sources& sources, PanelRequest request, TileS
 {
     setAttribute(Qt::WA_TranslucentBackground);
     setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
     auto redraw = [this] {
         rebuild();
         update();
@@ -46,7 +57,35 @@ void RavlinBarView::rebuild()
 void RavlinBarView::relayout()
 {
     m_layout = layoutFor(width() > 0 ? width() : PanelPlacement::panelWidth);
+    m_scroll = std::clamp(m_scroll, 0.0, maximumScroll());
     updateGeometry();
+}
+
+double RavlinBarView::maximumScroll() const
+{
+    return std::max(0.0, std::ceil(m_layout.height) - height());
+}
+
+void RavlinBarView::setScrollOffset(double offset)
+{
+    const double clamped = std::clamp(offset, 0.0, maximumScroll());
+    if (clamped == m_scroll)
+        return;
+    m_scroll = clamped;
+    if (m_dragging || m_hover)
+        setHover(keyAt(m_pointer));
+    update();
+}
+
+QRectF RavlinBarView::visibleContent() const
+{
+    return QRectF(0, m_scroll, width(), height());
+}
+
+bool RavlinBarView::isTileVisible(const QString& key) const
+{
+    const std::optional<QRectF> r = tileRect(key);
+    return r && r->intersects(visibleContent());
 }
 
 PanelLayout RavlinBarView::layoutFor(double width) const
@@ -97,9 +136,12 @@ bool RavlinBarView::isItem(const QString& key) const
     return t && t->kind == TileKind::Item;
 }
 
+// `point` is in the view's own coordinates: only what is in sight can be hit.
 std::optional<QString> RavlinBarView::keyAt(const QPointF& point) const
 {
-    const PanelLayout::PlacedTile* p = m_layout.tileAt(point);
+    if (!rect().contains(point.toPoint()))
+        return std::nullopt;
+    const PanelLayout::PlacedTile* p = m_layout.tileAt(toContent(point));
     return p ? std::optional(tileOf(*p).key) : std::nullopt;
 }
 
@@ -160,6 +202,7 @@ void RavlinBarView::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton)
         return;
+    setFocus(Qt::MouseFocusReason);
     m_pressed = keyAt(event->position());
     m_pressPoint = m_pointer = event->position();
     m_dragging = false;
@@ -194,6 +237,50 @@ void RavlinBarView::mouseReleaseEvent(QMouseEvent* event)
         clickTile(pressed);
 }
 
+void RavlinBarView::wheelEvent(QWheelEvent* event)
+{
+    // A trackpad reports points; a wheel reports notches of 120.
+    const QPoint pixels = event->pixelDelta();
+    const double delta =
+        !pixels.isNull() ? pixels.y() : event->angleDelta().y() / 120.0 * wheelNotch;
+    if (maximumScroll() <= 0 || delta == 0) {
+        event->ignore();
+        return;
+    }
+    m_pointer = event->position();
+    scrollBy(-delta);
+    event->accept();
+}
+
+void RavlinBarView::keyPressEvent(QKeyEvent* event)
+{
+    const double page = std::max(arrowStep, height() - pageOverlap);
+    switch (event->key()) {
+    case Qt::Key_Down:
+        scrollBy(arrowStep);
+        break;
+    case Qt::Key_Up:
+        scrollBy(-arrowStep);
+        break;
+    case Qt::Key_PageDown:
+        scrollBy(page);
+        break;
+    case Qt::Key_PageUp:
+        scrollBy(-page);
+        break;
+    case Qt::Key_Home:
+        setScrollOffset(0);
+        break;
+    case Qt::Key_End:
+        setScrollOffset(maximumScroll());
+        break;
+    default:
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    event->accept();
+}
+
 void RavlinBarView::leaveEvent(QEvent*)
 {
     setHover(std::nullopt);
@@ -215,14 +302,21 @@ void RavlinBarView::resizeEvent(QResizeEvent*)
 
 void RavlinBarView::paintEvent(QPaintEvent*)
 {
+    m_painted.clear();
     QPainter painter(this);
+    painter.setClipRect(rect());
+    painter.translate(0, -m_scroll);
+    const QRectF inSight = visibleContent();
     TilePainter tiles(painter, m_style, isRightToLeft());
     for (const PanelLayout::PlacedHeader& h : m_layout.headers)
-        tiles.header(m_sections[h.section].title.value_or(QString()), h.rect);
-    if (m_layout.emptyNote)
+        if (h.rect.intersects(inSight))
+            tiles.header(m_sections[h.section].title.value_or(QString()), h.rect);
+    if (m_layout.emptyNote && m_layout.emptyNote->intersects(inSight))
         tiles.emptyNote(m_emptyText, *m_layout.emptyNote);
     const std::optional<QString> under = m_dragging ? keyAt(m_pointer) : std::nullopt;
     for (const PanelLayout::PlacedTile& p : m_layout.tiles) {
+        if (!p.rect.intersects(inSight))
+            continue;
         const PanelTile& t = tileOf(p);
         TileState state;
         state.hovered = m_hover == t.key && !m_dragging;
@@ -230,10 +324,12 @@ void RavlinBarView::paintEvent(QPaintEvent*)
         state.lifted = m_dragging && m_pressed == t.key;
         state.dropTarget =
             m_dragging && under == t.key && t.kind == TileKind::Item && m_pressed != t.key;
-        tiles.tile(t, p.rect, state);
+        tiles.tile(t, p.rect, state, &m_painted[t.key]);
     }
     if (m_dragging)
         paintDragged(painter);
+    painter.translate(0, m_scroll);
+    paintScroller(painter);
 }
 
 // The dragged tile follows the pointer.
@@ -247,6 +343,26 @@ void RavlinBarView::paintDragged(QPainter& painter)
     state.floating = true;
     TilePainter(painter, m_style, isRightToLeft())
         .tile(tileOf(*p), p->rect.translated(m_pointer - m_pressPoint), state);
+}
+
+// A thin overlay scroller on the trailing edge, as the system draws one, whenever the
+// content does not fit: it says that there is more, and how much.
+void RavlinBarView::paintScroller(QPainter& painter)
+{
+    const double hidden = maximumScroll();
+    if (hidden <= 0)
+        return;
+    const double track = height() - 2 * PanelLayout::padding;
+    const double thumb = std::max(24.0, track * height() / m_layout.height);
+    const double y = PanelLayout::padding + (track - thumb) * (m_scroll / hidden);
+    constexpr double thickness = 4, inset = 4;
+    const double x = isRightToLeft() ? inset : width() - inset - thickness;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(255, 255, 255, 92));
+    painter.drawRoundedRect(QRectF(x, y, thickness, thumb), thickness / 2, thickness / 2);
+    painter.restore();
 }
 
 } // namespace ravlin

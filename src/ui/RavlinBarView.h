@@ -4,6 +4,8 @@
 #include "core/settings/TileStyle.h"
 #include "core/tiles/PanelContent.h"
 
+#include <QHash>
+#include <QStringList>
 #include <QWidget>
 
 #include <functional>
@@ -20,7 +22,9 @@ struct Stat;
 // The root view of the tile panel: the weather header, the statistics, the
 // hidden items by group and the permission tiles, in the chosen style. It redraws
 // when the figures, the weather or the tile order change. A tile dragged onto an
-// item tile of its own section is moved in front of it.
+// item tile of its own section is moved in front of it. When the panel is shorter
+// than its content (a crowded bar on a small screen) the view scrolls, with the
+// wheel, the trackpad and the keyboard; the sections keep their order.
 class RavlinBarView : public QWidget {
     Q_OBJECT
 public:
@@ -54,14 +58,28 @@ public:
 
     QSize sizeHint() const override;
     bool hasHeightForWidth() const override { return true; }
+    // The content's height: the panel is made this tall where the screen allows.
     int heightForWidth(int width) const override;
     double contentHeight() const { return m_layout.height; }
+
+    // Scrolling, in points from the top of the content.
+    double scrollOffset() const { return m_scroll; }
+    double maximumScroll() const;
+    void setScrollOffset(double offset);
+    void scrollBy(double delta) { setScrollOffset(m_scroll + delta); }
+    // Whether any part of the tile stands in the panel's visible area.
+    bool isTileVisible(const QString& key) const;
+    // The texts the tile drew the last time the panel was painted, as drawn; empty when
+    // it was not painted (scrolled away, or the view never reached the screen).
+    QStringList paintedTexts(const QString& key) const { return m_painted.value(key); }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -75,7 +93,10 @@ private:
     const PanelLayout::PlacedTile* placed(const QString& key) const;
     bool isItem(const QString& key) const;
     void paintDragged(QPainter& painter);
+    void paintScroller(QPainter& painter);
     void setHover(std::optional<QString> key);
+    QRectF visibleContent() const;
+    QPointF toContent(const QPointF& viewPoint) const { return viewPoint + QPointF(0, m_scroll); }
 
     const PanelContent& m_content;
     TileModel& m_tiles;
@@ -90,6 +111,8 @@ private:
     QPointF m_pressPoint;
     QPointF m_pointer;
     bool m_dragging = false;
+    double m_scroll = 0;
+    QHash<QString, QStringList> m_painted;
 };
 
 } // namespace ravlin

@@ -29,6 +29,8 @@ struct Box {
     Qt::Alignment trail() const { return rtl ? Qt::AlignLeft : Qt::AlignRight; }
 };
 
+using Canvas = TilePainter::Canvas;
+
 QColor white(int alpha)
 {
     return QColor(255, 255, 255, alpha);
@@ -46,23 +48,42 @@ QBrush glass(const QRectF& r, int alpha)
 }
 
 // Alignment is absolute: callers have already chosen the side for the reading direction.
-void text(QPainter& p, const QRectF& rect, const QString& s, const QFont& font,
-          const QColor& colour, Qt::Alignment align)
+void text(Canvas& c, const QRectF& rect, const QString& s, const QFont& font, const QColor& colour,
+          Qt::Alignment align)
 {
-    p.setFont(font);
-    p.setPen(colour);
-    const QString shown = p.fontMetrics().elidedText(s, Qt::ElideRight, int(rect.width()));
-    p.drawText(rect, int(align | Qt::AlignVCenter | Qt::AlignAbsolute) | Qt::TextSingleLine, shown);
+    if (s.isEmpty())
+        return;
+    c.p.setFont(font);
+    c.p.setPen(colour);
+    const QString shown = c.p.fontMetrics().elidedText(s, Qt::ElideRight, int(rect.width()));
+    c.p.drawText(rect, int(align | Qt::AlignVCenter | Qt::AlignAbsolute) | Qt::TextSingleLine,
+                 shown);
+    if (c.painted && !shown.isEmpty())
+        c.painted->append(shown);
 }
 
 // Figures, rates and temperatures read left to right in every language.
-void figures(QPainter& p, const QRectF& rect, const QString& s, const QFont& font,
+void figures(Canvas& c, const QRectF& rect, const QString& s, const QFont& font,
              const QColor& colour, Qt::Alignment align)
 {
-    const Qt::LayoutDirection direction = p.layoutDirection();
-    p.setLayoutDirection(Qt::LeftToRight);
-    text(p, rect, s, font, colour, align);
-    p.setLayoutDirection(direction);
+    const Qt::LayoutDirection direction = c.p.layoutDirection();
+    c.p.setLayoutDirection(Qt::LeftToRight);
+    text(c, rect, s, font, colour, align);
+    c.p.setLayoutDirection(direction);
+}
+
+// A figure that must be read whole (a gauge's value and its unit): the font shrinks
+// until it fits rather than the text being cut.
+void wholeFigures(Canvas& c, const QRectF& rect, const QString& s, double pointSize,
+                  QFont::Weight weight, const QColor& colour)
+{
+    QFont font = Theme::font(pointSize, weight);
+    for (double size = pointSize; size > 6.5; size -= 0.5) {
+        font = Theme::font(size, weight);
+        if (QFontMetricsF(font).horizontalAdvance(s) <= rect.width())
+            break;
+    }
+    figures(c, rect.adjusted(-4, 0, 4, 0), s, font, colour, Qt::AlignHCenter);
 }
 
 QRectF fitted(const QSizeF& size, const QRectF& box)
@@ -82,17 +103,17 @@ void image(QPainter& p, const QImage& img, const QRectF& box)
 }
 
 // A captured image of the item when there is one, else its symbol, else its initial.
-void itemMark(QPainter& p, const PanelTile& tile, const QRectF& box, const QColor& colour)
+void itemMark(Canvas& c, const PanelTile& tile, const QRectF& box, const QColor& colour)
 {
     const BarItem* item = tile.content ? std::get_if<BarItem>(&*tile.content) : nullptr;
     if (item && item->image && !item->image->isNull()) {
-        image(p, *item->image, box);
+        image(c.p, *item->image, box);
         return;
     }
-    if (!tile.symbol.isEmpty() && SymbolRenderer::paint(p, box, tile.symbol, colour))
+    if (!tile.symbol.isEmpty() && SymbolRenderer::paint(c.p, box, tile.symbol, colour))
         return;
     const QString initial = tile.label.trimmed().left(1).toUpper();
-    text(p, box, initial, Theme::font(box.height() * 0.72, QFont::Bold), colour, Qt::AlignHCenter);
+    text(c, box, initial, Theme::font(box.height() * 0.72, QFont::Bold), colour, Qt::AlignHCenter);
 }
 
 bool hasImage(const PanelTile& tile)
@@ -102,8 +123,9 @@ bool hasImage(const PanelTile& tile)
 }
 
 // The round coloured badge that carries a tile's symbol; captured images sit on a quiet one.
-void disc(QPainter& p, const PanelTile& tile, const QRectF& rect)
+void disc(Canvas& c, const PanelTile& tile, const QRectF& rect)
 {
+    QPainter& p = c.p;
     const bool quiet = hasImage(tile);
     const QColor accent = tile.accent.value_or(Theme::systemBlue());
     p.setPen(Qt::NoPen);
@@ -118,7 +140,7 @@ void disc(QPainter& p, const PanelTile& tile, const QRectF& rect)
     p.drawEllipse(rect);
     const double glyph = rect.height() * (quiet ? 0.86 : 0.56);
     const QRectF box(rect.center().x() - glyph / 2, rect.center().y() - glyph / 2, glyph, glyph);
-    itemMark(p, tile, box, Qt::white);
+    itemMark(c, tile, box, Qt::white);
 }
 
 void ring(QPainter& p, const QRectF& rect, double percent, const QColor& accent, double width)
@@ -162,7 +184,7 @@ QString ownerLine(const PanelTile& tile)
 } // namespace
 
 TilePainter::TilePainter(QPainter& painter, TileStyle style, bool rightToLeft)
-    : m_p(painter), m_style(style), m_rtl(rightToLeft)
+    : m_p(painter), m_c{painter}, m_style(style), m_rtl(rightToLeft)
 {
     m_p.setRenderHint(QPainter::Antialiasing);
     m_p.setRenderHint(QPainter::TextAntialiasing);
@@ -183,8 +205,10 @@ double TilePainter::cornerRadius(const PanelTile& tile, const QRectF& rect) cons
     }
 }
 
-void TilePainter::tile(const PanelTile& tile, const QRectF& rect, const TileState& state)
+void TilePainter::tile(const PanelTile& tile, const QRectF& rect, const TileState& state,
+                       QStringList* painted)
 {
+    m_c.painted = painted;
     m_p.save();
     if (state.lifted)
         m_p.setOpacity(0.35);
@@ -235,12 +259,13 @@ void TilePainter::tile(const PanelTile& tile, const QRectF& rect, const TileStat
         }
     }
     m_p.restore();
+    m_c.painted = nullptr;
 }
 
 void TilePainter::header(const QString& title, const QRectF& rect)
 {
     const Box b{rect, m_rtl};
-    text(m_p, b.span(4, 0, 4, rect.height()), title, Theme::font(11, QFont::DemiBold),
+    text(m_c, b.span(4, 0, 4, rect.height()), title, Theme::font(11, QFont::DemiBold),
          Theme::hudSecondaryText(), b.lead());
 }
 
@@ -250,7 +275,7 @@ void TilePainter::emptyNote(const QString& note, const QRectF& rect)
     m_p.setPen(Qt::NoPen);
     m_p.setBrush(glass(rect, 8));
     m_p.drawRoundedRect(rect, 12, 12);
-    text(m_p, rect.adjusted(12, 0, -12, 0), note, Theme::font(12), Theme::hudSecondaryText(),
+    text(m_c, rect.adjusted(12, 0, -12, 0), note, Theme::font(12), Theme::hudSecondaryText(),
          Qt::AlignHCenter);
     m_p.restore();
 }
@@ -262,23 +287,23 @@ void TilePainter::weather(const PanelTile& t, const QRectF& rect)
                           t.accent.value_or(Theme::systemBlue()));
     SymbolRenderer::paint(m_p, b.at(54, 13, 11, 11), QStringLiteral("location.fill"),
                           Theme::hudSecondaryText());
-    text(m_p, b.span(69, 9, 110, 19), t.label, Theme::font(13, QFont::DemiBold),
+    text(m_c, b.span(69, 9, 110, 19), t.label, Theme::font(13, QFont::DemiBold),
          Theme::hudPrimaryText(), b.lead());
-    text(m_p, b.span(54, 30, 110, 16), t.note, Theme::font(11), Theme::hudSecondaryText(),
+    text(m_c, b.span(54, 30, 110, 16), t.note, Theme::font(11), Theme::hudSecondaryText(),
          b.lead());
-    figures(m_p, b.at(rect.width() - 112, 5, 100, 30), t.subtitle, Theme::font(25, QFont::Light),
+    figures(m_c, b.at(rect.width() - 112, 5, 100, 30), t.subtitle, Theme::font(25, QFont::Light),
             Theme::hudPrimaryText(), b.trail());
-    figures(m_p, b.at(rect.width() - 152, 36, 140, 15), t.detail, Theme::font(10.5),
+    figures(m_c, b.at(rect.width() - 152, 36, 140, 15), t.detail, Theme::font(10.5),
             Theme::hudSecondaryText(), b.trail());
 }
 
 void TilePainter::permission(const PanelTile& t, const QRectF& rect)
 {
     const Box b{rect, m_rtl};
-    disc(m_p, t, b.at(10, (rect.height() - 30) / 2, 30, 30));
-    text(m_p, b.span(50, 7, 34, 18), t.label, Theme::font(12.5, QFont::DemiBold),
+    disc(m_c, t, b.at(10, (rect.height() - 30) / 2, 30, 30));
+    text(m_c, b.span(50, 7, 34, 18), t.label, Theme::font(12.5, QFont::DemiBold),
          Theme::hudPrimaryText(), b.lead());
-    text(m_p, b.span(50, 25, 34, 15), t.subtitle, Theme::font(10.5), Theme::hudSecondaryText(),
+    text(m_c, b.span(50, 25, 34, 15), t.subtitle, Theme::font(10.5), Theme::hudSecondaryText(),
          b.lead());
     const QString chevron =
         m_rtl ? QStringLiteral("chevron.left") : QStringLiteral("chevron.right");
@@ -295,29 +320,29 @@ void TilePainter::dashboard(const PanelTile& t, const QRectF& rect)
         const QRectF gauge = b.at(11, (h - 40) / 2, 40, 40);
         ring(m_p, gauge, t.percent.value_or(0), accent, 4.5);
         SymbolRenderer::paint(m_p, gauge.adjusted(12, 12, -12, -12), t.symbol, accent);
-        text(m_p, b.span(61, h / 2 - 17, 8, 15), t.label, Theme::font(11),
+        text(m_c, b.span(61, h / 2 - 17, 8, 15), t.label, Theme::font(11),
              Theme::hudSecondaryText(), b.lead());
-        figures(m_p, b.span(61, h / 2 - 2, 8, 21), t.subtitle, Theme::font(17, QFont::DemiBold),
+        figures(m_c, b.span(61, h / 2 - 2, 8, 21), t.subtitle, Theme::font(17, QFont::DemiBold),
                 Theme::hudPrimaryText(), b.lead());
         return;
     }
-    disc(m_p, t, b.at(10, (h - 30) / 2, 30, 30));
+    disc(m_c, t, b.at(10, (h - 30) / 2, 30, 30));
     if (t.kind == TileKind::Network) {
-        text(m_p, b.span(50, 0, 160, h), t.label, Theme::font(12.5, QFont::DemiBold),
+        text(m_c, b.span(50, 0, 160, h), t.label, Theme::font(12.5, QFont::DemiBold),
              Theme::hudPrimaryText(), b.lead());
-        figures(m_p, b.span(130, 0, 14, h), t.subtitle, Theme::font(12.5, QFont::Medium),
+        figures(m_c, b.span(130, 0, 14, h), t.subtitle, Theme::font(12.5, QFont::Medium),
                 Theme::hudPrimaryText(), b.trail());
         return;
     }
     const QString owner = ownerLine(t);
     if (owner.isEmpty()) {
-        text(m_p, b.span(48, 0, 10, h), t.label, Theme::font(12.5, QFont::DemiBold),
+        text(m_c, b.span(48, 0, 10, h), t.label, Theme::font(12.5, QFont::DemiBold),
              Theme::hudPrimaryText(), b.lead());
         return;
     }
-    text(m_p, b.span(48, h / 2 - 16, 10, 17), t.label, Theme::font(12.5, QFont::DemiBold),
+    text(m_c, b.span(48, h / 2 - 16, 10, 17), t.label, Theme::font(12.5, QFont::DemiBold),
          Theme::hudPrimaryText(), b.lead());
-    text(m_p, b.span(48, h / 2 + 1, 10, 14), owner, Theme::font(10.5), Theme::hudSecondaryText(),
+    text(m_c, b.span(48, h / 2 + 1, 10, 14), owner, Theme::font(10.5), Theme::hudSecondaryText(),
          b.lead());
 }
 
@@ -325,23 +350,23 @@ void TilePainter::capsule(const PanelTile& t, const QRectF& rect)
 {
     const Box b{rect, m_rtl};
     const double h = rect.height();
-    disc(m_p, t, b.at(6, 6, h - 12, h - 12));
+    disc(m_c, t, b.at(6, 6, h - 12, h - 12));
     const double x = h + 2;
     switch (t.kind) {
     case TileKind::Stat:
-        text(m_p, b.span(x, h / 2 - 14, 14, 13), t.label, Theme::font(10.5),
+        text(m_c, b.span(x, h / 2 - 14, 14, 13), t.label, Theme::font(10.5),
              Theme::hudSecondaryText(), b.lead());
-        figures(m_p, b.span(x, h / 2 - 1, 14, 16), t.subtitle, Theme::font(13, QFont::DemiBold),
+        figures(m_c, b.span(x, h / 2 - 1, 14, 16), t.subtitle, Theme::font(13, QFont::DemiBold),
                 Theme::hudPrimaryText(), b.lead());
         break;
     case TileKind::Network:
-        text(m_p, b.span(x, 0, 170, h), t.label, Theme::font(12.5, QFont::Medium),
+        text(m_c, b.span(x, 0, 170, h), t.label, Theme::font(12.5, QFont::Medium),
              Theme::hudPrimaryText(), b.lead());
-        figures(m_p, b.span(110, 0, 16, h), t.subtitle, Theme::font(12.5, QFont::DemiBold),
+        figures(m_c, b.span(110, 0, 16, h), t.subtitle, Theme::font(12.5, QFont::DemiBold),
                 Theme::hudPrimaryText(), b.trail());
         break;
     default:
-        text(m_p, b.span(x, 0, 14, h), t.label, Theme::font(12.5, QFont::Medium),
+        text(m_c, b.span(x, 0, 14, h), t.label, Theme::font(12.5, QFont::Medium),
              Theme::hudPrimaryText(), b.lead());
     }
 }
@@ -352,22 +377,22 @@ void TilePainter::gridCell(const PanelTile& t, const QRectF& rect)
     const double w = rect.width();
     const QColor accent = t.accent.value_or(Theme::systemBlue());
     if (t.kind == TileKind::Network) {
-        disc(m_p, t, b.at(10, 10, 30, 30));
-        text(m_p, b.span(48, 10, 8, 30), t.label, Theme::font(11.5, QFont::DemiBold),
+        disc(m_c, t, b.at(10, 10, 30, 30));
+        text(m_c, b.span(48, 10, 8, 30), t.label, Theme::font(11.5, QFont::DemiBold),
              Theme::hudPrimaryText(), b.lead());
-        figures(m_p, b.span(10, 47, 8, 16), t.detail, Theme::font(10.5, QFont::Medium),
+        figures(m_c, b.span(10, 47, 8, 16), t.detail, Theme::font(10.5, QFont::Medium),
                 Theme::hudSecondaryText(), b.lead());
         return;
     }
     const QRectF top(rect.left() + (w - 34) / 2, rect.top() + 9, 34, 34);
     if (t.kind == TileKind::Stat) {
         ring(m_p, top, t.percent.value_or(0), accent, 3.5);
-        text(m_p, top, QString::number(qRound(t.percent.value_or(0))),
-             Theme::font(11, QFont::DemiBold), Theme::hudPrimaryText(), Qt::AlignHCenter);
+        wholeFigures(m_c, top.adjusted(4.5, 0, -4.5, 0), t.subtitle, 10, QFont::DemiBold,
+                     Theme::hudPrimaryText());
     } else {
-        disc(m_p, t, top);
+        disc(m_c, t, top);
     }
-    text(m_p, QRectF(rect.left() + 5, rect.top() + 48, w - 10, 15), t.label, Theme::font(10.5),
+    text(m_c, QRectF(rect.left() + 5, rect.top() + 48, w - 10, 15), t.label, Theme::font(10.5),
          Theme::hudPrimaryText(), Qt::AlignHCenter);
 }
 
@@ -376,26 +401,26 @@ void TilePainter::stripRow(const PanelTile& t, const QRectF& rect)
     const Box b{rect, m_rtl};
     const double h = rect.height();
     const QColor accent = t.accent.value_or(Theme::systemBlue());
-    itemMark(m_p, t, b.at(10, (h - 18) / 2, 18, 18), accent);
+    itemMark(m_c, t, b.at(10, (h - 18) / 2, 18, 18), accent);
     if (t.kind == TileKind::Stat) {
-        text(m_p, b.span(38, 0, 130, h), t.label, Theme::font(12.5), Theme::hudPrimaryText(),
+        text(m_c, b.span(38, 0, 130, h), t.label, Theme::font(12.5), Theme::hudPrimaryText(),
              b.lead());
         bar(m_p, b.at(rect.width() - 128, (h - 5) / 2, 62, 5), t.percent.value_or(0), accent,
             m_rtl);
-        figures(m_p, b.at(rect.width() - 56, 0, 44, h), t.subtitle,
+        figures(m_c, b.at(rect.width() - 56, 0, 44, h), t.subtitle,
                 Theme::font(12, QFont::DemiBold), Theme::hudPrimaryText(), b.trail());
         return;
     }
     const QString trailing = t.kind == TileKind::Network ? t.subtitle : ownerLine(t);
     const double trailingWidth = t.kind == TileKind::Network ? 150 : 110;
-    text(m_p, b.span(38, 0, trailingWidth + 20, h), t.label, Theme::font(12.5),
+    text(m_c, b.span(38, 0, trailingWidth + 20, h), t.label, Theme::font(12.5),
          Theme::hudPrimaryText(), b.lead());
     const QRectF trailingBox = b.at(rect.width() - trailingWidth - 12, 0, trailingWidth, h);
     if (t.kind == TileKind::Network)
-        figures(m_p, trailingBox, trailing, Theme::font(12, QFont::Medium), Theme::hudPrimaryText(),
+        figures(m_c, trailingBox, trailing, Theme::font(12, QFont::Medium), Theme::hudPrimaryText(),
                 b.trail());
     else
-        text(m_p, trailingBox, trailing, Theme::font(11), Theme::hudSecondaryText(), b.trail());
+        text(m_c, trailingBox, trailing, Theme::font(11), Theme::hudSecondaryText(), b.trail());
 }
 
 } // namespace ravlin

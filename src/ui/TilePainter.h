@@ -4,6 +4,7 @@
 #include "core/tiles/PanelSection.h"
 
 #include <QRectF>
+#include <QStringList>
 
 class QPainter;
 
@@ -22,9 +23,19 @@ struct TileState {
 // HUD look. Right to left mirrors the inside of every tile as well.
 class TilePainter {
 public:
+    // The painter, and where the texts drawn through it are noted: the sandbox and the
+    // tests must see what really reached the screen, not what the model says.
+    struct Canvas {
+        QPainter& p;
+        QStringList* painted = nullptr;
+    };
+
     TilePainter(QPainter& painter, TileStyle style, bool rightToLeft);
 
-    void tile(const PanelTile& tile, const QRectF& rect, const TileState& state);
+    // Paints one tile; every text it draws, as drawn (elided where it had to be), is
+    // appended to `painted` when one is given.
+    void tile(const PanelTile& tile, const QRectF& rect, const TileState& state,
+              QStringList* painted = nullptr);
     void header(const QString& title, const QRectF& rect);
     void emptyNote(const QString& text, const QRectF& rect);
 
@@ -38,6 +49,7 @@ private:
     double cornerRadius(const PanelTile& tile, const QRectF& rect) const;
 
     QPainter& m_p;
+    Canvas m_c;
     TileStyle m_style;
     bool m_rtl;
 };

@@ -124,3 +124,49 @@ TEST_F(PanelTest, APermissionTileAsksAndOpensItsSettingsPage)
     EXPECT_TRUE(world.desktop.opened().contains(QStringLiteral(
         "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility")));
 }
+
+TEST_F(PanelTest, ShownAgainWhileOpenItDrawsItsTiles)
+{
+    show();
+    const QImage first = bar->window()->grab().toImage();
+    show(); // a rebuild or a settings change while the panel is open
+    const QImage again = bar->window()->grab().toImage();
+    EXPECT_EQ(again, first);
+    EXPECT_FALSE(bar->view()->paintedTexts(QStringLiteral("n:Item 1")).isEmpty());
+}
+
+TEST_F(PanelTest, NeverReachesPastTheScreenAndScrollsWhatDoesNotFit)
+{
+    // A short display under the Dock: the visible area ends 60 points above the bottom.
+    world.desktop.addScreen(SimScreen{1280, 600, 24});
+    show(PanelWorld::groups(45), ScreenRect{1256, 576, 24, 24});
+    const ScreenRect f = *bar->frame();
+    EXPECT_EQ(f.maxY(), 576 - 6);
+    EXPECT_EQ(f.y, 8); // the sim's visible area reaches the bottom edge
+    EXPECT_GT(bar->view()->maximumScroll(), 0);
+    EXPECT_EQ(bar->window()->height(), int(f.height));
+    // The refits keep it inside too.
+    world.scheduler.advance(1.3);
+    EXPECT_EQ(bar->frame()->height, f.height);
+}
+
+TEST_F(PanelTest, RefilledWhileOpenItKeepsItsScrollPosition)
+{
+    world.desktop.addScreen(SimScreen{1280, 600, 24});
+    const ScreenRect anchor{1256, 576, 24, 24};
+    show(PanelWorld::groups(45), anchor);
+    bar->view()->scrollBy(300);
+    show(PanelWorld::groups(45), anchor);
+    EXPECT_EQ(bar->view()->scrollOffset(), 300);
+    bar->hide();
+    show(PanelWorld::groups(45), anchor);
+    EXPECT_EQ(bar->view()->scrollOffset(), 0);
+}
+
+TEST_F(PanelTest, OnAScreenNarrowerThanThePanelItTakesTheScreensWidth)
+{
+    world.desktop.addScreen(SimScreen{300, 500, 24});
+    show(PanelWorld::groups(3), ScreenRect{276, 476, 24, 24});
+    EXPECT_EQ(bar->frame()->x, 8);
+    EXPECT_EQ(bar->frame()->width, 284);
+}

@@ -9,8 +9,10 @@
 #include "ui/RavlinBarView.h"
 
 #include <QCoreApplication>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
@@ -235,4 +237,72 @@ TEST_F(ViewTest, PaintsEveryStyleInBothDirections)
             EXPECT_EQ(qGray(image.pixel(2, 2)), 0);
         }
     }
+}
+
+TEST_F(ViewTest, EveryStyleDrawsAStatisticWithItsUnit)
+{
+    for (TileStyle style : allTileStyles) {
+        for (Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+            const auto v = view(style, PanelWorld::groups(3), direction);
+            v->grab();
+            const QString battery = v->tile(QStringLiteral("sys.batt"))->subtitle;
+            EXPECT_EQ(battery, QStringLiteral("80 %"));
+            EXPECT_TRUE(v->paintedTexts(QStringLiteral("sys.batt")).contains(battery))
+                << tileStyleRawValue(style).toStdString() << ": "
+                << v->paintedTexts(QStringLiteral("sys.batt")).join(u'|').toStdString();
+        }
+    }
+}
+
+TEST_F(ViewTest, AFullGaugeKeepsItsUnitInTheGrid)
+{
+    world.probe().setBattery(PowerSource{100, 100});
+    world.stats().refresh();
+    const auto v = view(TileStyle::Grid);
+    v->grab();
+    EXPECT_TRUE(v->paintedTexts(QStringLiteral("sys.batt")).contains(QStringLiteral("100 %")));
+}
+
+TEST_F(ViewTest, ATallPanelScrollsAndOnlyWhatIsInSightIsDrawnAndHit)
+{
+    const auto v = view(TileStyle::Strip, PanelWorld::groups(40));
+    v->resize(308, 300);
+    ASSERT_GT(v->maximumScroll(), 1000);
+    const QString last = QStringLiteral("n:Item 40");
+    EXPECT_FALSE(v->isTileVisible(last));
+    v->grab();
+    EXPECT_TRUE(v->paintedTexts(last).isEmpty());
+    EXPECT_FALSE(v->paintedTexts(QStringLiteral("sys.cpu")).isEmpty());
+
+    // The wheel, a trackpad and the keyboard all scroll; the content keeps its order.
+    QWheelEvent wheel(QPointF(100, 100), QPointF(100, 100), QPoint(), QPoint(0, -120), Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(v.get(), &wheel);
+    EXPECT_EQ(v->scrollOffset(), 40);
+    QWheelEvent trackpad(QPointF(100, 100), QPointF(100, 100), QPoint(0, -25), QPoint(0, -60),
+                         Qt::NoButton, Qt::NoModifier, Qt::ScrollUpdate, false);
+    QCoreApplication::sendEvent(v.get(), &trackpad);
+    EXPECT_EQ(v->scrollOffset(), 65);
+    QKeyEvent end(QEvent::KeyPress, Qt::Key_End, Qt::NoModifier);
+    QCoreApplication::sendEvent(v.get(), &end);
+    EXPECT_EQ(v->scrollOffset(), v->maximumScroll());
+    EXPECT_TRUE(v->isTileVisible(last));
+    EXPECT_FALSE(v->isTileVisible(QStringLiteral("sys.cpu")));
+    EXPECT_LT(v->tileRect(QStringLiteral("sys.cpu"))->y(), v->tileRect(last)->y());
+
+    // A click lands on the tile that is in sight under the pointer.
+    const QRectF r = *v->tileRect(last);
+    const QPointF inView = r.center() - QPointF(0, v->scrollOffset());
+    send(*v, QEvent::MouseButtonPress, inView);
+    send(*v, QEvent::MouseButtonRelease, inView);
+    EXPECT_EQ(activated, QStringList{last});
+    v->grab();
+    EXPECT_FALSE(v->paintedTexts(last).isEmpty());
+    EXPECT_TRUE(v->paintedTexts(QStringLiteral("sys.cpu")).isEmpty());
+
+    QKeyEvent home(QEvent::KeyPress, Qt::Key_Home, Qt::NoModifier);
+    QCoreApplication::sendEvent(v.get(), &home);
+    EXPECT_EQ(v->scrollOffset(), 0);
+    v->scrollBy(-50); // never above the top
+    EXPECT_EQ(v->scrollOffset(), 0);
 }

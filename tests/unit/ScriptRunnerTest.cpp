@@ -128,6 +128,23 @@ TEST(ScriptRunner, ScriptMistakesEndWithStatusTwoAndTheLineNumber)
     }
 }
 
+TEST(ScriptRunner, ATileScrolledOutOfSightCannotBeClicked)
+{
+    QString script = QStringLiteral("screen 1280 400\n");
+    for (int i = 0; i < 20; ++i)
+        script +=
+            QStringLiteral("app com.example.a%1 \"A%1\"\nitem com.example.a%1 \"I%1\"\n").arg(i);
+    script += QStringLiteral("start\nadvance 3\nclick main\n");
+    const ScriptOutcome hidden = runScript(script + QStringLiteral("tile click \"n:I0\""));
+    EXPECT_EQ(hidden.status, 2);
+    EXPECT_TRUE(hidden.err.contains(QStringLiteral("scrolled out of sight")))
+        << hidden.err.toStdString();
+    const ScriptOutcome scrolled = runScript(
+        script + QStringLiteral("panel scroll 5000\ntile click \"n:I0\"\nexpect /panel/visible == false"));
+    EXPECT_EQ(scrolled.status, 0) << scrolled.err.toStdString();
+    EXPECT_EQ(runScript(script + QStringLiteral("panel scroll far")).status, 2);
+}
+
 TEST(ScriptRunner, SettingsWindowCommandsNeedTheOpenWindowAndAControlItHas)
 {
     const QList<std::pair<QString, QString>> cases = {

@@ -38,8 +38,12 @@ void tileCommand(CommandContext& c)
     RavlinBarView& view = openPanel(c);
     if (what == u"click") {
         const QString key = c.need(2, QStringLiteral("the tile's key"));
-        if (!view.clickTile(key))
+        if (!view.tile(key))
             c.fail(QStringLiteral("the open panel has no tile %1").arg(key));
+        // A person can only click what is in sight.
+        if (!view.isTileVisible(key))
+            c.fail(QStringLiteral("the tile %1 is scrolled out of sight").arg(key));
+        view.clickTile(key);
     } else if (what == u"drag") {
         const QString dragged = c.need(2, QStringLiteral("the dragged tile's key"));
         if (c.word(3) != u"onto")
@@ -58,10 +62,18 @@ void tileCommand(CommandContext& c)
 
 void panelCommand(CommandContext& c)
 {
-    if (c.word(1) != u"resign" || c.wordCount() != 2)
-        c.fail(QStringLiteral("panel knows only: panel resign"));
-    if (RavlinBar* bar = c.session.tilePanel())
-        bar->resignKey();
+    if (c.word(1) == u"scroll" && c.wordCount() == 3) {
+        bool ok = false;
+        const double delta = c.word(2).toDouble(&ok);
+        if (!ok)
+            c.fail(QStringLiteral("panel scroll takes a number of points, not %1").arg(c.word(2)));
+        openPanel(c).scrollBy(delta);
+    } else if (c.word(1) == u"resign" && c.wordCount() == 2) {
+        if (RavlinBar* bar = c.session.tilePanel())
+            bar->resignKey();
+    } else {
+        c.fail(QStringLiteral("panel knows: panel resign, panel scroll DY"));
+    }
     c.session.scheduler().runDue();
 }
 
@@ -101,8 +113,9 @@ QJsonValue text(const QString& s)
     return s.isEmpty() ? QJsonValue() : QJsonValue(s);
 }
 
-QJsonObject tileJson(const PanelTile& t, const QRectF& r)
+QJsonObject tileJson(const RavlinBarView& view, const PanelTile& t)
 {
+    const QRectF r = view.tileRect(t.key).value_or(QRectF());
     return {{QStringLiteral("kind"), tileKindName(t.kind)},
             {QStringLiteral("key"), t.key},
             {QStringLiteral("label"), t.label},
@@ -113,7 +126,9 @@ QJsonObject tileJson(const PanelTile& t, const QRectF& r)
             {QStringLiteral("x"), r.x()},
             {QStringLiteral("y"), r.y()},
             {QStringLiteral("w"), r.width()},
-            {QStringLiteral("h"), r.height()}};
+            {QStringLiteral("h"), r.height()},
+            {QStringLiteral("visible"), view.isTileVisible(t.key)},
+            {QStringLiteral("painted"), QJsonArray::fromStringList(view.paintedTexts(t.key))}};
 }
 
 QJsonArray sectionsJson(const RavlinBarView& view)
@@ -122,7 +137,7 @@ QJsonArray sectionsJson(const RavlinBarView& view)
     for (const PanelSection& section : view.sections()) {
         QJsonArray tiles;
         for (const PanelTile& t : section.tiles)
-            tiles.append(tileJson(t, view.tileRect(t.key).value_or(QRectF())));
+            tiles.append(tileJson(view, t));
         sections.append(QJsonObject{
             {QStringLiteral("title"), section.title ? QJsonValue(*section.title) : QJsonValue()},
             {QStringLiteral("tiles"), tiles}});
@@ -132,17 +147,23 @@ QJsonArray sectionsJson(const RavlinBarView& view)
 
 QJsonValue panelSection(SandboxSession& s, bool)
 {
-    const RavlinBar* bar = s.tilePanel();
+    RavlinBar* bar = s.tilePanel();
     const std::optional<ScreenRect> f = bar ? bar->frame() : std::nullopt;
     if (!f || !bar->view())
         return QJsonValue();
+    // The screen shows a frame of the window as it is now: what each tile really draws.
+    if (bar->isVisible())
+        bar->window()->grab();
     const RavlinBarView& view = *bar->view();
-    return QJsonObject{{QStringLiteral("visible"), bar->isVisible()},
-                       {QStringLiteral("frame"), QJsonArray{f->x, f->y, f->width, f->height}},
-                       {QStringLiteral("style"), tileStyleRawValue(view.style())},
-                       {QStringLiteral("rtl"), view.isRightToLeft()},
-                       {QStringLiteral("fades"), bar->fadeCount()},
-                       {QStringLiteral("sections"), sectionsJson(view)}};
+    return QJsonObject{
+        {QStringLiteral("visible"), bar->isVisible()},
+        {QStringLiteral("frame"), QJsonArray{f->x, f->y, f->width, f->height}},
+        {QStringLiteral("style"), tileStyleRawValue(view.style())},
+        {QStringLiteral("rtl"), view.isRightToLeft()},
+        {QStringLiteral("fades"), bar->fadeCount()},
+        {QStringLiteral("scroll"), QJsonObject{{QStringLiteral("offset"), view.scrollOffset()},
+                                               {QStringLiteral("maximum"), view.maximumScroll()}}},
+        {QStringLiteral("sections"), sectionsJson(view)}};
 }
 
 } // namespace

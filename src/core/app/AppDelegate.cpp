@@ -4,19 +4,20 @@
 #include "SettingsPresenter.h"
 #include "core/bar/MenuBarHideEngine.h"
 #include "core/bar/StatusBarController.h"
+#include "core/bar/TilePanel.h"
 #include "core/discovery/MenuBarScanner.h"
 #include "core/discovery/PermissionManager.h"
 #include "core/discovery/ScannerModel.h"
-#include "foundation/DiagnosticLogs.h"
-#include "foundation/Logging.h"
-#include "foundation/NotificationCenter.h"
-#include "foundation/SelfTestText.h"
 #include "core/settings/LanguageManager.h"
 #include "core/settings/LaunchAtLogin.h"
 #include "core/settings/Preferences.h"
 #include "core/sysinfo/SystemStats.h"
 #include "core/sysinfo/WeatherService.h"
 #include "core/tiles/TileModel.h"
+#include "foundation/DiagnosticLogs.h"
+#include "foundation/Logging.h"
+#include "foundation/NotificationCenter.h"
+#include "foundation/SelfTestText.h"
 #include "platform/Accessibility.h"
 #include "platform/ApplicationControl.h"
 #include "platform/Platform.h"
@@ -113,10 +114,10 @@ void AppDelegate::applicationDidFinishLaunching(const QStringList& arguments)
     if (m_preferences->showWeather())
         m_weather->refreshIfStale();
     // A first reading at launch primes the sampler; the tile panel starts it again when it shows
-    // figures.
+    // figures. A panel the user opened within that second needs it to go on.
     m_stats->start(SystemStats::defaultInterval);
-    m_scheduler.after(1.0, [stats = QPointer<SystemStats>(m_stats.get())] {
-        if (stats)
+    m_scheduler.after(1.0, [stats = QPointer<SystemStats>(m_stats.get()), panel = m_windows.panel] {
+        if (stats && !(panel && panel->isVisible()))
             stats->stop();
     });
     PermissionManager& permissions = m_menuBar->permissions();

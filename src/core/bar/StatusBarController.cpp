@@ -3,10 +3,10 @@
 #include "ArrangeGuide.h"
 #include "MenuBarHideEngine.h"
 #include "TilePanel.h"
-#include "foundation/DefaultsStore.h"
-#include "foundation/Logging.h"
 #include "core/settings/PrefKey.h"
 #include "core/settings/Preferences.h"
+#include "foundation/DefaultsStore.h"
+#include "foundation/Logging.h"
 #include "platform/StatusBar.h"
 
 namespace ravlin {
@@ -166,7 +166,9 @@ void StatusBarController::collapseToResting()
     m_expanded = false;
     m_revealingAlways = false;
     applyLayout();
-    m_tileOpen = false;
+    // The state follows what is on screen: a panel the user opened in the first moments
+    // after start stays open, and is known to be.
+    m_tileOpen = m_s.panel && m_s.panel->isVisible();
 }
 
 void StatusBarController::ensureCollapsed()

@@ -23,26 +23,41 @@ std::optional<ScreenInfo> screenFor(const ScreenRect& anchor,
     return mainScreen;
 }
 
-ScreenPoint origin(const ScreenRect& anchor, const ScreenRect& screenFrame, double height)
+double widthOn(const ScreenRect& screenFrame)
 {
-    double x = std::max(screenFrame.x + screenMargin, anchor.maxX() - panelWidth);
-    x = std::min(x, screenFrame.maxX() - panelWidth - screenMargin);
+    const double room = std::floor(screenFrame.width - 2 * screenMargin);
+    return std::clamp(room, 1.0, panelWidth);
+}
+
+ScreenPoint origin(const ScreenRect& anchor, const ScreenRect& screenFrame, double height,
+                   double width)
+{
+    double x = std::max(screenFrame.x + screenMargin, anchor.maxX() - width);
+    x = std::min(x, screenFrame.maxX() - width - screenMargin);
     return {x, anchor.y - height - gapBelowAnchor};
 }
 
-double fittedHeight(double contentHeight)
+double maximumHeight(const ScreenRect& anchor, const ScreenInfo& screen)
 {
-    if (!std::isfinite(contentHeight))
-        return minimumHeight;
-    return std::max(minimumHeight, std::ceil(contentHeight));
+    const double top = anchor.y - gapBelowAnchor;
+    const double bottom = screen.visibleFrame.y + screenMargin;
+    return std::max(1.0, std::floor(top - bottom));
 }
 
-std::optional<ScreenRect> refit(const ScreenRect& current, double contentHeight)
+double fittedHeight(double contentHeight, double maximum)
 {
-    const double height = fittedHeight(contentHeight);
+    const double wanted = std::isfinite(contentHeight)
+                              ? std::max(minimumHeight, std::ceil(contentHeight))
+                              : minimumHeight;
+    return std::isnan(maximum) ? wanted : std::min(wanted, std::max(1.0, maximum));
+}
+
+std::optional<ScreenRect> refit(const ScreenRect& current, double contentHeight, double maximum)
+{
+    const double height = fittedHeight(contentHeight, maximum);
     if (std::abs(current.height - height) <= refitTolerance)
         return std::nullopt;
-    return ScreenRect{current.x, current.maxY() - height, panelWidth, height};
+    return ScreenRect{current.x, current.maxY() - height, current.width, height};
 }
 
 } // namespace ravlin::PanelPlacement

@@ -2,6 +2,7 @@
 
 #include "platform/Screens.h"
 
+#include <limits>
 #include <optional>
 #include <vector>
 
@@ -23,16 +24,26 @@ std::optional<ScreenInfo> screenFor(const ScreenRect& anchor,
                                     const std::vector<ScreenInfo>& screens,
                                     const std::optional<ScreenInfo>& mainScreen);
 
-// The panel's bottom-left corner (screen coordinates): its right edge on the
-// anchor's right edge, kept inside the screen; on a screen too narrow for
-// both margins the left one wins.
-ScreenPoint origin(const ScreenRect& anchor, const ScreenRect& screenFrame, double height);
+// The panel's width on a screen: its usual width wherever that fits between the
+// margins, else as wide as the screen allows.
+double widthOn(const ScreenRect& screenFrame);
 
-// The window height for a content height: whole points, at least the minimum.
-double fittedHeight(double contentHeight);
+// The panel's bottom-left corner (screen coordinates): its right edge on the
+// anchor's right edge, kept inside the screen.
+ScreenPoint origin(const ScreenRect& anchor, const ScreenRect& screenFrame, double height,
+                   double width = panelWidth);
+
+// The tallest the panel may be under the anchor: down to the bottom of the screen's
+// visible area (above the Dock), less the margin. What does not fit scrolls.
+double maximumHeight(const ScreenRect& anchor, const ScreenInfo& screen);
+
+// The window height for a content height: whole points, at least the minimum, at most
+// `maximum` (which wins over the minimum on a very short screen).
+double fittedHeight(double contentHeight, double maximum = std::numeric_limits<double>::infinity());
 
 // The frame after the content changed height, with the top edge kept where it
 // is; nothing when the change is within the tolerance.
-std::optional<ScreenRect> refit(const ScreenRect& current, double contentHeight);
+std::optional<ScreenRect> refit(const ScreenRect& current, double contentHeight,
+                                double maximum = std::numeric_limits<double>::infinity());
 
 } // namespace ravlin::PanelPlacement

@@ -60,3 +60,25 @@ TEST(PanelPlacement, RefitKeepsTheTopEdgeAndIgnoresHalfAPoint)
     EXPECT_EQ(P::refit(current, 10)->height, 120);
     EXPECT_EQ(P::refit(current, 10)->maxY(), 870);
 }
+
+TEST(PanelPlacement, NeverTallerThanTheVisibleAreaBelowTheItem)
+{
+    // The Dock takes the bottom 70 points: the panel ends 8 points above it.
+    const ScreenInfo screen{{0, 0, 1440, 900}, {0, 70, 1440, 806}};
+    const ScreenRect item{1416, 876, 24, 24};
+    EXPECT_EQ(P::maximumHeight(item, screen), 876 - 6 - 78);
+    EXPECT_EQ(P::fittedHeight(1800, P::maximumHeight(item, screen)), 792);
+    EXPECT_EQ(P::fittedHeight(300, 792), 300);
+    // On a tiny screen the room wins over the minimum.
+    EXPECT_EQ(P::fittedHeight(300, 90), 90);
+    EXPECT_EQ(P::refit({1124, 78, 308, 792}, 1900, 792), std::nullopt);
+    EXPECT_EQ(P::refit({1124, 78, 308, 792}, 500, 792)->maxY(), 870);
+}
+
+TEST(PanelPlacement, KeepsItsWidthWhereItFitsAndTakesTheScreensOtherwise)
+{
+    EXPECT_EQ(P::widthOn({0, 0, 1440, 900}), 308);
+    EXPECT_EQ(P::widthOn({0, 0, 324, 900}), 308);
+    EXPECT_EQ(P::widthOn({0, 0, 300, 300}), 284);
+    EXPECT_EQ(P::origin({276, 276, 24, 24}, {0, 0, 300, 300}, 120, 284).x, 8);
+}
