@@ -22,6 +22,13 @@ inline QString sampleDesktopForMachine()
     return lines.join(u'\n');
 }
 
+// The tours write their pictures into the folder.
+inline QString inFolder(QString tour, const QString& folder)
+{
+    static const QRegularExpression shot(QStringLiteral("screenshot FOLDER/(\\S+)"));
+    return tour.replace(shot, QStringLiteral("screenshot \"%1/\\1\"").arg(folder));
+}
+
 // The tour the sandbox runs headless when there is no display: the sample desktop,
 // the bar collapsed and expanded, the panel in each style, arrange mode and every
 // settings tab, each photographed into `folder`.
@@ -87,9 +94,40 @@ screenshot FOLDER/11-settings-about.png
 settings close
 dump controller process
 )");
-    static const QRegularExpression shot(QStringLiteral("screenshot FOLDER/(\\S+)"));
-    tour.replace(shot, QStringLiteral("screenshot \"%1/\\1\"").arg(folder));
-    return sampleDesktopForMachine() + tour;
+    return sampleDesktopForMachine() + inFolder(tour, folder);
+}
+
+// A crowded bar on a laptop's screen: forty items of twenty applications hidden, every
+// statistic of this machine shown. The panel stops above the bottom of the screen and scrolls.
+inline QString crowdedDemoScript(const QString& folder)
+{
+    QStringList lines{QStringLiteral("# A crowded bar on a 1280×800 laptop screen."),
+                      QStringLiteral("screen 1280 800 menubar=24")};
+    static const char* const names[] = {"Atlas",   "Beacon", "Cinder",   "Drift",   "Ember",
+                                        "Fathom",  "Glint",  "Harbor",   "Inkwell", "Juniper",
+                                        "Kestrel", "Lumen",  "Meridian", "Nimbus",  "Orbit",
+                                        "Pylon",   "Quill",  "Relay",    "Sable",   "Tandem"};
+    for (const char* name : names)
+        lines << QStringLiteral("app com.example.%1 \"%2\"")
+                     .arg(QString::fromLatin1(name).toLower(), QString::fromLatin1(name));
+    for (const char* name : names) {
+        const QString id = QString::fromLatin1(name).toLower();
+        lines << QStringLiteral("item com.example.%1 \"%2 Status\" ax.title=\"%2\"")
+                     .arg(id, QString::fromLatin1(name))
+              << QStringLiteral("item com.example.%1 \"%2 Extra\" ax.title=\"%2 Extra\"")
+                     .arg(id, QString::fromLatin1(name));
+    }
+    const QString tour = QStringLiteral(R"(
+start
+advance 3
+click main
+advance 1.5
+screenshot FOLDER/12-panel-crowded.png
+dump panel
+panel scroll 600
+screenshot FOLDER/13-panel-crowded-scrolled.png
+)");
+    return lines.join(u'\n') + inFolder(tour, folder);
 }
 
 } // namespace ravlin::sandbox
