@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QPointF>
+#include <QSizeF>
 #include <QString>
 #include <QStringList>
 
@@ -36,13 +38,16 @@ private:
     std::shared_ptr<const void> m_handle;
 };
 
-// An attribute's value, by the kinds the core cares about.
+// An attribute's value, by the kinds the core cares about. Positions are in
+// window-server coordinates, as the accessibility interface gives them.
 struct AXValue {
-    enum class Kind { Text, Element, ElementList, Other };
+    enum class Kind { Text, Element, ElementList, Point, Size, Other };
     Kind kind = Kind::Other;
     QString text;
     AXElement element;
     std::vector<AXElement> elements;
+    QPointF point;
+    QSizeF size;
 };
 
 // A call's error code and, on success, its result.

@@ -48,8 +48,19 @@ void rejectUnknown(CommandContext& c, const QMap<QString, QString>& options,
     }
 }
 
+// `screen W H [menubar=H]` adds a display (also while the application runs, as when a
+// display is plugged in); `screen remove N` unplugs the display of that index (not the main one).
 void screenCommand(CommandContext& c)
 {
+    if (c.word(1) == u"remove") {
+        const std::int64_t index =
+            integer(c, c.need(2, QStringLiteral("the display's index")), QStringLiteral("screen"));
+        if (index < 1 || !c.session.desktop().removeScreen(std::size_t(index)))
+            c.fail(QStringLiteral("there is no display %1 to remove (the main one, 0, stays)")
+                       .arg(index));
+        c.session.scheduler().runDue();
+        return;
+    }
     const auto options = c.options(3);
     rejectUnknown(c, options, {QStringLiteral("menubar")});
     SimScreen screen;
@@ -61,6 +72,17 @@ void screenCommand(CommandContext& c)
     if (screen.width <= 0 || screen.height <= screen.menuBarHeight)
         c.fail(QStringLiteral("a screen needs a positive size taller than its menu bar"));
     c.session.desktop().addScreen(screen);
+    if (c.session.started())
+        c.session.scheduler().runDue();
+}
+
+// `system 15|26|27`: the menu bar of that macOS release.
+void systemCommand(CommandContext& c)
+{
+    const std::int64_t generation =
+        integer(c, c.need(1, QStringLiteral("15, 26 or 27")), QStringLiteral("system"));
+    if (!c.session.desktop().setGeneration(int(generation)))
+        c.fail(QStringLiteral("system takes 15, 26 or 27, not %1").arg(generation));
 }
 
 ActivationPolicy policy(CommandContext& c, const QString& text)
@@ -281,7 +303,8 @@ void commandDragCommand(CommandContext& c)
 
 void registerDesktopCommands(ScriptRunner& runner)
 {
-    runner.addCommand(QStringLiteral("screen"), Phase::BeforeStart, screenCommand);
+    runner.addCommand(QStringLiteral("screen"), Phase::Any, screenCommand);
+    runner.addCommand(QStringLiteral("system"), Phase::BeforeStart, systemCommand);
     runner.addCommand(QStringLiteral("app"), Phase::BeforeStart, appCommand);
     runner.addCommand(QStringLiteral("item"), Phase::BeforeStart, itemCommand);
     runner.addCommand(QStringLiteral("extras"), Phase::BeforeStart, extrasCommand);

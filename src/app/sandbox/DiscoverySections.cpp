@@ -7,11 +7,11 @@
 
 #include "core/app/AppDelegate.h"
 #include "core/discovery/ScannerModel.h"
+#include "core/settings/PrefKey.h"
+#include "core/tiles/TileModel.h"
 #include "foundation/DefaultsStore.h"
 #include "foundation/DiagnosticLogs.h"
 #include "foundation/PlistJson.h"
-#include "core/settings/PrefKey.h"
-#include "core/tiles/TileModel.h"
 #include "platform/sim/SimDesktop.h"
 
 #include <QFile>
@@ -36,6 +36,7 @@ QJsonValue barSection(SandboxSession& s, bool)
             {QStringLiteral("width"), p.frame.width},
             {QStringLiteral("height"), p.frame.height},
             {QStringLiteral("onScreen"), p.onScreen},
+            {QStringLiteral("inOverflow"), p.inOverflow},
         });
     }
     return bar;

@@ -5,7 +5,9 @@
 #include "core/discovery/CaptureEngine.h"
 #include "core/discovery/ItemCapture.h"
 #include "core/discovery/MenuBarApps.h"
+#include "core/discovery/MenuBarReader.h"
 #include "core/discovery/MenuBarScanner.h"
+#include "core/discovery/MenuBarSystem.h"
 #include "core/discovery/PermissionManager.h"
 #include "core/tiles/BarGrouping.h"
 #include "core/tiles/BarItemFactory.h"
@@ -26,15 +28,19 @@ MenuBarServices::MenuBarServices(Platform& platform, Scheduler& scheduler, Defau
     m_capture = std::make_unique<ItemCapture>(*platform.windowServer, *m_permissions);
     m_resolver =
         std::make_unique<AXResolver>(*platform.accessibility, *platform.workspace, *m_permissions);
-    m_scanner = std::make_unique<MenuBarScanner>(*platform.windowServer);
+    m_reader = std::make_unique<MenuBarReader>(*platform.windowServer, *platform.accessibility,
+                                               *platform.workspace, *platform.screens);
+    m_system = std::make_unique<MenuBarSystem>(*m_reader, *platform.windowServer,
+                                               *platform.workspace, *platform.screens);
+    m_scanner = std::make_unique<MenuBarScanner>(*m_reader);
     m_apps =
         std::make_unique<MenuBarApps>(*platform.workspace, *platform.accessibility, *m_permissions);
-    m_mover = std::make_unique<MoveEngine>(*platform.events, *platform.windowServer, scheduler,
-                                           *m_permissions, logs);
+    m_mover =
+        std::make_unique<MoveEngine>(*platform.events, *m_reader, scheduler, *m_permissions, logs);
     m_factory = std::make_unique<BarItemFactory>(*m_resolver, *m_capture, *m_permissions, defaults,
                                                  language);
-    m_captureEngine = std::make_unique<CaptureEngine>(*platform.windowServer, *m_capture, *m_mover,
-                                                      *m_factory, scheduler, logs);
+    m_captureEngine = std::make_unique<CaptureEngine>(*m_reader, *m_capture, *m_mover, *m_factory,
+                                                      scheduler, logs);
     m_grouping = std::make_unique<BarGrouping>(*m_factory, language);
 }
 

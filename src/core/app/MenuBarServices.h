@@ -13,6 +13,8 @@ class DiagnosticLogs;
 class ItemCapture;
 class LanguageManager;
 class MenuBarApps;
+class MenuBarReader;
+class MenuBarSystem;
 class MenuBarScanner;
 class MoveEngine;
 class PermissionManager;
@@ -30,6 +32,8 @@ public:
     PermissionManager& permissions() const { return *m_permissions; }
     ItemCapture& itemCapture() const { return *m_capture; }
     AXResolver& resolver() const { return *m_resolver; }
+    MenuBarReader& reader() const { return *m_reader; }
+    MenuBarSystem& system() const { return *m_system; }
     MenuBarScanner& scanner() const { return *m_scanner; }
     MenuBarApps& apps() const { return *m_apps; }
     MoveEngine& moveEngine() const { return *m_mover; }
@@ -41,6 +45,8 @@ private:
     std::unique_ptr<PermissionManager> m_permissions;
     std::unique_ptr<ItemCapture> m_capture;
     std::unique_ptr<AXResolver> m_resolver;
+    std::unique_ptr<MenuBarReader> m_reader;
+    std::unique_ptr<MenuBarSystem> m_system;
     std::unique_ptr<MenuBarScanner> m_scanner;
     std::unique_ptr<MenuBarApps> m_apps;
     std::unique_ptr<MoveEngine> m_mover;

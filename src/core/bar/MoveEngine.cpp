@@ -1,9 +1,9 @@
 #include "MoveEngine.h"
 
 #include "core/discovery/ItemTitles.h"
+#include "core/discovery/MenuBarReader.h"
 #include "core/discovery/MenuBarScanner.h"
 #include "core/discovery/PermissionManager.h"
-#include "core/discovery/WindowListReader.h"
 #include "foundation/DiagnosticLogs.h"
 #include "foundation/Logging.h"
 #include "foundation/Scheduler.h"
@@ -16,10 +16,10 @@
 
 namespace ravlin {
 
-MoveEngine::MoveEngine(Events& events, WindowServer& windowServer, Scheduler& scheduler,
+MoveEngine::MoveEngine(Events& events, const MenuBarReader& reader, Scheduler& scheduler,
                        const PermissionManager& permissions, const DiagnosticLogs& logs)
-    : m_events(events), m_windowServer(windowServer), m_scheduler(scheduler),
-      m_permissions(permissions), m_logs(logs)
+    : m_events(events), m_reader(reader), m_scheduler(scheduler), m_permissions(permissions),
+      m_logs(logs)
 {}
 
 // The three window fields make the window server deliver the event to the item's
@@ -66,8 +66,7 @@ void MoveEngine::move(std::uint32_t windowID, std::int32_t pid, double toX, doub
 
 std::vector<MoveEngine::Probe> MoveEngine::statusItems() const
 {
-    const auto windows =
-        WindowListReader(m_windowServer).statusWindows(WindowListOption::OnScreenOnly);
+    const auto windows = m_reader.statusWindows(WindowListOption::OnScreenOnly);
     std::vector<Probe> probes;
     for (const StatusWindow& w : windows.value_or(std::vector<StatusWindow>{})) {
         if (!w.bounds || w.bounds->height > MenuBarScanner::maxItemHeight || w.isOwn())

@@ -14,7 +14,7 @@ class DiagnosticLogs;
 class Events;
 class PermissionManager;
 class Scheduler;
-class WindowServer;
+class MenuBarReader;
 struct MouseEvent;
 enum class MouseEventType : int;
 
@@ -36,7 +36,7 @@ public:
     // How long the platform gets between press and release.
     static constexpr double pressSeconds = 0.15;
 
-    MoveEngine(Events& events, WindowServer& windowServer, Scheduler& scheduler,
+    MoveEngine(Events& events, const MenuBarReader& reader, Scheduler& scheduler,
                const PermissionManager& permissions, const DiagnosticLogs& logs);
 
     void move(std::uint32_t windowID, std::int32_t pid, double toX, double menuBarY);
@@ -52,7 +52,7 @@ private:
     std::optional<Probe> find(std::uint32_t id) const;
 
     Events& m_events;
-    WindowServer& m_windowServer;
+    const MenuBarReader& m_reader;
     Scheduler& m_scheduler;
     const PermissionManager& m_permissions;
     const DiagnosticLogs& m_logs;

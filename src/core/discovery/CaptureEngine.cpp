@@ -2,13 +2,13 @@
 
 #include "ItemCapture.h"
 #include "ItemTitles.h"
+#include "MenuBarReader.h"
 #include "MenuBarScanner.h"
-#include "WindowListReader.h"
 #include "core/bar/MoveEngine.h"
+#include "core/tiles/BarItemFactory.h"
 #include "foundation/DiagnosticLogs.h"
 #include "foundation/Scheduler.h"
 #include "foundation/SelfTestText.h"
-#include "core/tiles/BarItemFactory.h"
 #include "platform/WindowServer.h"
 
 #include <QSet>
@@ -34,17 +34,16 @@ std::vector<std::int64_t> windowNumbers(const std::vector<CaptureEngine::Raw>& r
 
 } // namespace
 
-CaptureEngine::CaptureEngine(WindowServer& windowServer, const ItemCapture& capture,
+CaptureEngine::CaptureEngine(const MenuBarReader& reader, const ItemCapture& capture,
                              MoveEngine& mover, BarItemFactory& factory, Scheduler& scheduler,
                              const DiagnosticLogs& logs)
-    : m_windowServer(windowServer), m_capture(capture), m_mover(mover), m_factory(factory),
+    : m_reader(reader), m_capture(capture), m_mover(mover), m_factory(factory),
       m_scheduler(scheduler), m_logs(logs)
 {}
 
 std::vector<CaptureEngine::Raw> CaptureEngine::scanAll() const
 {
-    const auto windows =
-        WindowListReader(m_windowServer).statusWindows(WindowListOption::AllWindows);
+    const auto windows = m_reader.statusWindows(WindowListOption::AllWindows);
     std::vector<Raw> raws;
     for (const StatusWindow& w : windows.value_or(std::vector<StatusWindow>{})) {
         if (!w.pid || !w.bounds)

@@ -15,7 +15,7 @@ class DiagnosticLogs;
 class ItemCapture;
 class MoveEngine;
 class Scheduler;
-class WindowServer;
+class MenuBarReader;
 struct BarItem;
 
 // Lists every status-item window of other processes, on screen or not, and turns
@@ -47,7 +47,7 @@ public:
     static constexpr double settleOnScreenSeconds = 0.30;
     static constexpr double settleBackSeconds = 0.24;
 
-    CaptureEngine(WindowServer& windowServer, const ItemCapture& capture, MoveEngine& mover,
+    CaptureEngine(const MenuBarReader& reader, const ItemCapture& capture, MoveEngine& mover,
                   BarItemFactory& factory, Scheduler& scheduler, const DiagnosticLogs& logs);
 
     // Left to right.
@@ -63,7 +63,7 @@ public:
 private:
     std::optional<BarItem> captureOffScreen(const Raw& raw, double stageX, double menuBarY);
 
-    WindowServer& m_windowServer;
+    const MenuBarReader& m_reader;
     const ItemCapture& m_capture;
     MoveEngine& m_mover;
     BarItemFactory& m_factory;

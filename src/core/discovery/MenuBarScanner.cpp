@@ -1,6 +1,6 @@
 #include "MenuBarScanner.h"
 
-#include "WindowListReader.h"
+#include "MenuBarReader.h"
 #include "platform/WindowServer.h"
 
 #include <algorithm>
@@ -9,8 +9,7 @@ namespace ravlin {
 
 std::vector<MenuBarItemInfo> MenuBarScanner::scan() const
 {
-    const auto windows =
-        WindowListReader(m_windowServer).statusWindows(WindowListOption::OnScreenOnly);
+    const auto windows = m_reader.statusWindows(WindowListOption::OnScreenOnly);
     std::vector<MenuBarItemInfo> items;
     for (const StatusWindow& w : windows.value_or(std::vector<StatusWindow>{})) {
         if (!w.bounds || w.bounds->height > maxItemHeight)

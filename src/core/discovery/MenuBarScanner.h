@@ -6,19 +6,19 @@
 
 namespace ravlin {
 
-class WindowServer;
+class MenuBarReader;
 
 // The status-item windows on screen, own ones included, left to right.
 class MenuBarScanner {
 public:
     static constexpr double maxItemHeight = 40;
 
-    explicit MenuBarScanner(WindowServer& windowServer) : m_windowServer(windowServer) {}
+    explicit MenuBarScanner(const MenuBarReader& reader) : m_reader(reader) {}
 
     std::vector<MenuBarItemInfo> scan() const;
 
 private:
-    WindowServer& m_windowServer;
+    const MenuBarReader& m_reader;
 };
 
 } // namespace ravlin

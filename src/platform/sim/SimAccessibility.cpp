@@ -24,6 +24,14 @@ AXResult<AXValue> elementValue(AXElement element)
     return {AXError::success, v};
 }
 
+AXResult<AXValue> elementList(std::vector<AXElement> elements)
+{
+    AXValue v;
+    v.kind = AXValue::Kind::ElementList;
+    v.elements = std::move(elements);
+    return {AXError::success, v};
+}
+
 } // namespace
 
 AXElement SimAccessibility::make(const Node& node)
@@ -79,7 +87,7 @@ int SimAccessibility::gate(const Node& n)
     const SimApp* app = m_desktop.appByPid(n.pid);
     if (!app || !app->running)
         return AXError::invalidElement;
-    if (n.kind == Node::Kind::ItemPart && !itemOf(n))
+    if ((n.kind == Node::Kind::ItemPart || n.kind == Node::Kind::Slot) && !itemOf(n))
         return AXError::invalidElement;
     if (app->hung) {
         m_desktop.blockFor(timeoutFor(n));
@@ -125,10 +133,107 @@ AXResult<AXValue> SimAccessibility::copyAttributeValue(const AXElement& element,
         if (attribute == u"AXParent")
             return elementValue(make({Node::Kind::ExtrasBar, n->pid, 0, 0}));
         break;
+    case Node::Kind::AgentBar:
+        return barAttribute(*n, attribute);
+    case Node::Kind::Slot:
+    case Node::Kind::Overflow:
+        return slotAttribute(*n, attribute);
     case Node::Kind::SystemWide:
         break;
     }
     return {AXError::attributeUnsupported, {}};
+}
+
+bool SimAccessibility::isAgent(std::int32_t pid) const
+{
+    const SimApp* app = m_desktop.appByPid(pid);
+    return !m_desktop.itemsAreWindows() && app && app->bundleId == SimDesktop::agentBundleId;
+}
+
+AXResult<AXValue> SimAccessibility::frameAttribute(const WindowServerRect& frame,
+                                                   const QString& attribute)
+{
+    AXValue v;
+    if (attribute == u"AXPosition") {
+        v.kind = AXValue::Kind::Point;
+        v.point = QPointF(frame.x, frame.y);
+    } else if (attribute == u"AXSize") {
+        v.kind = AXValue::Kind::Size;
+        v.size = QSizeF(frame.width, frame.height);
+    } else {
+        return {AXError::attributeUnsupported, {}};
+    }
+    return {AXError::success, v};
+}
+
+// The agent's element: one menu bar per display.
+AXResult<AXValue> SimAccessibility::agentAttribute(const Node& n, const QString& attribute)
+{
+    if (attribute != u"AXChildren")
+        return {AXError::attributeUnsupported, {}};
+    std::vector<AXElement> bars;
+    for (std::size_t i = 0; i < m_desktop.screens().size(); ++i)
+        bars.push_back(make({Node::Kind::AgentBar, n.pid, std::int64_t(i), 0}));
+    return elementList(std::move(bars));
+}
+
+// A display's menu bar: on the main display a slot per item, left to right, items
+// waiting in the overflow menu included, and the overflow menu's own slot when it holds any.
+AXResult<AXValue> SimAccessibility::barAttribute(const Node& n, const QString& attribute)
+{
+    const std::size_t display = std::size_t(n.window);
+    if (display >= m_desktop.screens().size())
+        return {AXError::invalidElement, {}};
+    const WindowServerRect screen = m_desktop.screenFrame(display);
+    if (attribute == u"AXRole")
+        return textValue(QStringLiteral("AXMenuBar"));
+    if (attribute == u"AXParent")
+        return elementValue(make({Node::Kind::Application, n.pid, 0, 0}));
+    if (attribute == u"AXPosition" || attribute == u"AXSize")
+        return frameAttribute(
+            {screen.x, 0, screen.width, m_desktop.screens()[display].menuBarHeight}, attribute);
+    if (attribute != u"AXChildren")
+        return {AXError::attributeUnsupported, {}};
+    std::vector<AXElement> slots;
+    if (display == 0) {
+        bool overflowing = false;
+        for (const SimPlacedItem& p : m_desktop.bar()) {
+            overflowing = overflowing || p.inOverflow;
+            if (p.frame.x > -10000 || p.inOverflow) // not taken out by the assessment mode
+                slots.push_back(make({Node::Kind::Slot, n.pid, p.item.window, 0}));
+        }
+        if (overflowing)
+            slots.insert(slots.begin(), make({Node::Kind::Overflow, n.pid, 0, 0}));
+    }
+    return elementList(std::move(slots));
+}
+
+AXResult<AXValue> SimAccessibility::slotAttribute(const Node& n, const QString& attribute)
+{
+    if (attribute == u"AXRole")
+        return textValue(QStringLiteral("AXMenuBarItem"));
+    if (attribute == u"AXParent")
+        return elementValue(make({Node::Kind::AgentBar, n.pid, 0, 0}));
+    if (n.kind == Node::Kind::Overflow) {
+        if (attribute == u"AXIdentifier")
+            return textValue(QStringLiteral("com.apple.menuextra.overflow"));
+        if (attribute == u"AXPosition" || attribute == u"AXSize")
+            return frameAttribute({0, 0, 26, m_desktop.mainScreen().menuBarHeight}, attribute);
+        if (attribute == u"AXChildren")
+            return elementList({});
+        return {AXError::attributeUnsupported, {}};
+    }
+    const std::optional<SimPlacedItem> placed = m_desktop.placed(n.window);
+    if (attribute == u"AXIdentifier")
+        return textValue(SimDesktop::identifierOf(placed->item));
+    if (attribute == u"AXPosition" || attribute == u"AXSize")
+        return frameAttribute(placed->frame, attribute);
+    if (attribute != u"AXChildren")
+        return {AXError::attributeUnsupported, {}};
+    std::vector<AXElement> children;
+    if (placed->item.ax.present)
+        children.push_back(make({Node::Kind::ItemPart, placed->pid, n.window, 0}));
+    return elementList(std::move(children));
 }
 
 AXResult<AXValue> SimAccessibility::applicationAttribute(const Node& n, const QString& attribute)
@@ -136,6 +241,8 @@ AXResult<AXValue> SimAccessibility::applicationAttribute(const Node& n, const QS
     const SimApp* app = m_desktop.appByPid(n.pid);
     if (attribute == u"AXTitle")
         return textValue(app->name);
+    if (isAgent(n.pid))
+        return agentAttribute(n, attribute);
     if (attribute != u"AXExtrasMenuBar")
         return {AXError::attributeUnsupported, {}};
     if (app->extras == SimExtras::Absent)
@@ -171,8 +278,14 @@ AXResult<AXValue> SimAccessibility::itemAttribute(const Node& n, const QString& 
             return elementValue(make({Node::Kind::ItemPart, n.pid, n.window, n.level - 1}));
         if (item->ax.parentIsNotElement)
             return textValue(QStringLiteral("AXMenuBar"));
+        if (!m_desktop.itemsAreWindows())
+            return elementValue(
+                make({Node::Kind::Slot, m_desktop.menuBarOwner().pid, n.window, 0}));
         return elementValue(make({Node::Kind::ExtrasBar, n.pid, 0, 0}));
     }
+    // The element with the actions knows where the item stands.
+    if (n.level == 0 && (attribute == u"AXPosition" || attribute == u"AXSize"))
+        return frameAttribute(m_desktop.placed(n.window)->frame, attribute);
     if (n.level != item->ax.depth)
         return {AXError::attributeUnsupported, {}};
     if (attribute == u"AXTitle")

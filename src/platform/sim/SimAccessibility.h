@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/Geometry.h"
 #include "platform/Accessibility.h"
 
 #include <map>
@@ -12,8 +13,11 @@ struct SimItem;
 
 // The accessibility tree of the simulated desktop. Each application element has
 // an extras-menu-bar element; below it, for each status item, the element with the
-// item's actions and, `depth` levels further down, the element at the item's centre
-// with its title, description and help. A hung application answers every request
+// item's actions and frame and, `depth` levels further down, the element at the
+// item's centre with its title, description and help. Where items have no windows
+// (generation 27) the menu-bar agent's element holds one menu bar per display, and
+// the main display's bar one slot per item (its identifier and frame) whose child is
+// the item's element of its application. A hung application answers every request
 // with "cannot complete" after its messaging timeout has passed in virtual time.
 class SimAccessibility final : public Accessibility {
 public:
@@ -35,7 +39,16 @@ public:
     int setMessagingTimeout(const AXElement& element, float seconds) override;
 
     struct Node {
-        enum class Kind { SystemWide, Application, ExtrasBar, ItemPart, Placeholder };
+        enum class Kind {
+            SystemWide,
+            Application,
+            ExtrasBar,
+            ItemPart,
+            Placeholder,
+            AgentBar, // `window` is the display's index
+            Slot,     // `window` is the item's
+            Overflow, // the system's overflow menu, a slot of the main display's bar
+        };
         Kind kind = Kind::SystemWide;
         std::int32_t pid = 0;
         std::int64_t window = 0;
@@ -53,6 +66,11 @@ private:
     AXResult<AXValue> applicationAttribute(const Node& node, const QString& attribute);
     AXResult<AXValue> extrasAttribute(const Node& node, const QString& attribute);
     AXResult<AXValue> itemAttribute(const Node& node, const QString& attribute);
+    AXResult<AXValue> agentAttribute(const Node& node, const QString& attribute);
+    AXResult<AXValue> barAttribute(const Node& node, const QString& attribute);
+    AXResult<AXValue> slotAttribute(const Node& node, const QString& attribute);
+    AXResult<AXValue> frameAttribute(const WindowServerRect& frame, const QString& attribute);
+    bool isAgent(std::int32_t pid) const;
 
     SimDesktop& m_desktop;
     float m_globalTimeout = defaultTimeout;

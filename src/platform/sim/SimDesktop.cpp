@@ -1,8 +1,10 @@
 #include "SimDesktop.h"
 
 #include "foundation/Scheduler.h"
+#include "platform/MenuExtras.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace ravlin {
 
@@ -23,9 +25,70 @@ void SimDesktop::blockFor(double seconds)
         m_scheduler->sleepBlocking(seconds);
 }
 
+bool SimDesktop::setGeneration(int generation)
+{
+    if (generation != 15 && generation != 26 && generation != 27)
+        return false;
+    m_generation = generation;
+    if (generation >= 26)
+        menuBarOwner(); // the process that owns the bar's windows runs from the start
+    return true;
+}
+
+double SimDesktop::longestItem() const
+{
+    if (m_generation < 27)
+        return std::numeric_limits<double>::infinity();
+    double narrowest = std::numeric_limits<double>::infinity();
+    for (const SimScreen& s : screens())
+        narrowest = std::min(narrowest, s.width);
+    return narrowest / 2;
+}
+
+const SimApp& SimDesktop::ensureSystemApp(const QString& bundleId, const QString& name)
+{
+    if (const SimApp* existing = app(bundleId))
+        return *existing;
+    SimApp system;
+    system.bundleId = bundleId;
+    system.name = name;
+    system.policy = ActivationPolicy::Accessory;
+    system.extras = SimExtras::No;
+    addApp(system);
+    return *app(bundleId);
+}
+
+const SimApp& SimDesktop::menuBarOwner()
+{
+    return m_generation >= 27
+               ? ensureSystemApp(agentBundleId, QStringLiteral("MenuBarAgent"))
+               : ensureSystemApp(controlCenterBundleId, QStringLiteral("Control Center"));
+}
+
+QString SimDesktop::identifierOf(const SimItem& item)
+{
+    if (!item.identifier.isEmpty())
+        return item.identifier;
+    return MenuExtras::identifierFor(item.title, item.bundleId).value_or(item.title);
+}
+
 void SimDesktop::addScreen(const SimScreen& screen)
 {
     m_screens.push_back(screen);
+    for (SimItem& own : m_movable)
+        discardIfTooLong(own);
+    for (const auto& listener : std::vector(m_screenListeners))
+        listener();
+}
+
+bool SimDesktop::removeScreen(std::size_t index)
+{
+    if (index >= m_screens.size() || m_screens.size() < 2)
+        return false;
+    m_screens.erase(m_screens.begin() + std::ptrdiff_t(index));
+    for (const auto& listener : std::vector(m_screenListeners))
+        listener();
+    return true;
 }
 
 std::vector<SimScreen> SimDesktop::screens() const

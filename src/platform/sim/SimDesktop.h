@@ -20,13 +20,39 @@ class Scheduler;
 //
 // The row lays items out from the right edge of the main display leftwards without
 // gaps, fixed items first; an item is on screen while its x ≥ 0.
+//
+// The menu bar behaves like that of one macOS release (its generation):
+// - 15: every item is a window of its own, owned by its application; a long item pushes
+//   the items on its left off screen.
+// - 26: the same windows, but the window list names Control Center as every item's owner;
+//   each application's extras menu bar still lists its items with their frames.
+// - 27: no window per item. One menu-bar window per display, owned by a system agent,
+//   holds them; each item is a slot of the agent's accessibility tree whose child belongs to
+//   the creating process. An item of half the narrowest display's width or more is
+//   discarded; items pushed past the left edge wait in the system's overflow menu. Items
+//   cannot be captured or moved by routed events, and a synthesised click opens nothing:
+//   an item opens when its element is pressed (or when a person clicks it).
 class SimDesktop {
 public:
     static inline const QString ownBundleId = QStringLiteral("de.vexa.Ravlin");
     static inline const QString ownName = QStringLiteral("Ravlin");
     static constexpr std::int32_t ownPid = 100;
+    static inline const QString controlCenterBundleId = QStringLiteral("com.apple.controlcenter");
+    static inline const QString agentBundleId = QStringLiteral("com.apple.MenuBarAgent");
 
     SimDesktop();
+
+    // 15 (the default), 26 or 27; false for any other number.
+    bool setGeneration(int generation);
+    int generation() const { return m_generation; }
+    bool itemsAreWindows() const { return m_generation < 27; }
+    bool windowOwnersAreSystem() const { return m_generation == 26; }
+    // The longest item the bar keeps (27); infinite where long items are clamped.
+    double longestItem() const;
+    // The process the window list names as every item's owner (26) or that holds the bar (27).
+    const SimApp& menuBarOwner();
+    // The identifier an item's accessibility element carries where items are elements only.
+    static QString identifierOf(const SimItem& item);
 
     // Own items read and write their preferred positions here; hung applications
     // let virtual time pass while a request to them waits.
@@ -35,8 +61,13 @@ public:
     // Lets a request to a hung application take its time.
     void blockFor(double seconds);
 
-    // Displays.
+    // Displays. Adding or removing one (also while the application runs) tells the listeners.
     void addScreen(const SimScreen& screen);
+    bool removeScreen(std::size_t index);
+    void addScreenListener(std::function<void()> listener)
+    {
+        m_screenListeners.push_back(std::move(listener));
+    }
     std::vector<SimScreen> screens() const; // one 1440×900 display when none was added
     SimScreen mainScreen() const { return screens().front(); }
     WindowServerRect screenFrame(std::size_t index) const;
@@ -130,13 +161,18 @@ private:
     std::vector<Slot> slotsFor(double width) const;
     std::int64_t assignWindow(std::int64_t wanted);
     void writePreferredPosition(const SimItem& item, double distance);
+    // Where the bar drops long items for good, an own item that grew too long goes.
+    void discardIfTooLong(SimItem& item) const;
+    const SimApp& ensureSystemApp(const QString& bundleId, const QString& name);
     void handleCommandDrag(const MouseEvent& event);
     void handlePlainClick(const MouseEvent& event, EventTap tap);
     WindowServerPoint clampToScreens(WindowServerPoint point) const;
 
     DefaultsStore* m_defaults = nullptr;
     Scheduler* m_scheduler = nullptr;
+    int m_generation = 15;
     std::vector<SimScreen> m_screens;
+    std::vector<std::function<void()>> m_screenListeners;
     std::vector<SimApp> m_apps;
     std::int32_t m_nextPid = 500;
     std::vector<SimItem> m_fixed;   // rightmost first

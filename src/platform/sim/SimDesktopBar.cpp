@@ -16,7 +16,13 @@ QString SimDesktop::preferredPositionKey(const QString& autosaveName)
 bool SimDesktop::isPresent(const SimItem& item) const
 {
     const SimApp* a = app(item.bundleId);
-    return a && a->running;
+    return a && a->running && !item.discarded;
+}
+
+void SimDesktop::discardIfTooLong(SimItem& item) const
+{
+    if (item.own && item.width >= longestItem())
+        item.discarded = true;
 }
 
 double SimDesktop::itemHeight(const SimItem& item) const
@@ -56,6 +62,8 @@ std::vector<SimPlacedItem> SimDesktop::bar() const
             x -= item.width;
             SimPlacedItem p{
                 item, app(item.bundleId)->pid, {x, 0, item.width, itemHeight(item)}, x >= 0};
+            // Where the bar keeps no long items, what has no room waits in the overflow menu.
+            p.inOverflow = !p.onScreen && !itemsAreWindows();
             placed.push_back(p);
         }
     };
@@ -136,6 +144,7 @@ bool SimDesktop::setItemWidth(std::int64_t window, double width)
     if (!i)
         return false;
     i->width = width;
+    discardIfTooLong(*i);
     return true;
 }
 
@@ -192,6 +201,7 @@ std::int64_t SimDesktop::addOwnItem(const QString& autosaveName, double length)
     own.width = length;
     own.own = true;
     own.ax.actions = {QStringLiteral("AXPress")};
+    discardIfTooLong(own);
     m_movable.insert(m_movable.begin() + std::ptrdiff_t(best), own);
     return own.window;
 }

@@ -31,6 +31,10 @@ void SimDesktop::postMouseEvent(const MouseEvent& event, EventTap tap)
 {
     m_events.push_back({SimPostedEvent::Kind::Mouse, event, tap});
     m_cursor = clampToScreens(event.location);
+    // Without a window per item there is nothing to route a drag to, and the bar
+    // opens an item for a person's click only, not for a synthesised one.
+    if (!itemsAreWindows())
+        return;
     if (event.flags & EventFlag::command ||
         (m_dragging && event.type == MouseEventType::LeftMouseUp))
         handleCommandDrag(event);

@@ -2,6 +2,8 @@
 
 #include "SimDesktop.h"
 
+#include <algorithm>
+
 namespace ravlin {
 
 SimStatusBar::SimStatusBar(SimDesktop& desktop) : m_desktop(desktop)
@@ -120,6 +122,13 @@ bool SimStatusItem::onScreen() const
 
 std::optional<ScreenRect> SimStatusItem::windowFrame() const
 {
+    const SimItem* own = m_desktop.item(m_window);
+    if (!own || own->discarded)
+        return std::nullopt;
+    // Where items have no windows of their own, the item reports a stand-in frame at the
+    // bottom left of the main display, nowhere near the menu bar.
+    if (!m_desktop.itemsAreWindows())
+        return ScreenRect{0, 0, std::min(m_length, 22.0), 22};
     const std::optional<WindowServerRect> frame = windowServerFrame();
     if (!frame)
         return std::nullopt;

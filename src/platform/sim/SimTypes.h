@@ -64,6 +64,11 @@ struct SimItem {
     bool fixed = false; // stays at the right end (the clock, the control centre)
     bool own = false;   // one of this application's own status items
     SimAXSpec ax;
+    // Where items are accessibility elements only: the identifier the item's element carries
+    // (the system's items com.apple.menuextra.…, others their title); empty: derived.
+    QString identifier;
+    // The system dropped this item for good (it grew longer than it keeps items).
+    bool discarded = false;
 };
 
 // A status item where it stands now.
@@ -72,6 +77,7 @@ struct SimPlacedItem {
     std::int32_t pid = 0;
     WindowServerRect frame;
     bool onScreen = false;
+    bool inOverflow = false; // in the system's overflow menu rather than in the bar
 };
 
 // What the desktop was asked to do with the pointer.

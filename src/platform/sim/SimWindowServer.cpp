@@ -19,12 +19,15 @@ PlistValue bounds(const WindowServerRect& r)
                      {QStringLiteral("Height"), r.height}};
 }
 
-PlistValue windowEntry(const SimPlacedItem& p)
+// `owner` is the process the window list names: the item's own, or the system's.
+PlistValue windowEntry(const SimPlacedItem& p, const SimApp* owner)
 {
     PlistDict d{
-        {WindowKey::layer, p.item.layer},     {WindowKey::number, p.item.window},
-        {WindowKey::ownerPID, p.pid},         {WindowKey::bounds, bounds(p.frame)},
-        {WindowKey::ownerName, p.item.owner},
+        {WindowKey::layer, p.item.layer},
+        {WindowKey::number, p.item.window},
+        {WindowKey::ownerPID, owner ? owner->pid : p.pid},
+        {WindowKey::bounds, bounds(p.frame)},
+        {WindowKey::ownerName, owner ? owner->name : p.item.owner},
     };
     // The window server leaves out what is not there.
     if (!p.item.title.isEmpty())
@@ -76,20 +79,50 @@ std::optional<PlistArray> SimWindowServer::windowList(WindowListOption option)
         {WindowKey::name, QStringLiteral("Menubar")},
         {WindowKey::isOnscreen, true},
     });
-    // Front to back as the window server keeps them: the rightmost item first.
-    const std::vector<SimPlacedItem> bar = m_desktop.bar();
-    for (auto it = bar.rbegin(); it != bar.rend(); ++it) {
-        if (option == WindowListOption::OnScreenOnly && !it->onScreen)
-            continue;
-        list.push_back(windowEntry(*it));
-    }
+    if (m_desktop.itemsAreWindows())
+        appendItemWindows(list, option);
+    else
+        appendBarWindows(list);
     for (const PlistValue& raw : m_desktop.rawWindows())
         list.push_back(raw);
     return list;
 }
 
+void SimWindowServer::appendItemWindows(PlistArray& list, WindowListOption option)
+{
+    const SimApp* owner = m_desktop.windowOwnersAreSystem() ? &m_desktop.menuBarOwner() : nullptr;
+    // Front to back as the window server keeps them: the rightmost item first.
+    const std::vector<SimPlacedItem> bar = m_desktop.bar();
+    for (auto it = bar.rbegin(); it != bar.rend(); ++it) {
+        if (option == WindowListOption::OnScreenOnly && !it->onScreen)
+            continue;
+        list.push_back(windowEntry(*it, owner));
+    }
+}
+
+// One window per display holds every item; it is the agent's, at the status-window level.
+void SimWindowServer::appendBarWindows(PlistArray& list)
+{
+    const SimApp& agent = m_desktop.menuBarOwner();
+    for (std::size_t i = 0; i < m_desktop.screens().size(); ++i) {
+        const WindowServerRect frame = m_desktop.screenFrame(i);
+        const double height = m_desktop.screens()[i].menuBarHeight;
+        list.push_back(PlistDict{
+            {WindowKey::layer, 25},
+            {WindowKey::number, std::int64_t(barWindowBase + i)},
+            {WindowKey::ownerPID, agent.pid},
+            {WindowKey::bounds, bounds({frame.x, 0, frame.width, height > 0 ? height : 24})},
+            {WindowKey::ownerName, agent.name},
+            {WindowKey::name, QStringLiteral("Menubar")},
+            {WindowKey::isOnscreen, true},
+        });
+    }
+}
+
 QImage SimWindowServer::windowImage(std::uint32_t windowNumber)
 {
+    if (!m_desktop.itemsAreWindows())
+        return {}; // no window per item: nothing to take a picture of
     const std::optional<SimPlacedItem> p = m_desktop.placed(windowNumber);
     if (!p)
         return {};

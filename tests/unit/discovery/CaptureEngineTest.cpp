@@ -2,6 +2,7 @@
 
 #include "core/discovery/CaptureEngine.h"
 #include "core/discovery/ItemCapture.h"
+#include "core/discovery/MenuBarReader.h"
 #include "core/tiles/BarItem.h"
 #include "platform/WindowServer.h"
 
@@ -229,7 +230,9 @@ TEST_F(CaptureEngineTest, SelfTestNoticesAChangedOrder)
     buildHiddenBar();
     GrowingWindowServer growing(*w.platform.windowServer);
     MenuBarServices& s = w.services();
-    CaptureEngine engine(growing, s.itemCapture(), s.moveEngine(), s.itemFactory(), w.scheduler,
+    MenuBarReader reader(growing, *w.platform.accessibility, *w.platform.workspace,
+                         *w.platform.screens);
+    CaptureEngine engine(reader, s.itemCapture(), s.moveEngine(), s.itemFactory(), w.scheduler,
                          w.logs());
     const QString report = engine.runSelfTest(1200, 12, 1240);
     EXPECT_TRUE(report.endsWith(QStringLiteral("  ⚠️ Reihenfolge verändert!\n")))
