@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QImage>
 #include <QString>
 
 #include <cstdint>
@@ -41,6 +42,12 @@ public:
     virtual bool openApplication(const QString& applicationURL, bool activates) = 0;
     virtual bool activate(std::int32_t pid) = 0;
     virtual void terminateSelf() = 0;
+    // The running application's icon, at the platform's backing scale; null when it has none.
+    virtual QImage applicationIcon(std::int32_t pid)
+    {
+        Q_UNUSED(pid);
+        return {};
+    }
 
     [[nodiscard]] ObserverToken addObserver(WorkspaceNotification which, Observer observer);
 

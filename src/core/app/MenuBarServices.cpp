@@ -39,8 +39,10 @@ MenuBarServices::MenuBarServices(Platform& platform, Scheduler& scheduler, Defau
         std::make_unique<MoveEngine>(*platform.events, *m_reader, scheduler, *m_permissions, logs);
     m_factory = std::make_unique<BarItemFactory>(*m_resolver, *m_capture, *m_permissions, defaults,
                                                  language);
+    m_factory->setMenuBar(*m_reader, *m_system, *platform.workspace);
     m_captureEngine = std::make_unique<CaptureEngine>(*m_reader, *m_capture, *m_mover, *m_factory,
                                                       scheduler, logs);
+    m_captureEngine->setSystem(*m_system);
     m_grouping = std::make_unique<BarGrouping>(*m_factory, language);
 }
 

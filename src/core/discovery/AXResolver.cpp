@@ -46,13 +46,42 @@ std::optional<ResolvedItem> AXResolver::resolve(double x, double y)
     const std::optional<AXElement> element = hitTest(x, y);
     if (!element)
         return std::nullopt;
+    return describe(*element, title(*element));
+}
+
+// An item's element (where items have no windows, the one the bar's slot holds) may
+// carry its name itself or on an element further down.
+std::optional<ResolvedItem> AXResolver::resolve(const AXElement& element)
+{
+    if (!m_permissions.hasAccessibility() || element.isNull())
+        return std::nullopt;
+    std::optional<QString> name = title(element);
+    AXElement below = element;
+    for (int level = 0; !name && level < maxParents; ++level) {
+        const AXResult<AXValue> children =
+            m_accessibility.copyAttributeValue(below, QStringLiteral("AXChildren"));
+        if (!children.ok() || children.value.kind != AXValue::Kind::ElementList ||
+            children.value.elements.empty())
+            break;
+        below = children.value.elements.front();
+        name = title(below);
+    }
+    return describe(element, name);
+}
+
+std::optional<QString> AXResolver::title(const AXElement& element)
+{
+    for (const char16_t* attribute : {u"AXTitle", u"AXDescription", u"AXHelp"})
+        if (std::optional<QString> text = string(element, QString::fromUtf16(attribute)))
+            return text;
+    return std::nullopt;
+}
+
+ResolvedItem AXResolver::describe(const AXElement& element, std::optional<QString> title)
+{
     ResolvedItem item;
-    item.title = string(*element, QStringLiteral("AXTitle"));
-    if (!item.title)
-        item.title = string(*element, QStringLiteral("AXDescription"));
-    if (!item.title)
-        item.title = string(*element, QStringLiteral("AXHelp"));
-    const AXResult<std::int32_t> pid = m_accessibility.pid(*element);
+    item.title = std::move(title);
+    const AXResult<std::int32_t> pid = m_accessibility.pid(element);
     item.pid = pid.ok() ? pid.value : 0;
     if (item.pid > 0) {
         if (const std::optional<RunningApplication> app =
@@ -68,9 +97,19 @@ bool AXResolver::press(double x, double y)
 {
     if (!m_permissions.hasAccessibility())
         return false;
-    std::optional<AXElement> element = hitTest(x, y);
-    if (!element)
-        return false;
+    const std::optional<AXElement> element = hitTest(x, y);
+    return element && pressFrom(*element);
+}
+
+bool AXResolver::press(const AXElement& element)
+{
+    return m_permissions.hasAccessibility() && !element.isNull() && pressFrom(element);
+}
+
+// The element and at most five of its parents are offered the press.
+bool AXResolver::pressFrom(AXElement start)
+{
+    std::optional<AXElement> element = std::move(start);
     for (int tried = 0; tried <= maxParents; ++tried) {
         if (performWantedAction(*element))
             return true;

@@ -25,11 +25,17 @@ public:
                const PermissionManager& permissions);
 
     std::optional<ResolvedItem> resolve(double x, double y);
+    // The same for an element already in hand (an item of a bar without item windows).
+    std::optional<ResolvedItem> resolve(const AXElement& element);
     // True when one of the element's press-like actions went through.
     bool press(double x, double y);
+    bool press(const AXElement& element);
 
 private:
     std::optional<AXElement> hitTest(double x, double y);
+    std::optional<QString> title(const AXElement& element);
+    ResolvedItem describe(const AXElement& element, std::optional<QString> title);
+    bool pressFrom(AXElement element);
     // The attribute as non-empty text, or nothing.
     std::optional<QString> string(const AXElement& element, const QString& attribute);
     bool performWantedAction(const AXElement& element);

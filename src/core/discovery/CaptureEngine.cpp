@@ -3,6 +3,7 @@
 #include "ItemCapture.h"
 #include "ItemTitles.h"
 #include "MenuBarReader.h"
+#include "MenuBarSystem.h"
 #include "MenuBarScanner.h"
 #include "core/bar/MoveEngine.h"
 #include "core/tiles/BarItemFactory.h"
@@ -79,10 +80,11 @@ std::vector<BarItem> CaptureEngine::captureAll(double stageX, double menuBarY, d
         seen.insert(item->key);
         result.push_back(std::move(*item));
     };
+    const bool canMove = !m_system || m_system->techniques().canMoveItems();
     for (const Raw& raw : scanAll()) {
         if (raw.name == ItemTitles::clock || raw.name == ItemTitles::controlCentre)
             continue;
-        if (m_capture.image(raw.id) || raw.name != ItemTitles::generic)
+        if (!canMove || m_capture.image(raw.id) || raw.name != ItemTitles::generic)
             add(m_factory.makeItem(raw.info()));
         else
             add(captureOffScreen(raw, stageX, menuBarY));

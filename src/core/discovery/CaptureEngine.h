@@ -16,6 +16,7 @@ class ItemCapture;
 class MoveEngine;
 class Scheduler;
 class MenuBarReader;
+class MenuBarSystem;
 struct BarItem;
 
 // Lists every status-item window of other processes, on screen or not, and turns
@@ -53,6 +54,8 @@ public:
     // Left to right.
     std::vector<Raw> scanAll() const;
     std::optional<Raw> current(std::uint32_t id) const;
+    // Where items cannot be moved, an item without a picture is taken as it is.
+    void setSystem(const MenuBarSystem& system) { m_system = &system; }
     // The bar's items as panel items, in bar order, each key once.
     std::vector<BarItem> captureAll(double stageX, double menuBarY, double thresholdX);
     // The stage left of the main item (its left edge, when it has a window) on the current bar.
@@ -69,6 +72,7 @@ private:
     BarItemFactory& m_factory;
     Scheduler& m_scheduler;
     const DiagnosticLogs& m_logs;
+    const MenuBarSystem* m_system = nullptr;
 };
 
 } // namespace ravlin

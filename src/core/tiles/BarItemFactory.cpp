@@ -3,9 +3,14 @@
 #include "core/discovery/AXResolver.h"
 #include "core/discovery/ItemCapture.h"
 #include "core/discovery/ItemTitles.h"
+#include "core/discovery/MenuBarReader.h"
+#include "core/discovery/MenuBarSystem.h"
 #include "core/discovery/PermissionManager.h"
 #include "foundation/DefaultsStore.h"
 #include "core/settings/PrefKey.h"
+#include "platform/Workspace.h"
+
+#include <limits>
 
 namespace ravlin {
 
@@ -28,6 +33,23 @@ BarItemFactory::BarItemFactory(AXResolver& resolver, const ItemCapture& capture,
     : m_resolver(resolver), m_capture(capture), m_permissions(permissions), m_defaults(defaults),
       m_language(language)
 {}
+
+void BarItemFactory::setMenuBar(const MenuBarReader& reader, const MenuBarSystem& system,
+                                Workspace& workspace)
+{
+    m_reader = &reader;
+    m_system = &system;
+    m_workspace = &workspace;
+}
+
+std::optional<ResolvedItem> BarItemFactory::resolve(const MenuBarItemInfo& info)
+{
+    if (m_reader && info.id >= 0 && info.id <= std::numeric_limits<std::uint32_t>::max()) {
+        if (const std::optional<AXElement> element = m_reader->elementFor(std::uint32_t(info.id)))
+            return m_resolver.resolve(*element);
+    }
+    return m_resolver.resolve(info.centerX(), info.centerY());
+}
 
 // Own items, the statistics application's items, the clock and the control centre.
 bool BarItemFactory::isNeverATile(const MenuBarItemInfo& info)
@@ -57,7 +79,7 @@ std::optional<BarItem> BarItemFactory::makeItem(const MenuBarItemInfo& info)
 {
     if (isNeverATile(info))
         return std::nullopt;
-    const std::optional<ResolvedItem> resolved = m_resolver.resolve(info.centerX(), info.centerY());
+    const std::optional<ResolvedItem> resolved = resolve(info);
     if (resolved && resolved->bundleId == ItemTitles::ownBundleId)
         return std::nullopt;
     if (isRecordingIndicator(resolved))
@@ -90,8 +112,14 @@ std::optional<QImage> BarItemFactory::icon(const MenuBarItemInfo& info,
                                            const std::optional<ResolvedItem>& resolved,
                                            bool isApple) const
 {
-    Q_UNUSED(resolved);
-    Q_UNUSED(isApple);
+    // Where items cannot be pictured one by one, an application's item shows the
+    // application's icon; the system's items show their symbols.
+    if (m_system && !m_system->techniques().canCaptureItems()) {
+        if (isApple || !resolved || resolved->pid <= 0 || !m_workspace)
+            return std::nullopt;
+        const QImage icon = m_workspace->applicationIcon(resolved->pid);
+        return icon.isNull() ? std::nullopt : std::optional(icon);
+    }
     if (!m_permissions.hasScreenRecording())
         return std::nullopt;
     return m_capture.image(info.id);

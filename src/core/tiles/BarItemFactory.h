@@ -11,7 +11,10 @@ class AXResolver;
 class DefaultsStore;
 class ItemCapture;
 class LanguageManager;
+class MenuBarReader;
+class MenuBarSystem;
 class PermissionManager;
+class Workspace;
 
 // Turns status-item windows into tile-panel items: decides which items never
 // become tiles, identifies each through the accessibility interface and gives it
@@ -22,6 +25,9 @@ public:
     BarItemFactory(AXResolver& resolver, const ItemCapture& capture,
                    const PermissionManager& permissions, DefaultsStore& defaults,
                    const LanguageManager& language);
+    // Where the bar's items have no windows, an item is resolved through the element the
+    // reader found for it and pictured by its application's icon.
+    void setMenuBar(const MenuBarReader& reader, const MenuBarSystem& system, Workspace& workspace);
 
     std::optional<BarItem> makeItem(const MenuBarItemInfo& info);
 
@@ -46,12 +52,16 @@ private:
     static bool isRecordingIndicator(const std::optional<ResolvedItem>& resolved);
     static bool hasOwnTile(const QString& systemLabel);
     QMap<QString, QString> labelCache() const;
+    std::optional<ResolvedItem> resolve(const MenuBarItemInfo& info);
 
     AXResolver& m_resolver;
     const ItemCapture& m_capture;
     const PermissionManager& m_permissions;
     DefaultsStore& m_defaults;
     const LanguageManager& m_language;
+    const MenuBarReader* m_reader = nullptr;
+    const MenuBarSystem* m_system = nullptr;
+    Workspace* m_workspace = nullptr;
 };
 
 } // namespace ravlin

@@ -2,6 +2,10 @@
 
 #include "SimDesktop.h"
 
+#include <QCryptographicHash>
+#include <QPainter>
+#include <QPainterPath>
+
 namespace ravlin {
 
 namespace {
@@ -88,6 +92,39 @@ bool SimWorkspace::activate(std::int32_t pid)
 void SimWorkspace::terminateSelf()
 {
     m_desktop.terminateRequested = true;
+}
+
+// What an application's icon looks like here: a rounded square in a colour of its own,
+// lit from above, with the application's initial, at the backing scale of a Retina display.
+QImage SimWorkspace::applicationIcon(std::int32_t pid)
+{
+    const SimApp* app = m_desktop.appByPid(pid);
+    if (!app || app->bundleId == SimDesktop::ownBundleId)
+        return {};
+    constexpr int points = 32;
+    constexpr double scale = 2.0;
+    QImage icon(int(points * scale), int(points * scale), QImage::Format_ARGB32_Premultiplied);
+    icon.fill(Qt::transparent);
+    icon.setDevicePixelRatio(scale);
+    const QByteArray digest =
+        QCryptographicHash::hash(app->bundleId.toUtf8(), QCryptographicHash::Md5);
+    const QColor base = QColor::fromHsv(int(quint8(digest[0])) * 360 / 256, 150, 225);
+    QPainter p(&icon);
+    p.setRenderHint(QPainter::Antialiasing);
+    const QRectF square(2, 2, points - 4, points - 4);
+    QPainterPath shape;
+    shape.addRoundedRect(square, 7, 7);
+    QLinearGradient light(square.topLeft(), square.bottomLeft());
+    light.setColorAt(0, base.lighter(118));
+    light.setColorAt(1, base.darker(112));
+    p.fillPath(shape, light);
+    QFont font;
+    font.setPixelSize(15);
+    font.setBold(true);
+    p.setFont(font);
+    p.setPen(Qt::white);
+    p.drawText(square, Qt::AlignCenter, app->name.left(1).toUpper());
+    return icon;
 }
 
 } // namespace ravlin
