@@ -2,6 +2,8 @@
 
 #include "foundation/Geometry.h"
 
+#include <functional>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -16,6 +18,9 @@ struct ScreenInfo {
 
 class Screens {
 public:
+    // An observer stays registered while its token lives.
+    using ObserverToken = std::shared_ptr<void>;
+
     virtual ~Screens() = default;
 
     // Every display; the first is the one with the menu bar (screen coordinates' origin).
@@ -23,6 +28,16 @@ public:
     // The display with the key window, which is not always the first.
     virtual std::optional<ScreenInfo> mainScreen() = 0;
     virtual ScreenPoint mouseLocation() = 0;
+
+    // Told when a display is added or removed or changes its size or arrangement.
+    [[nodiscard]] ObserverToken addChangeObserver(std::function<void()> observer);
+
+protected:
+    // Backends call this when the platform reports a change of the displays.
+    void notifyChanged();
+
+private:
+    std::vector<std::weak_ptr<std::function<void()>>> m_observers;
 };
 
 } // namespace ravlin

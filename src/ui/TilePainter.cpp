@@ -122,10 +122,22 @@ bool hasImage(const PanelTile& tile)
     return item && item->image && !item->image->isNull();
 }
 
+bool hasApplicationIcon(const PanelTile& tile)
+{
+    const BarItem* item = tile.content ? std::get_if<BarItem>(&*tile.content) : nullptr;
+    return item && item->imageIsApplicationIcon && item->image && !item->image->isNull();
+}
+
 // The round coloured badge that carries a tile's symbol; captured images sit on a quiet one.
+// An application's icon has a shape of its own and stands alone, a little larger.
 void disc(Canvas& c, const PanelTile& tile, const QRectF& rect)
 {
     QPainter& p = c.p;
+    if (hasApplicationIcon(tile)) {
+        const double grow = rect.width() * 0.08;
+        image(p, *std::get<BarItem>(*tile.content).image, rect.adjusted(-grow, -grow, grow, grow));
+        return;
+    }
     const bool quiet = hasImage(tile);
     const QColor accent = tile.accent.value_or(Theme::systemBlue());
     p.setPen(Qt::NoPen);

@@ -6,6 +6,9 @@
 #include "ScriptRunner.h"
 
 #include "core/app/AppDelegate.h"
+#include "core/app/MenuBarServices.h"
+#include "core/bar/StatusBarController.h"
+#include "core/discovery/MenuBarSystem.h"
 #include "core/discovery/ScannerModel.h"
 #include "core/settings/PrefKey.h"
 #include "core/tiles/TileModel.h"
@@ -40,6 +43,35 @@ QJsonValue barSection(SandboxSession& s, bool)
         });
     }
     return bar;
+}
+
+// What the application found out about the menu bar and the techniques it chose.
+QJsonValue systemSection(SandboxSession& s, bool)
+{
+    QJsonObject section{{QStringLiteral("generation"), s.desktop().generation()}};
+    if (!s.hasApp() || !s.app().statusBar())
+        return section;
+    const MenuBarSystem& system = s.app().menuBar().system();
+    const MenuBarCapabilities& c = system.capabilities();
+    const MenuBarTechniques& t = system.techniques();
+    section.insert(QStringLiteral("capabilities"),
+                   QJsonObject{{QStringLiteral("itemWindows"), c.itemWindows},
+                               {QStringLiteral("windowOwnersAreReal"), c.windowOwnersAreReal},
+                               {QStringLiteral("longestItem"),
+                                c.longestItem ? QJsonValue(*c.longestItem) : QJsonValue()},
+                               {QStringLiteral("overflowMenu"), c.hasOverflowMenu()}});
+    section.insert(
+        QStringLiteral("techniques"),
+        QJsonObject{{QStringLiteral("discovery"), MenuBarTechniques::name(t.discovery)},
+                    {QStringLiteral("hiding"), MenuBarTechniques::name(t.hiding)},
+                    {QStringLiteral("activation"), MenuBarTechniques::name(t.activation)},
+                    {QStringLiteral("pictures"), MenuBarTechniques::name(t.pictures)}});
+    section.insert(QStringLiteral("findings"), QJsonArray::fromStringList(c.findings));
+    const StatusBarController& bar = *s.app().statusBar();
+    section.insert(QStringLiteral("collapseHolds"), bar.collapseHolds());
+    section.insert(QStringLiteral("separators"),
+                   int(bar.hiddenSeparator() ? 1 + bar.hiddenSpan().size() : 0));
+    return section;
 }
 
 QJsonValue eventJson(const SimPostedEvent& posted)
@@ -137,6 +169,7 @@ QJsonValue logsSection(SandboxSession& s, bool)
 void registerDiscoverySections(ScriptRunner& runner)
 {
     runner.addSection(QStringLiteral("bar"), barSection);
+    runner.addSection(QStringLiteral("system"), systemSection);
     runner.addSection(QStringLiteral("events"), eventsSection);
     runner.addSection(QStringLiteral("activations"), activationsSection);
     runner.addSection(QStringLiteral("opened"), openedSection);

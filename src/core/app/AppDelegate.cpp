@@ -101,6 +101,8 @@ void AppDelegate::applicationDidFinishLaunching(const QStringList& arguments)
                                                                 *m_hideEngine,
                                                                 m_menuBar->captureEngine(),
                                                                 m_menuBar->scanner(),
+                                                                m_menuBar->reader(),
+                                                                m_menuBar->system(),
                                                                 m_menuBar->apps(),
                                                                 *m_scannerModel,
                                                                 m_menuBar->itemFactory(),

@@ -6,9 +6,12 @@
 #include "TilePanel.h"
 #include "core/discovery/AXResolver.h"
 #include "core/discovery/CaptureEngine.h"
+#include "core/discovery/MenuBarReader.h"
+#include "core/discovery/MenuBarSystem.h"
 #include "core/sysinfo/Stat.h"
 #include "core/tiles/BarGrouping.h"
 #include "core/tiles/BarItemFactory.h"
+#include "foundation/Logging.h"
 #include "platform/Events.h"
 #include "platform/Screens.h"
 #include "platform/StatusBar.h"
@@ -95,7 +98,7 @@ void StatusBarController::closeTile()
 
 ScreenRect StatusBarController::toggleScreenRect() const
 {
-    if (auto frame = m_mainItem->windowFrame())
+    if (auto frame = frameOf(m_mainItem.get()))
         return *frame;
     // No window: the top right corner of the main screen, where the item would stand.
     const std::optional<ScreenInfo> screen = m_s.screens.mainScreen();
@@ -109,7 +112,7 @@ void StatusBarController::activateItem(const BarItem& item)
     m_expanded = true;
     applyLayout();
     shrinkOwnItems();
-    const std::optional<ScreenRect> mainFrame = m_mainItem->windowFrame();
+    const std::optional<ScreenRect> mainFrame = frameOf(m_mainItem.get());
     const double threshold = mainFrame ? mainFrame->x : 1200.0;
     const double limit = hiddenSeparatorLimit(); // read here: the items live on the main thread
     armRevealCollapse();
@@ -124,6 +127,10 @@ void StatusBarController::activateItem(const BarItem& item)
 
 void StatusBarController::clickHiddenItem(const BarItem& item, double threshold, double limit)
 {
+    if (!m_s.system.techniques().canMoveItems()) {
+        pressElementOf(item);
+        return;
+    }
     const std::vector<BarGroup> groups = m_s.grouping.makeGroups(hiddenCandidates(limit));
     if (const std::optional<MenuBarItemInfo> found = findInGroups(groups, item)) {
         activate(item.key, found->centerX(), found->centerY());
@@ -140,6 +147,21 @@ void StatusBarController::clickHiddenItem(const BarItem& item, double threshold,
         const MenuBarItemInfo now = moved->info();
         activate(item.key, now.centerX(), now.centerY());
     }
+}
+
+// Where items have no windows there is nothing to drag or click into: the item's own
+// element is pressed where it stands, and its menu opens there.
+void StatusBarController::pressElementOf(const BarItem& item)
+{
+    const std::optional<CaptureEngine::Raw> raw = findRaw(m_s.capture.scanAll(), item);
+    const std::optional<AXElement> element =
+        raw ? m_s.reader.elementFor(raw->id) : std::optional<AXElement>();
+    if (!element) {
+        qCInfo(lcBar).noquote() << "the item" << item.key << "is gone from the bar; nothing opened";
+        return;
+    }
+    if (!m_s.resolver.press(*element))
+        qCWarning(lcBar).noquote() << "the item" << item.key << "did not answer the press";
 }
 
 const QStringList& StatusBarController::syntheticClickHints()

@@ -8,11 +8,12 @@
 #include "core/discovery/CaptureEngine.h"
 #include "core/discovery/MenuBarApps.h"
 #include "core/discovery/MenuBarScanner.h"
+#include "core/discovery/MenuBarSystem.h"
 #include "core/discovery/ScannerModel.h"
-#include "foundation/Logging.h"
 #include "core/settings/Preferences.h"
 #include "core/tiles/BarGrouping.h"
 #include "core/tiles/BarItemFactory.h"
+#include "foundation/Logging.h"
 #include "platform/StatusBar.h"
 
 #include <QHash>
@@ -119,7 +120,7 @@ void StatusBarController::rebuildFullCache()
     m_revealingAlways = true;
     applyLayout();
     shrinkOwnItems();
-    const std::optional<ScreenRect> mainFrame = m_mainItem->windowFrame();
+    const std::optional<ScreenRect> mainFrame = frameOf(m_mainItem.get());
     const double referenceX =
         mainFrame ? mainFrame->x : 1200.0; // x reads the same in both coordinate systems
 
@@ -212,7 +213,7 @@ void StatusBarController::invisibleRefresh()
 double StatusBarController::hiddenSeparatorLimit() const
 {
     if (m_hiddenSep) {
-        if (auto frame = m_hiddenSep->windowFrame())
+        if (auto frame = frameOf(m_hiddenSep.get()))
             return frame->x;
     }
     return std::numeric_limits<double>::max();
@@ -275,9 +276,12 @@ void StatusBarController::setItemPinned(const QString& key, bool pinned)
         if (item.key == key)
             window = item.info.id;
     }
-    if (m_hiddenSep && window) {
+    if (m_hiddenSep && window && !m_s.system.techniques().canMoveItems())
+        qCInfo(lcBar).noquote() << "items cannot be moved on this system;" << key
+                                << "keeps its place until the user drags it";
+    else if (m_hiddenSep && window) {
         shrinkOwnItems();
-        const std::optional<ScreenRect> separator = m_hiddenSep->windowFrame();
+        const std::optional<ScreenRect> separator = frameOf(m_hiddenSep.get());
         for (const CaptureEngine::Raw& raw : m_s.capture.scanAll()) {
             if (std::int64_t(raw.id) != *window || !separator)
                 continue;
@@ -293,14 +297,14 @@ void StatusBarController::setItemPinned(const QString& key, bool pinned)
 
 void StatusBarController::reHideEscapedItems()
 {
-    if (!m_hiddenSep)
+    if (!m_hiddenSep || !m_s.system.techniques().canMoveItems())
         return;
     QHash<std::int64_t, QString> keys;
     for (const BarItem& item : m_s.scannerModel.detected())
         keys.insert(item.info.id, item.key);
 
     auto escaped = [&]() -> std::optional<CaptureEngine::Raw> {
-        const std::optional<ScreenRect> separator = m_hiddenSep->windowFrame();
+        const std::optional<ScreenRect> separator = frameOf(m_hiddenSep.get());
         if (!separator)
             return std::nullopt;
         for (const CaptureEngine::Raw& raw : m_s.capture.scanAll()) {
@@ -317,7 +321,7 @@ void StatusBarController::reHideEscapedItems()
     shrinkOwnItems();
     for (int moves = 0; moves < 64; ++moves) {
         const std::optional<CaptureEngine::Raw> raw = escaped();
-        const std::optional<ScreenRect> separator = m_hiddenSep->windowFrame();
+        const std::optional<ScreenRect> separator = frameOf(m_hiddenSep.get());
         if (!raw || !separator)
             break;
         qCInfo(lcBar).noquote() << "hiding" << raw->name << "of" << raw->owner << "again";

@@ -32,7 +32,7 @@ void StatusBarController::handleHover()
 {
     if (!m_s.preferences.revealOnHover() || m_tileOpen || m_arranging)
         return;
-    const std::optional<ScreenRect> frame = m_mainItem->windowFrame();
+    const std::optional<ScreenRect> frame = frameOf(m_mainItem.get());
     if (!frame)
         return;
     // The pointer may stand up to three points off the item on any side, edges included.

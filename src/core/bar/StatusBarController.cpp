@@ -15,6 +15,8 @@ StatusBarController::StatusBarController(StatusBarServices services) : m_s(std::
 {
     m_usesEngine = m_s.hideEngine.isAvailable();
     buildItems();
+    lookAtSystem();
+    m_screensToken = m_s.screens.addChangeObserver(weakly([this] { displaysChanged(); }));
     setupHover();
     m_prefsToken =
         m_s.notifications.addObserver(ravlinPrefsChanged, weakly([this] { prefsChanged(); }));
@@ -22,6 +24,7 @@ StatusBarController::StatusBarController(StatusBarServices services) : m_s(std::
     if (m_usesEngine) {
         updateChevron();
         later(0.8, [this] {
+            lookAtSystem();
             engineCollapse();
             startEngineWatch();
         });
@@ -35,6 +38,9 @@ StatusBarController::StatusBarController(StatusBarServices services) : m_s(std::
         });
     }
     later(0.7, [this] {
+        // By now the bar has laid the items out: a second look sees where they stand.
+        lookAtSystem();
+        fillSpans();
         refreshCache();
         collapseToResting();
         later(0.6, [this] {
@@ -125,12 +131,14 @@ void StatusBarController::addAlwaysSeparator()
 
 void StatusBarController::removeAlwaysSeparator()
 {
+    m_alwaysSpan.clear();
     m_alwaysSep.reset();
 }
 
 void StatusBarController::updateChevron()
 {
-    const bool open = m_usesEngine ? m_engineRevealed : m_expanded;
+    // Open whenever nothing is hidden, also when a collapse did not take.
+    const bool open = m_usesEngine ? m_engineRevealed : m_expanded || !m_collapseHolds;
     const QString symbol = open ? QStringLiteral("chevron.right") : QStringLiteral("chevron.left");
     if (m_s.statusBar.symbolExists(symbol)) {
         m_mainItem->setTitle(QString());
@@ -148,11 +156,18 @@ void StatusBarController::applyLayout()
         updateChevron();
         return;
     }
-    m_hiddenSep->setLength(m_expanded || m_arranging ? sepLength : collapsedLength);
+    const double collapsed = collapsedSeparatorLength();
+    const bool hiddenOpen = m_expanded || m_arranging;
+    const bool alwaysOpen = m_revealingAlways || m_arranging;
+    m_hiddenSep->setLength(hiddenOpen ? sepLength : collapsed);
+    for (const auto& part : m_hiddenSpan)
+        part->setLength(hiddenOpen ? 0 : collapsed);
     if (m_alwaysSep) {
-        m_alwaysSep->setLength(m_revealingAlways || m_arranging ? sepLength : collapsedLength);
+        m_alwaysSep->setLength(alwaysOpen ? sepLength : collapsed);
         m_alwaysSep->setImage(QString(), true);
     }
+    for (const auto& part : m_alwaysSpan)
+        part->setLength(alwaysOpen ? 0 : collapsed);
     updateChevron();
     m_hiddenSep->setImage(m_arranging &&
                                   m_s.statusBar.symbolExists(QStringLiteral("arrow.left.and.right"))
@@ -166,6 +181,7 @@ void StatusBarController::collapseToResting()
     m_expanded = false;
     m_revealingAlways = false;
     applyLayout();
+    verifyCollapse();
     // The state follows what is on screen: a panel the user opened in the first moments
     // after start stays open, and is known to be.
     m_tileOpen = m_s.panel && m_s.panel->isVisible();
@@ -178,6 +194,7 @@ void StatusBarController::ensureCollapsed()
     m_expanded = false;
     m_revealingAlways = false;
     applyLayout();
+    verifyCollapse();
 }
 
 void StatusBarController::showInBar()
@@ -206,6 +223,9 @@ void StatusBarController::shrinkOwnItems()
     m_hiddenSep->setLength(1.0);
     if (m_alwaysSep)
         m_alwaysSep->setLength(1.0);
+    for (const auto* span : {&m_hiddenSpan, &m_alwaysSpan})
+        for (const auto& part : *span)
+            part->setLength(0);
 }
 
 void StatusBarController::restoreOwnItems()

@@ -1,12 +1,13 @@
 #pragma once
 
 #include "core/discovery/MenuBarItemInfo.h"
+#include "core/tiles/BarGroup.h"
+#include "core/tiles/BarItem.h"
 #include "foundation/Geometry.h"
 #include "foundation/NotificationCenter.h"
 #include "foundation/Scheduler.h"
-#include "core/tiles/BarGroup.h"
-#include "core/tiles/BarItem.h"
 #include "platform/EventMonitors.h"
+#include "platform/Screens.h"
 #include "platform/Workspace.h"
 
 #include <QDateTime>
@@ -29,7 +30,9 @@ class Events;
 class LanguageManager;
 class MenuBarApps;
 class MenuBarHideEngine;
+class MenuBarReader;
 class MenuBarScanner;
+class MenuBarSystem;
 class MoveEngine;
 class Preferences;
 class ScannerModel;
@@ -57,6 +60,8 @@ struct StatusBarServices {
     MenuBarHideEngine& hideEngine;
     CaptureEngine& capture;
     MenuBarScanner& scanner;
+    MenuBarReader& reader;
+    MenuBarSystem& system;
     MenuBarApps& apps;
     ScannerModel& scannerModel;
     BarItemFactory& factory;
@@ -104,6 +109,11 @@ public:
     StatusItem* mainItem() const { return m_mainItem.get(); }
     StatusItem* hiddenSeparator() const { return m_hiddenSep.get(); }
     StatusItem* alwaysSeparator() const { return m_alwaysSep.get(); }
+    // The extra items a separator spans where the bar keeps no item long enough alone.
+    const std::vector<std::unique_ptr<StatusItem>>& hiddenSpan() const { return m_hiddenSpan; }
+    const std::vector<std::unique_ptr<StatusItem>>& alwaysSpan() const { return m_alwaysSpan; }
+    // False while a collapse did not take (the bar dropped a separator): nothing is hidden.
+    bool collapseHolds() const { return m_collapseHolds; }
 
     // Items and their states.
     void applyLayout();
@@ -132,6 +142,12 @@ public:
     void bumpRevealSafety();
     bool clickIsInMenuBar() const;
     void finishReveal();
+
+    // The running system's menu bar.
+    void lookAtSystem();
+    void displaysChanged();
+    void verifyCollapse();
+    std::optional<ScreenRect> frameOf(const StatusItem* item) const;
 
     // The cache of the bar.
     QString barSignature() const;
@@ -176,12 +192,19 @@ public:
     void activateStat(const Stat& stat);
     void clickHiddenItem(const BarItem& item, double threshold, double limit);
     void activate(const QString& key, double x, double y);
+    void pressElementOf(const BarItem& item);
     void postClick(double x, double y);
     static const QStringList& syntheticClickHints();
     static bool prefersSyntheticClick(const QString& key);
 
 private:
     void buildItems();
+    void rebuildSeparators();
+    void fillSpans();
+    void fillSpan(std::vector<std::unique_ptr<StatusItem>>& span, const QString& separatorName,
+                  int wanted);
+    double collapsedSeparatorLength() const;
+    bool separatorsKept() const;
     void seedDefaultPositionsIfNeeded();
     void configureToggleButton();
     std::unique_ptr<StatusItem> makeSeparator(const QString& autosaveName, bool dimmed);
@@ -198,6 +221,10 @@ private:
     std::unique_ptr<StatusItem> m_mainItem;
     std::unique_ptr<StatusItem> m_hiddenSep;
     std::unique_ptr<StatusItem> m_alwaysSep;
+    std::vector<std::unique_ptr<StatusItem>> m_hiddenSpan;
+    std::vector<std::unique_ptr<StatusItem>> m_alwaysSpan;
+    bool m_collapseHolds = true;
+    Screens::ObserverToken m_screensToken;
     bool m_expanded = true;
     bool m_revealingAlways = false;
     Timer m_rehideTimer;

@@ -67,7 +67,12 @@ MenuBarReader::fromWindowList(WindowListOption option) const
 void MenuBarReader::takeOwnersFromExtras(std::vector<StatusWindow>& windows) const
 {
     const std::vector<ExtrasItem> extras = extrasItems();
+    const std::int32_t self = m_workspace.currentProcessIdentifier();
     for (StatusWindow& w : windows) {
+        if (w.isOwn()) {
+            w.pid = self;
+            w.owner = ownerName(self);
+        }
         if (!w.bounds || w.isOwn())
             continue;
         for (const ExtrasItem& e : extras) {

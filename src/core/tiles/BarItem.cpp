@@ -4,8 +4,10 @@ namespace ravlin {
 
 bool BarItem::operator==(const BarItem& other) const
 {
-    return info == other.info && image == other.image && symbolName == other.symbolName &&
-           label == other.label && isApple == other.isApple && key == other.key;
+    return info == other.info && image == other.image &&
+           imageIsApplicationIcon == other.imageIsApplicationIcon &&
+           symbolName == other.symbolName && label == other.label && isApple == other.isApple &&
+           key == other.key;
 }
 
 } // namespace ravlin

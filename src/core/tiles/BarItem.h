@@ -14,6 +14,8 @@ namespace ravlin {
 struct BarItem {
     MenuBarItemInfo info;
     std::optional<QImage> image;
+    // The image is the owner's application icon rather than a picture of the item.
+    bool imageIsApplicationIcon = false;
     std::optional<QString> symbolName;
     QString label;
     bool isApple = false;

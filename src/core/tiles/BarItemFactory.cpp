@@ -6,8 +6,8 @@
 #include "core/discovery/MenuBarReader.h"
 #include "core/discovery/MenuBarSystem.h"
 #include "core/discovery/PermissionManager.h"
-#include "foundation/DefaultsStore.h"
 #include "core/settings/PrefKey.h"
+#include "foundation/DefaultsStore.h"
 #include "platform/Workspace.h"
 
 #include <limits>
@@ -103,6 +103,8 @@ std::optional<BarItem> BarItemFactory::makeItem(const MenuBarItemInfo& info)
         return std::nullopt;
 
     item.image = icon(info, resolved, item.isApple);
+    item.imageIsApplicationIcon =
+        item.image && m_system && !m_system->techniques().canCaptureItems();
     if (item.isApple)
         item.symbolName = symbol(item.label, resolved);
     return item;

@@ -4,6 +4,11 @@
 
 namespace ravlin {
 
+SimScreens::SimScreens(SimDesktop& desktop) : m_desktop(desktop)
+{
+    m_desktop.addScreenListener([this] { notifyChanged(); });
+}
+
 std::vector<ScreenInfo> SimScreens::screens()
 {
     const std::vector<SimScreen> all = m_desktop.screens();

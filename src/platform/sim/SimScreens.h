@@ -8,7 +8,7 @@ class SimDesktop;
 
 class SimScreens final : public Screens {
 public:
-    explicit SimScreens(SimDesktop& desktop) : m_desktop(desktop) {}
+    explicit SimScreens(SimDesktop& desktop);
 
     std::vector<ScreenInfo> screens() override;
     std::optional<ScreenInfo> mainScreen() override;

@@ -108,7 +108,7 @@ QImage SimWorkspace::applicationIcon(std::int32_t pid)
     icon.setDevicePixelRatio(scale);
     const QByteArray digest =
         QCryptographicHash::hash(app->bundleId.toUtf8(), QCryptographicHash::Md5);
-    const QColor base = QColor::fromHsv(int(quint8(digest[0])) * 360 / 256, 150, 225);
+    const QColor base = QColor::fromHsv(int(quint8(digest[0])) * 360 / 256, 175, 200);
     QPainter p(&icon);
     p.setRenderHint(QPainter::Antialiasing);
     const QRectF square(2, 2, points - 4, points - 4);
