@@ -14,6 +14,7 @@ constexpr double gridGap = 7;  // the grid's flow, both directions
 constexpr double gridColumns = 4;
 constexpr double gridHeight = 72;
 constexpr double emptyNoteHeight = 34;
+constexpr double footnoteHeight = 30; // two short lines of small text
 
 double heightOf(const PanelTile& tile, TileStyle style)
 {
@@ -77,6 +78,14 @@ public:
         m_started = true;
         out.emptyNote = QRectF(x0(), m_y, m_inner, emptyNoteHeight);
         m_y += emptyNoteHeight;
+    }
+
+    void footnote(PanelLayout& out)
+    {
+        m_y += m_started ? PanelLayout::headerGap : 0;
+        m_started = true;
+        out.footnote = QRectF(x0(), m_y, m_inner, footnoteHeight);
+        m_y += footnoteHeight;
     }
 
     double height() const
@@ -146,7 +155,7 @@ QRectF mirrored(const QRectF& r, double width)
 } // namespace
 
 PanelLayout PanelLayout::make(const std::vector<PanelSection>& sections, TileStyle style,
-                              double width, bool rightToLeft, bool noteEmpty)
+                              double width, bool rightToLeft, bool noteEmpty, bool withFootnote)
 {
     PanelLayout out;
     Builder builder(style, width);
@@ -162,6 +171,8 @@ PanelLayout PanelLayout::make(const std::vector<PanelSection>& sections, TileSty
     }
     if (noteEmpty && !notePlaced)
         builder.emptyNote(out);
+    if (withFootnote)
+        builder.footnote(out);
     out.height = builder.height();
     if (rightToLeft) {
         for (PlacedTile& t : out.tiles)
@@ -170,6 +181,8 @@ PanelLayout PanelLayout::make(const std::vector<PanelSection>& sections, TileSty
             h.rect = mirrored(h.rect, width);
         if (out.emptyNote)
             out.emptyNote = mirrored(*out.emptyNote, width);
+        if (out.footnote)
+            out.footnote = mirrored(*out.footnote, width);
     }
     return out;
 }

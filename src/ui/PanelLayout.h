@@ -32,11 +32,13 @@ struct PanelLayout {
     std::vector<PlacedTile> tiles;
     std::vector<PlacedHeader> headers;
     std::optional<QRectF> emptyNote; // "no hidden items", when there are none
+    std::optional<QRectF> footnote;  // a line under everything else, when there is one
     double height = 0;
 
     // Lays the sections out for a panel `width` wide; right-to-left mirrors every rectangle.
     static PanelLayout make(const std::vector<PanelSection>& sections, TileStyle style,
-                            double width, bool rightToLeft, bool noteEmpty);
+                            double width, bool rightToLeft, bool noteEmpty,
+                            bool withFootnote = false);
 
     // The tile under a point, if any.
     const PlacedTile* tileAt(const QPointF& point) const;

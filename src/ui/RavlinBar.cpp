@@ -115,6 +115,8 @@ RavlinBarView* RavlinBar::makeView(const std::vector<BarGroup>& groups, ItemCall
     request.showSystemTiles = m_s.preferences.showSystemTiles();
     request.hasScreenRecording = m_s.permissions.hasScreenRecording();
     request.hasAccessibility = m_s.permissions.hasAccessibility();
+    if (footnote)
+        request.footnote = footnote();
     const RavlinBarView::Sources sources{m_content, m_s.tiles, m_s.stats, m_s.weather,
                                          m_s.language.L(QStringLiteral("bar.empty"))};
     auto* view = new RavlinBarView(sources, std::move(request), m_s.preferences.tileStyle());

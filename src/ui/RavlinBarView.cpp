@@ -90,7 +90,8 @@ bool RavlinBarView::isTileVisible(const QString& key) const
 
 PanelLayout RavlinBarView::layoutFor(double width) const
 {
-    return PanelLayout::make(m_sections, m_style, width, isRightToLeft(), m_request.groups.empty());
+    return PanelLayout::make(m_sections, m_style, width, isRightToLeft(), m_request.groups.empty(),
+                             !m_request.footnote.isEmpty());
 }
 
 QSize RavlinBarView::sizeHint() const
@@ -313,6 +314,8 @@ void RavlinBarView::paintEvent(QPaintEvent*)
             tiles.header(m_sections[h.section].title.value_or(QString()), h.rect);
     if (m_layout.emptyNote && m_layout.emptyNote->intersects(inSight))
         tiles.emptyNote(m_emptyText, *m_layout.emptyNote);
+    if (m_layout.footnote && m_layout.footnote->intersects(inSight))
+        tiles.footnote(m_request.footnote, *m_layout.footnote);
     const std::optional<QString> under = m_dragging ? keyAt(m_pointer) : std::nullopt;
     for (const PanelLayout::PlacedTile& p : m_layout.tiles) {
         if (!p.rect.intersects(inSight))

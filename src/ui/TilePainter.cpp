@@ -281,6 +281,20 @@ void TilePainter::header(const QString& title, const QRectF& rect)
          Theme::hudSecondaryText(), b.lead());
 }
 
+// Small secondary text, wrapped over up to two lines, in the reading direction.
+void TilePainter::footnote(const QString& note, const QRectF& rect)
+{
+    m_p.save();
+    m_p.setFont(Theme::font(10.5));
+    m_p.setPen(Theme::hudSecondaryText());
+    m_p.drawText(
+        rect.adjusted(4, 0, -4, 0),
+        int((m_rtl ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute | Qt::AlignVCenter) |
+            Qt::TextWordWrap,
+        note);
+    m_p.restore();
+}
+
 void TilePainter::emptyNote(const QString& note, const QRectF& rect)
 {
     m_p.save();

@@ -38,6 +38,7 @@ public:
               QStringList* painted = nullptr);
     void header(const QString& title, const QRectF& rect);
     void emptyNote(const QString& text, const QRectF& rect);
+    void footnote(const QString& text, const QRectF& rect);
 
 private:
     void weather(const PanelTile& tile, const QRectF& rect);

@@ -5,6 +5,7 @@
 
 #include "core/discovery/MenuBarReader.h"
 #include "core/discovery/MenuBarSystem.h"
+#include "core/settings/LanguageManager.h"
 #include "core/settings/Preferences.h"
 #include "foundation/DefaultsStore.h"
 #include "foundation/Logging.h"
@@ -31,6 +32,16 @@ std::optional<ScreenRect> StatusBarController::frameOf(const StatusItem* item) c
     if (!item)
         return std::nullopt;
     return m_s.reader.frameOf(*item);
+}
+
+// Where separators stay short, items the bar has no room for wait in the system's
+// overflow menu rather than off screen: the panel says where they are.
+QString StatusBarController::panelFootnote() const
+{
+    if (m_usesEngine ||
+        m_s.system.techniques().hiding != MenuBarTechniques::Hiding::ShortSeparators)
+        return {};
+    return m_s.language.L(QStringLiteral("bar.overflowNote"));
 }
 
 void StatusBarController::displaysChanged()

@@ -36,6 +36,10 @@ StatusBarController::StatusBarController(StatusBarServices services) : m_s(std::
             m_tileOpen = false;
             m_lastTileClose = m_s.scheduler.now();
         });
+        m_s.panel->footnote = [this, alive = std::weak_ptr<bool>(m_alive)] {
+            const auto a = alive.lock();
+            return a && *a ? panelFootnote() : QString();
+        };
     }
     later(0.7, [this] {
         // By now the bar has laid the items out: a second look sees where they stand.
@@ -58,8 +62,10 @@ StatusBarController::~StatusBarController()
     m_rehideTimer.invalidate();
     m_revealSafetyTimer.invalidate();
     m_watchTimer.invalidate();
-    if (m_s.panel)
+    if (m_s.panel) {
         m_s.panel->onClose = nullptr;
+        m_s.panel->footnote = nullptr;
+    }
     if (m_s.guide)
         m_s.guide->onDone = nullptr;
 }

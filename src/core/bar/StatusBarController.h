@@ -148,6 +148,8 @@ public:
     void displaysChanged();
     void verifyCollapse();
     std::optional<ScreenRect> frameOf(const StatusItem* item) const;
+    // What the panel says under its tiles about where the rest of the items are.
+    QString panelFootnote() const;
 
     // The cache of the bar.
     QString barSignature() const;

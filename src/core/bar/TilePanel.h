@@ -2,6 +2,8 @@
 
 #include "foundation/Geometry.h"
 
+#include <QString>
+
 #include <functional>
 #include <vector>
 
@@ -27,6 +29,8 @@ public:
 
     // Told when the panel closes because it lost key status.
     std::function<void()> onClose;
+    // Asked on every show for a line to put under everything else (empty: none).
+    std::function<QString()> footnote;
 };
 
 } // namespace ravlin

@@ -20,6 +20,8 @@ struct PanelRequest {
     bool showSystemTiles = true;
     bool hasScreenRecording = true;
     bool hasAccessibility = true;
+    // A line under everything else, when there is something to explain (empty: none).
+    QString footnote;
 };
 
 // Decides the panel's sections top to bottom: the weather header, the "System"
