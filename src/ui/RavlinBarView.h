@@ -47,6 +47,7 @@ public:
     TileStyle style() const { return m_style; }
     bool isRightToLeft() const { return layoutDirection() == Qt::RightToLeft; }
     const std::vector<PanelSection>& sections() const { return m_sections; }
+    const QString& footnote() const { return m_request.footnote; }
     const PanelLayout& panelLayout() const { return m_layout; }
     const PanelTile* tile(const QString& key) const;
     std::optional<QRectF> tileRect(const QString& key) const;

@@ -4,8 +4,8 @@
 #include "ScriptRunner.h"
 
 #include "core/app/AppDelegate.h"
-#include "foundation/PlistJson.h"
 #include "core/settings/LanguageManager.h"
+#include "foundation/PlistJson.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -3,11 +3,11 @@
 #include "ScriptRunner.h"
 
 #include "core/app/AppDelegate.h"
-#include "foundation/DefaultsStore.h"
-#include "foundation/PlistJson.h"
 #include "core/settings/LanguageManager.h"
 #include "core/settings/PrefKey.h"
 #include "core/settings/Preferences.h"
+#include "foundation/DefaultsStore.h"
+#include "foundation/PlistJson.h"
 #include "platform/sim/SimApplicationControl.h"
 #include "platform/sim/SimLoginItems.h"
 

@@ -71,9 +71,12 @@ void screenCommand(CommandContext& c)
             number(c, options.value(QStringLiteral("menubar")), QStringLiteral("menubar"));
     if (screen.width <= 0 || screen.height <= screen.menuBarHeight)
         c.fail(QStringLiteral("a screen needs a positive size taller than its menu bar"));
-    c.session.desktop().addScreen(screen);
-    if (c.session.started())
-        c.session.scheduler().runDue();
+    if (!c.session.started()) {
+        c.session.desktop().addScreen(screen);
+        return;
+    }
+    c.session.desktop().plugInScreen(screen);
+    c.session.scheduler().runDue();
 }
 
 // `system 15|26|27`: the menu bar of that macOS release.

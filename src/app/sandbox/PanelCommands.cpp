@@ -161,6 +161,7 @@ QJsonValue panelSection(SandboxSession& s, bool)
         {QStringLiteral("style"), tileStyleRawValue(view.style())},
         {QStringLiteral("rtl"), view.isRightToLeft()},
         {QStringLiteral("fades"), bar->fadeCount()},
+        {QStringLiteral("footnote"), text(view.footnote())},
         {QStringLiteral("scroll"), QJsonObject{{QStringLiteral("offset"), view.scrollOffset()},
                                                {QStringLiteral("maximum"), view.maximumScroll()}}},
         {QStringLiteral("sections"), sectionsJson(view)}};

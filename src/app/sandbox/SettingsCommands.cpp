@@ -3,10 +3,10 @@
 #include "ScriptRunner.h"
 
 #include "core/app/AppDelegate.h"
-#include "foundation/DefaultsStore.h"
-#include "foundation/PlistJson.h"
 #include "core/settings/LanguageManager.h"
 #include "core/settings/Preferences.h"
+#include "foundation/DefaultsStore.h"
+#include "foundation/PlistJson.h"
 #include "platform/sim/SimLoginItems.h"
 
 #include <functional>

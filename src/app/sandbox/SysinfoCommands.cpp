@@ -3,12 +3,12 @@
 #include "ScriptRunner.h"
 
 #include "core/app/AppDelegate.h"
-#include "foundation/PlistJson.h"
 #include "core/settings/LanguageManager.h"
 #include "core/sysinfo/RateText.h"
 #include "core/sysinfo/Stat.h"
 #include "core/sysinfo/SystemStats.h"
 #include "core/sysinfo/WeatherService.h"
+#include "foundation/PlistJson.h"
 #include "platform/Platform.h"
 #include "platform/sim/SimGeocoder.h"
 #include "platform/sim/SimHttpClient.h"

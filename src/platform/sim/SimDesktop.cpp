@@ -81,6 +81,13 @@ void SimDesktop::addScreen(const SimScreen& screen)
         listener();
 }
 
+void SimDesktop::plugInScreen(const SimScreen& screen)
+{
+    if (m_screens.empty())
+        m_screens.push_back(SimScreen{});
+    addScreen(screen);
+}
+
 bool SimDesktop::removeScreen(std::size_t index)
 {
     if (index >= m_screens.size() || m_screens.size() < 2)

@@ -63,6 +63,8 @@ public:
 
     // Displays. Adding or removing one (also while the application runs) tells the listeners.
     void addScreen(const SimScreen& screen);
+    // A display plugged in beside the ones there are (the default one included).
+    void plugInScreen(const SimScreen& screen);
     bool removeScreen(std::size_t index);
     void addScreenListener(std::function<void()> listener)
     {
