@@ -59,6 +59,7 @@ void Preferences::registerDefaults()
 
 void Preferences::changed()
 {
+    m_defaults.noteUserChange();
     Q_EMIT willChange();
     m_center.post(ravlinPrefsChanged);
 }
