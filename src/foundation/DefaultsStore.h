@@ -23,6 +23,9 @@ public:
     virtual PlistDict persistentDomain() const = 0;
     virtual void set(const QString& key, const PlistValue& value) = 0;
     virtual void remove(const QString& key) = 0;
+    // Called after a change the user made, as opposed to the program's own bookkeeping at start
+    // (seeded positions, caches). A store holding back its writes may save at this moment.
+    virtual void noteUserChange() {}
 
     // Reads: booleans and integers also from numbers and from text ("YES", "true", "15").
     bool boolForKey(const QString& key) const;

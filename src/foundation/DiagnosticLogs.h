@@ -6,6 +6,7 @@ namespace ravlin {
 
 // Where the self-tests leave their reports. Each report replaces the previous
 // one whole; a report that cannot be written is logged and otherwise ignored.
+// A report never goes through a symbolic link nor into another user's file.
 class DiagnosticLogs {
 public:
     static inline const QString defaultDirectory = QStringLiteral("/tmp");

@@ -1,14 +1,39 @@
 #include "QtScheduler.h"
 
+#include "Logging.h"
+
 #include <QObject>
 #include <QPointer>
 #include <QThread>
 #include <QThreadPool>
 #include <QTimer>
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace ravlin {
+namespace {
+
+// QTimer counts in int milliseconds: about 24.8 days at most.
+constexpr int longestTimerMs = std::numeric_limits<int>::max();
+
+int timerMilliseconds(double seconds)
+{
+    if (std::isnan(seconds)) {
+        qCWarning(lcApp) << "a timer without a number of seconds fires at once";
+        return 0;
+    }
+    if (seconds * 1000.0 <= double(longestTimerMs))
+        return int(std::lround(std::max(0.0, seconds) * 1000.0));
+    qCWarning(lcApp).noquote()
+        << QStringLiteral("a timer of %1 seconds is longer than a timer can hold; it fires after "
+                          "24.8 days")
+               .arg(seconds, 0, 'f', 0);
+    return longestTimerMs;
+}
+
+} // namespace
 
 QtScheduler::QtScheduler() : m_context(new QObject)
 {
@@ -26,7 +51,7 @@ Timer QtScheduler::start(double seconds, bool repeating, std::function<void()> f
     auto* timer = new QTimer(m_context);
     timer->setSingleShot(!repeating);
     timer->setTimerType(Qt::PreciseTimer);
-    timer->setInterval(int(std::lround(std::max(0.0, seconds) * 1000.0)));
+    timer->setInterval(timerMilliseconds(seconds));
     QPointer<QTimer> guard(timer);
     state->onInvalidate = [guard] {
         if (guard)
@@ -63,7 +88,9 @@ void QtScheduler::async(std::function<void()> fn)
 
 void QtScheduler::sleepBlocking(double seconds)
 {
-    QThread::usleep(static_cast<unsigned long>(std::max(0.0, seconds) * 1e6));
+    // A blocked thread that never wakes helps nobody: a day at most.
+    const double bounded = std::isfinite(seconds) ? std::clamp(seconds, 0.0, 86400.0) : 0.0;
+    QThread::usleep(static_cast<unsigned long>(bounded * 1e6));
 }
 
 double QtScheduler::now() const

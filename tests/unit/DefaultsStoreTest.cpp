@@ -1,14 +1,19 @@
 #include "TestSupport.h"
 
+#include "core/settings/Preferences.h"
 #include "foundation/DefaultsStore.h"
+#include "foundation/NotificationCenter.h"
 #include "platform/linux/PlistCodec.h"
 #include "platform/linux/PlistFileDefaultsStore.h"
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#include <unistd.h>
 
 using namespace ravlin;
 
@@ -21,10 +26,59 @@ void writeFile(const QString& path, const QByteArray& bytes)
     f.write(bytes);
 }
 
+QByteArray readFile(const QString& path)
+{
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
 QStringList corruptCopies(const QTemporaryDir& dir)
 {
     return QDir(dir.path())
         .entryList({QStringLiteral("de.vexa.Ravlin.plist.corrupt-*")}, QDir::Files);
+}
+
+QStringList unreadableCopies(const QTemporaryDir& dir)
+{
+    return QDir(dir.path())
+        .entryList({QStringLiteral("de.vexa.Ravlin.plist.unreadable-*")}, QDir::Files | QDir::Dirs);
+}
+
+const QByteArray usersSettings =
+    PlistCodec::toXml(PlistDict{{QStringLiteral("rehideInterval"), 7}});
+
+// Something at `path` that exists and cannot be read: a file without read permission, or, for
+// root, who reads every file, a directory holding the user's file.
+void makeUnreadable(const QString& path)
+{
+    if (::geteuid() == 0) {
+        QDir().mkpath(path);
+        writeFile(path + QStringLiteral("/inside"), usersSettings);
+    } else {
+        writeFile(path, usersSettings);
+        QFile::setPermissions(path, QFileDevice::WriteOwner);
+    }
+}
+
+// What the unreadable thing at `path` holds, read past the obstacle.
+QByteArray unreadableContent(const QString& path)
+{
+    if (QFileInfo(path).isDir())
+        return readFile(path + QStringLiteral("/inside"));
+    QFile::setPermissions(path, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+    const QByteArray bytes = readFile(path);
+    QFile::setPermissions(path, QFileDevice::WriteOwner);
+    return bytes;
+}
+
+void makeReadableAgain(const QString& path)
+{
+    if (QFileInfo(path).isDir()) {
+        QDir(path).removeRecursively();
+        writeFile(path, usersSettings);
+    } else {
+        QFile::setPermissions(path, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+    }
 }
 
 } // namespace
@@ -163,6 +217,85 @@ TEST(PlistFileDefaultsStore, EditsByHandArePickedUpAndBrokenEditsDoNotLoseTheSet
     EXPECT_EQ(reopened.integerForKey(QStringLiteral("extra")), 1);
 }
 
+TEST(PlistFileDefaultsStore, AFileNestedTooDeeplyIsKeptAsideWholeAndTheStoreStartsEmpty)
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("de.vexa.Ravlin.plist"));
+    const QByteArray deep = "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>k</key>" +
+                            QByteArray("<array>").repeated(200000) +
+                            QByteArray("</array>").repeated(200000) + "</dict></plist>";
+    writeFile(path, deep);
+    test::LogCapture log;
+    PlistFileDefaultsStore store(path);
+    EXPECT_TRUE(store.persistentDomain().isEmpty());
+    const QStringList copies = corruptCopies(dir);
+    ASSERT_EQ(copies.size(), 1);
+    EXPECT_EQ(readFile(dir.filePath(copies[0])), deep);
+    ASSERT_EQ(log.lines().size(), 1);
+    EXPECT_TRUE(log.lines()[0].contains(path));
+    EXPECT_TRUE(log.lines()[0].contains(QStringLiteral("nested more than 512 levels deep")));
+    EXPECT_TRUE(log.lines()[0].contains(dir.filePath(copies[0])));
+}
+
+TEST(PlistFileDefaultsStore, AFileThatCannotBeReadIsNeverWrittenOverByTheProgramsOwnWrites)
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("de.vexa.Ravlin.plist"));
+    makeUnreadable(path);
+    test::LogCapture log;
+    PlistFileDefaultsStore store(path);
+    EXPECT_TRUE(store.persistentDomain().isEmpty()); // the defaults
+    store.set(QStringLiteral("seededPositionsV1"), true);
+    store.set(QStringLiteral("ravlin.labelCache"), PlistDict{});
+    EXPECT_TRUE(store.boolForKey(QStringLiteral("seededPositionsV1")));
+    EXPECT_EQ(unreadableContent(path), usersSettings);
+    EXPECT_TRUE(unreadableCopies(dir).isEmpty());
+    ASSERT_EQ(log.lines().size(), 1) << log.lines().join(u'\n').toStdString();
+    EXPECT_TRUE(log.lines()[0].contains(path));
+    EXPECT_TRUE(log.lines()[0].contains(QStringLiteral("cannot be read")));
+}
+
+TEST(PlistFileDefaultsStore, AChangeByTheUserIsSavedInPlaceWithTheUnreadableFileKeptBesideIt)
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("de.vexa.Ravlin.plist"));
+    makeUnreadable(path);
+    test::LogCapture log;
+    PlistFileDefaultsStore store(path);
+    NotificationCenter center;
+    Preferences prefs(store, center, nullptr);
+    prefs.registerDefaults();
+    store.set(QStringLiteral("seededPositionsV1"), true);
+    EXPECT_TRUE(store.isHoldingBack());
+    prefs.setAutoRehide(false);
+    EXPECT_FALSE(store.isHoldingBack());
+    const QStringList kept = unreadableCopies(dir);
+    ASSERT_EQ(kept.size(), 1);
+    EXPECT_EQ(unreadableContent(dir.filePath(kept[0])), usersSettings);
+    PlistFileDefaultsStore reopened(path);
+    EXPECT_FALSE(reopened.boolForKey(QStringLiteral("autoRehide")));
+    EXPECT_TRUE(reopened.boolForKey(QStringLiteral("seededPositionsV1")));
+    ASSERT_EQ(log.lines().size(), 2);
+    EXPECT_TRUE(log.lines()[1].contains(dir.filePath(kept[0])));
+}
+
+TEST(PlistFileDefaultsStore, AFileThatBecomesReadableAgainIsUsed)
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("de.vexa.Ravlin.plist"));
+    makeUnreadable(path);
+    test::LogCapture log;
+    PlistFileDefaultsStore store(path);
+    store.set(QStringLiteral("seededPositionsV1"), true);
+    EXPECT_EQ(store.integerForKey(QStringLiteral("rehideInterval")), 0);
+    makeReadableAgain(path);
+    EXPECT_EQ(store.integerForKey(QStringLiteral("rehideInterval")), 7);
+    store.set(QStringLiteral("seededPositionsV1"), true); // now written through
+    PlistFileDefaultsStore reopened(path);
+    EXPECT_EQ(reopened.integerForKey(QStringLiteral("rehideInterval")), 7);
+    EXPECT_TRUE(reopened.boolForKey(QStringLiteral("seededPositionsV1")));
+}
+
 TEST(PlistFileDefaultsStore, AnEmptyFileIsAnEmptyStore)
 {
     QTemporaryDir dir;
@@ -188,7 +321,7 @@ TEST(PlistFileDefaultsStore, AFailedWriteIsLoggedAndTheValueStaysReadable)
     EXPECT_GE(log.count(QStringLiteral("cannot write the settings file")), 1);
 }
 
-TEST(PlistCodec, RefusesBytesTheLibraryWouldAbortOnAndBinaryLists)
+TEST(PlistCodec, RefusesBytesTheLibraryWouldAbortOnAndBrokenBinaryLists)
 {
     QFile nul(QStringLiteral(RAVLIN_TEST_DATA "/plist/nul-in-string.plist"));
     ASSERT_TRUE(nul.open(QIODevice::ReadOnly));

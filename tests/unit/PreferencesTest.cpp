@@ -1,12 +1,14 @@
 #include "TestSupport.h"
 
-#include "foundation/DefaultsStore.h"
-#include "foundation/NotificationCenter.h"
 #include "core/settings/PrefKey.h"
 #include "core/settings/Preferences.h"
+#include "foundation/DefaultsStore.h"
+#include "foundation/NotificationCenter.h"
 #include "platform/sim/SimLoginItems.h"
 
 #include <gtest/gtest.h>
+
+#include <limits>
 
 using namespace ravlin;
 
@@ -58,6 +60,23 @@ TEST_F(PreferencesFixture, OddStoredValuesReadSanely)
     EXPECT_TRUE(prefs.hiddenItemKeys().isEmpty());
     defaults.set(PrefKey::autoRehide, QStringLiteral("NO"));
     EXPECT_FALSE(prefs.autoRehide());
+}
+
+TEST_F(PreferencesFixture, AnIntervalOutsideASaneRangeIsClampedWithOneLogLinePerStoredValue)
+{
+    test::LogCapture log;
+    defaults.set(PrefKey::rehideInterval, std::numeric_limits<std::int64_t>::max());
+    EXPECT_EQ(prefs.rehideInterval(), 86400); // a day
+    EXPECT_EQ(prefs.rehideInterval(), 86400);
+    ASSERT_EQ(log.lines().size(), 1);
+    EXPECT_TRUE(log.lines()[0].contains(QStringLiteral("rehideInterval")));
+    EXPECT_TRUE(log.lines()[0].contains(QStringLiteral("9223372036854775807")));
+    defaults.set(PrefKey::rehideInterval, -5);
+    EXPECT_EQ(prefs.rehideInterval(), 1);
+    EXPECT_EQ(log.lines().size(), 2);
+    defaults.set(PrefKey::rehideInterval, 86400);
+    EXPECT_EQ(prefs.rehideInterval(), 86400);
+    EXPECT_EQ(log.lines().size(), 2);
 }
 
 TEST_F(PreferencesFixture, EverySetterWritesThroughThenAnnouncesOnceWillChangeFirst)

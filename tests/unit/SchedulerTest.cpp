@@ -6,6 +6,8 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 
+#include <limits>
+
 #include <gtest/gtest.h>
 
 using namespace ravlin;
@@ -97,4 +99,23 @@ TEST(QtScheduler, RunsTimersAndBackgroundWorkOnTheEventLoop)
     EXPECT_TRUE(ran.contains(QStringLiteral("async")));
     EXPECT_TRUE(ran.contains(QStringLiteral("7")));
     EXPECT_FALSE(ran.contains(QStringLiteral("cancelled")));
+}
+
+TEST(QtScheduler, IntervalsLongerThanATimerHoldsAreClampedWithALogLine)
+{
+    QtScheduler s;
+    test::LogCapture log;
+    int fired = 0;
+    Timer month = s.after(30.0 * 24 * 3600, [&] { ++fired; });
+    Timer forever = s.every(std::numeric_limits<double>::infinity(), [&] { ++fired; });
+    QEventLoop loop;
+    s.after(0, [&] { loop.quit(); });
+    loop.exec();
+    EXPECT_EQ(fired, 0);
+    EXPECT_TRUE(month.isValid() && forever.isValid());
+    ASSERT_EQ(log.lines().size(), 2) << log.lines().join(u'\n').toStdString();
+    EXPECT_TRUE(log.lines()[0].contains(QStringLiteral("2592000")));
+    EXPECT_TRUE(log.lines()[0].contains(QStringLiteral("24.8 days")));
+    month.invalidate();
+    forever.invalidate();
 }

@@ -3,10 +3,10 @@
 #include "LaunchAtLogin.h"
 #include "PrefKey.h"
 #include "foundation/DefaultsStore.h"
+#include "foundation/Logging.h"
 #include "foundation/NotificationCenter.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace ravlin {
 namespace {
@@ -59,6 +59,7 @@ void Preferences::registerDefaults()
 
 void Preferences::changed()
 {
+    m_defaults.noteUserChange();
     Q_EMIT willChange();
     m_center.post(ravlinPrefsChanged);
 }
@@ -94,7 +95,17 @@ void Preferences::setAutoRehide(bool on)
 int Preferences::rehideInterval() const
 {
     const std::int64_t stored = m_defaults.integerForKey(PrefKey::rehideInterval);
-    return int(std::clamp<std::int64_t>(stored, 1, std::numeric_limits<int>::max()));
+    const int interval = int(std::clamp<std::int64_t>(stored, 1, longestRehideInterval));
+    if (interval != stored && m_reportedInterval != stored) {
+        m_reportedInterval = stored;
+        qCWarning(lcDefaults).noquote()
+            << QStringLiteral("the setting rehideInterval holds %1 seconds, outside 1 to %2; "
+                              "Ravlin uses %3")
+                   .arg(stored)
+                   .arg(longestRehideInterval)
+                   .arg(interval);
+    }
+    return interval;
 }
 
 void Preferences::setRehideInterval(std::int64_t seconds)

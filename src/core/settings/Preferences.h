@@ -7,6 +7,7 @@
 #include <QSet>
 #include <QString>
 
+#include <optional>
 #include <set>
 
 namespace ravlin {
@@ -26,6 +27,9 @@ class Preferences : public QObject {
 public:
     Preferences(DefaultsStore& defaults, NotificationCenter& center, LoginItems* loginItems);
 
+    // Longer than anyone waits for items to hide again, and well within what a timer holds.
+    static constexpr int longestRehideInterval = 24 * 60 * 60;
+
     // Registers the defaults that answer reads of keys the user never set (never written to disk).
     void registerDefaults();
 
@@ -33,7 +37,7 @@ public:
     void setLaunchAtLogin(bool on);
     bool autoRehide() const;
     void setAutoRehide(bool on);
-    int rehideInterval() const; // at least 1
+    int rehideInterval() const; // 1 to longestRehideInterval
     void setRehideInterval(std::int64_t seconds);
     bool enableAlwaysHidden() const;
     void setEnableAlwaysHidden(bool on);
@@ -88,6 +92,7 @@ private:
     DefaultsStore& m_defaults;
     NotificationCenter& m_center;
     LoginItems* m_loginItems;
+    mutable std::optional<std::int64_t> m_reportedInterval; // the stored value last logged
 };
 
 } // namespace ravlin

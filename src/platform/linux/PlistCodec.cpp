@@ -1,17 +1,18 @@
 #include "PlistCodec.h"
 
+#include "BinaryPlistReader.h"
+#include "XmlPlistScan.h"
+
 #include <plist/plist.h>
 
 #include <QTimeZone>
 
 #include <cstdlib>
 #include <memory>
+#include <vector>
 
 namespace ravlin::PlistCodec {
 namespace {
-
-// Property-list dates count seconds from 2001-01-01 UTC.
-const QDateTime referenceDate(QDate(2001, 1, 1), QTime(0, 0), Qt::UTC);
 
 struct PlistFree {
     void operator()(plist_t node) const { plist_free(node); }
@@ -23,9 +24,56 @@ struct CFree {
 };
 using CString = std::unique_ptr<char, CFree>;
 
-PlistValue fromNode(plist_t node, int depth)
+// Whether containers nest more deeply than `limit` below `root`, found with a stack of our own.
+// The scan of the text has refused such files already; this guards against any difference
+// between how it and libplist read odd text.
+bool nestsDeeperThan(plist_t root, int limit)
 {
-    if (!node || depth > 512)
+    struct Frame {
+        plist_t node;
+        void* iter = nullptr; // an array or a dictionary iterator, both malloc'd
+    };
+    std::vector<Frame> stack;
+    bool tooDeep = false;
+    auto enter = [&](plist_t node) {
+        const plist_type type = plist_get_node_type(node);
+        if (type != PLIST_ARRAY && type != PLIST_DICT)
+            return;
+        if (stack.size() >= size_t(limit)) {
+            tooDeep = true;
+            return;
+        }
+        Frame frame{node};
+        if (type == PLIST_ARRAY)
+            plist_array_new_iter(node, reinterpret_cast<plist_array_iter*>(&frame.iter));
+        else
+            plist_dict_new_iter(node, reinterpret_cast<plist_dict_iter*>(&frame.iter));
+        stack.push_back(frame);
+    };
+    enter(root);
+    while (!stack.empty() && !tooDeep) {
+        const Frame& frame = stack.back();
+        plist_t child = nullptr;
+        if (plist_get_node_type(frame.node) == PLIST_ARRAY)
+            plist_array_next_item(frame.node, frame.iter, &child);
+        else
+            plist_dict_next_item(frame.node, frame.iter, nullptr, &child);
+        if (child) {
+            enter(child);
+        } else {
+            std::free(frame.iter);
+            stack.pop_back();
+        }
+    }
+    for (const Frame& frame : stack)
+        std::free(frame.iter);
+    return tooDeep;
+}
+
+// Recursion is safe here: the nesting has been checked before.
+PlistValue fromNode(plist_t node)
+{
+    if (!node)
         return {};
     switch (plist_get_node_type(node)) {
     case PLIST_BOOLEAN: {
@@ -57,7 +105,7 @@ PlistValue fromNode(plist_t node, int depth)
     case PLIST_DATE: {
         int32_t sec = 0, usec = 0;
         plist_get_date_val(node, &sec, &usec);
-        return referenceDate.addMSecs(qint64(sec) * 1000 + usec / 1000);
+        return referenceDate().addMSecs(qint64(sec) * 1000 + usec / 1000);
     }
     case PLIST_UID: {
         uint64_t u = 0;
@@ -65,11 +113,14 @@ PlistValue fromNode(plist_t node, int depth)
         return std::int64_t(u);
     }
     case PLIST_ARRAY: {
+        // Walked with an iterator: fetching items by index costs a walk from the first each time.
         PlistArray array;
-        const uint32_t n = plist_array_get_size(node);
-        array.reserve(n);
-        for (uint32_t i = 0; i < n; ++i)
-            array.push_back(fromNode(plist_array_get_item(node, i), depth + 1));
+        array.reserve(plist_array_get_size(node));
+        plist_array_iter iter = nullptr;
+        plist_array_new_iter(node, &iter);
+        for (plist_t item = nullptr; plist_array_next_item(node, iter, &item), item;)
+            array.push_back(fromNode(item));
+        std::free(iter);
         return array;
     }
     case PLIST_DICT: {
@@ -83,7 +134,7 @@ PlistValue fromNode(plist_t node, int depth)
             CString key(rawKey);
             if (!key)
                 break;
-            dict.insert(QString::fromUtf8(key.get()), fromNode(value, depth + 1));
+            dict.insert(QString::fromUtf8(key.get()), fromNode(value));
         }
         std::free(iter);
         return dict;
@@ -107,7 +158,7 @@ plist_t toNode(const PlistValue& value)
     case PlistValue::Type::String:
         return plist_new_string(value.asString()->toUtf8().constData());
     case PlistValue::Type::Date: {
-        const qint64 ms = referenceDate.msecsTo(*value.asDate());
+        const qint64 ms = referenceDate().msecsTo(*value.asDate());
         return plist_new_date(int32_t(ms / 1000), int32_t((ms % 1000) * 1000));
     }
     case PlistValue::Type::Data: {
@@ -137,30 +188,56 @@ plist_t toNode(const PlistValue& value)
 
 } // namespace
 
-std::optional<PlistValue> parse(const QByteArray& bytes, QString* error)
+QDateTime referenceDate()
 {
-    if (bytes.size() > 64 * 1024 * 1024 || bytes.isEmpty()) {
+    return QDateTime(QDate(2001, 1, 1), QTime(0, 0), Qt::UTC);
+}
+
+QString nestingError()
+{
+    return QStringLiteral("its values are nested more than %1 levels deep").arg(maxNesting);
+}
+
+std::optional<PlistValue> parse(const QByteArray& bytes, QString* error, QStringList* warnings)
+{
+    const auto refuse = [error](const QString& reason) {
         if (error)
-            *error =
-                bytes.isEmpty() ? QStringLiteral("empty file") : QStringLiteral("file too large");
+            *error = reason;
         return std::nullopt;
+    };
+    if (bytes.isEmpty())
+        return refuse(QStringLiteral("empty file"));
+    if (bytes.size() > 64 * 1024 * 1024)
+        return refuse(QStringLiteral("file too large"));
+    if (BinaryPlistReader::isBinary(bytes)) {
+        BinaryPlistReader reader(bytes, maxNesting);
+        std::optional<PlistValue> value = reader.read();
+        if (!value)
+            return refuse(reader.error());
+        if (warnings)
+            *warnings << reader.warnings();
+        return value;
     }
-    // Only XML is read. XML never holds a NUL character, and libplist aborts on
-    // keys that contain one, so such bytes are refused before it sees them.
-    if (bytes.contains('\0')) {
-        if (error)
-            *error = QStringLiteral("not an XML property list (it holds NUL bytes)");
-        return std::nullopt;
-    }
+    // XML never holds a NUL character, and libplist aborts on keys that contain one, so such
+    // bytes are refused before it sees them.
+    if (bytes.contains('\0'))
+        return refuse(QStringLiteral("not a property list (it holds NUL bytes)"));
+    const XmlPlistScan scan(bytes, maxNesting);
+    if (scan.tooDeep())
+        return refuse(nestingError());
+    const QByteArray text = scan.clampedText();
     plist_t root = nullptr; // libplist leaves it untouched on some failures
-    plist_from_xml(bytes.constData(), uint32_t(bytes.size()), &root);
-    PlistPtr owner(root);
-    if (!root) {
-        if (error)
-            *error = QStringLiteral("not a property list");
-        return std::nullopt;
+    plist_from_xml(text.constData(), uint32_t(text.size()), &root);
+    if (!root)
+        return refuse(QStringLiteral("not a property list"));
+    if (nestsDeeperThan(root, maxNesting)) {
+        // Freeing this tree would overflow the stack: it is left to the end of the process.
+        return refuse(nestingError());
     }
-    return fromNode(root, 0);
+    PlistPtr owner(root);
+    if (warnings)
+        *warnings << scan.warnings();
+    return fromNode(root);
 }
 
 QByteArray toXml(const PlistValue& value)

@@ -8,6 +8,10 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
 namespace ravlin {
 
 PlistFileDefaultsStore::PlistFileDefaultsStore(QString path) : m_path(std::move(path))
@@ -32,39 +36,83 @@ void PlistFileDefaultsStore::rememberFileStamp() const
 
 bool PlistFileDefaultsStore::load(bool atStart) const
 {
-    QFile file(m_path);
-    if (!file.exists()) {
+    if (!QFileInfo::exists(m_path)) {
         if (atStart)
             m_values.clear();
+        m_unreadable = false;
         rememberFileStamp();
         return true;
     }
-    if (!file.open(QIODevice::ReadOnly)) {
-        qCWarning(lcDefaults).noquote()
-            << "cannot read the settings file" << m_path << ":" << file.errorString();
-        rememberFileStamp();
+    QString reason;
+    const std::optional<QByteArray> bytes = readFile(&reason);
+    rememberFileStamp();
+    if (!bytes) {
+        startHoldingBack(reason, atStart);
         return false;
     }
-    const QByteArray bytes = file.readAll();
-    file.close();
-    if (bytes.trimmed().isEmpty()) {
+    if (m_unreadable) {
+        qCWarning(lcDefaults).noquote()
+            << QStringLiteral("the settings file %1 can be read again; Ravlin uses it").arg(m_path);
+        m_unreadable = false;
+    }
+    if (bytes->trimmed().isEmpty()) {
         m_values.clear();
-        rememberFileStamp();
         return true;
     }
     QString error;
-    const std::optional<PlistValue> root = PlistCodec::parse(bytes, &error);
-    if (root && root->isDict()) {
-        m_values = *root->asDict();
-        rememberFileStamp();
-        return true;
+    QStringList warnings;
+    const std::optional<PlistValue> root = PlistCodec::parse(*bytes, &error, &warnings);
+    if (!root || !root->isDict()) {
+        refuseCorrupt(root ? QStringLiteral("its top level is not a dictionary") : error, atStart);
+        return false;
     }
-    const QString aside = moveAside();
+    for (const QString& warning : warnings)
+        qCWarning(lcDefaults).noquote()
+            << QStringLiteral("the settings file %1: %2").arg(m_path, warning);
+    m_values = *root->asDict();
+    return true;
+}
+
+std::optional<QByteArray> PlistFileDefaultsStore::readFile(QString* reason) const
+{
+    QFile file(m_path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        *reason = file.errorString();
+        return std::nullopt;
+    }
+    QByteArray bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError) {
+        *reason = file.errorString();
+        return std::nullopt;
+    }
+    return bytes;
+}
+
+void PlistFileDefaultsStore::startHoldingBack(const QString& reason, bool atStart) const
+{
+    if (atStart)
+        m_values.clear();
+    if (m_unreadable)
+        return; // said once
+    m_unreadable = true;
+    qCWarning(lcDefaults).noquote()
+        << QStringLiteral("the settings file %1 cannot be read (%2). Ravlin %3 and leaves the file "
+                          "as it is: nothing is saved until it can be read again or a setting is "
+                          "changed; then the settings are saved in its place and the unreadable "
+                          "file is kept beside it.")
+               .arg(m_path, reason,
+                    atStart ? QStringLiteral("runs on its defaults")
+                            : QStringLiteral("keeps the settings it had"));
+}
+
+void PlistFileDefaultsStore::refuseCorrupt(const QString& reason, bool atStart) const
+{
+    const QString aside = moveAside(QStringLiteral("corrupt"));
     qCWarning(lcDefaults).noquote()
         << QStringLiteral(
                "the settings file %1 cannot be read (%2); it was moved to %3 and Ravlin %4")
-               .arg(m_path, root ? QStringLiteral("its top level is not a dictionary") : error,
-                    aside,
+               .arg(m_path, reason,
+                    aside.isEmpty() ? QStringLiteral("(nowhere: it was left in place)") : aside,
                     atStart ? QStringLiteral("starts with its defaults")
                             : QStringLiteral("keeps the settings it had"));
     if (atStart)
@@ -72,24 +120,34 @@ bool PlistFileDefaultsStore::load(bool atStart) const
     else
         write(); // put the settings still held back on disk
     rememberFileStamp();
-    return false;
 }
 
-QString PlistFileDefaultsStore::moveAside() const
+// `<file>.<kind>-<timestamp>`, with a number added when that name is taken; empty if the file
+// could not be moved.
+QString PlistFileDefaultsStore::moveAside(const QString& kind) const
 {
     const QString stamp = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss"));
-    QString target = m_path + QStringLiteral(".corrupt-") + stamp;
-    for (int n = 1; QFileInfo::exists(target); ++n)
-        target = m_path + QStringLiteral(".corrupt-") + stamp + u'-' + QString::number(n);
-    if (!QFile::rename(m_path, target)) {
-        qCWarning(lcDefaults) << "cannot move the unreadable settings file aside to" << target;
-        return QStringLiteral("(nowhere: it was left in place)");
+    const QString base = m_path + u'.' + kind + u'-' + stamp;
+    QString target = base;
+    for (int n = 1; QFileInfo::exists(target) || QFileInfo(target).isSymLink(); ++n)
+        target = base + u'-' + QString::number(n);
+    if (std::rename(QFile::encodeName(m_path).constData(), QFile::encodeName(target).constData()) !=
+        0) {
+        qCWarning(lcDefaults).noquote()
+            << QStringLiteral("cannot move the settings file %1 aside to %2: %3")
+                   .arg(m_path, target, QString::fromLocal8Bit(std::strerror(errno)));
+        return QString();
     }
     return target;
 }
 
 void PlistFileDefaultsStore::reloadIfChanged() const
 {
+    if (m_unreadable) {
+        // Permissions change without touching size or time: try again at every read.
+        load(false);
+        return;
+    }
     const QFileInfo info(m_path);
     const qint64 size = info.exists() ? info.size() : -1;
     const QDateTime time = info.exists() ? info.lastModified() : QDateTime();
@@ -127,8 +185,25 @@ void PlistFileDefaultsStore::remove(const QString& key)
     write();
 }
 
+void PlistFileDefaultsStore::noteUserChange()
+{
+    if (!m_unreadable)
+        return;
+    const QString kept = moveAside(QStringLiteral("unreadable"));
+    if (kept.isEmpty())
+        return; // still held back; said when moving failed
+    m_unreadable = false;
+    qCWarning(lcDefaults).noquote()
+        << QStringLiteral("a setting was changed while the settings file could not be read: the "
+                          "unreadable file is kept as %1 and the settings are saved to %2")
+               .arg(kept, m_path);
+    write();
+}
+
 void PlistFileDefaultsStore::write() const
 {
+    if (m_unreadable)
+        return; // never over a file that could not be read
     QDir().mkpath(QFileInfo(m_path).absolutePath());
     QSaveFile file(m_path);
     if (!file.open(QIODevice::WriteOnly) ||
