@@ -1,0 +1,135 @@
+#include "BarArrangement.h"
+
+#include <QSet>
+
+namespace ravlin {
+
+namespace {
+
+const QString alwaysKey = QStringLiteral("alwaysHidden");
+const QString hiddenKey = QStringLiteral("hidden");
+const QString visibleKey = QStringLiteral("visible");
+
+bool isMarker(const QString& token)
+{
+    return token == BarArrangement::alwaysMarker || token == BarArrangement::hiddenMarker;
+}
+
+} // namespace
+
+QStringList& BarArrangement::keys(Section section)
+{
+    switch (section) {
+    case Section::AlwaysHidden:
+        return alwaysHidden;
+    case Section::Hidden:
+        return hidden;
+    case Section::Visible:
+        break;
+    }
+    return visible;
+}
+
+const QStringList& BarArrangement::keys(Section section) const
+{
+    return const_cast<BarArrangement*>(this)->keys(section);
+}
+
+std::optional<BarArrangement::Section> BarArrangement::sectionOf(const QString& key) const
+{
+    for (Section s : {Section::AlwaysHidden, Section::Hidden, Section::Visible})
+        if (keys(s).contains(key))
+            return s;
+    return std::nullopt;
+}
+
+QStringList BarArrangement::allKeys() const
+{
+    return alwaysHidden + hidden + visible;
+}
+
+QStringList BarArrangement::sequence() const
+{
+    return alwaysHidden + QStringList{alwaysMarker} + hidden + QStringList{hiddenMarker} + visible;
+}
+
+// Tokens before the always-hidden marker are always hidden, those before the hidden marker
+// hidden, the rest visible; without an always-hidden marker there is no such section.
+BarArrangement BarArrangement::fromSequence(const QStringList& tokens)
+{
+    BarArrangement a;
+    const bool hasAlways = tokens.contains(alwaysMarker);
+    Section section = hasAlways ? Section::AlwaysHidden : Section::Hidden;
+    for (const QString& token : tokens) {
+        if (token == alwaysMarker)
+            section = Section::Hidden;
+        else if (token == hiddenMarker)
+            section = Section::Visible;
+        else if (!a.contains(token))
+            a.keys(section).append(token);
+    }
+    return a;
+}
+
+BarArrangement BarArrangement::restrictedTo(const QStringList& wanted) const
+{
+    const QSet<QString> keep(wanted.begin(), wanted.end());
+    BarArrangement a;
+    for (Section s : {Section::AlwaysHidden, Section::Hidden, Section::Visible})
+        for (const QString& key : keys(s))
+            if (keep.contains(key))
+                a.keys(s).append(key);
+    return a;
+}
+
+// An unseen key stays in the section it was recorded in, right of the nearest key before
+// it in the record that is still seen in that section (at the section's start if none is).
+BarArrangement BarArrangement::merged(const BarArrangement& recorded, const BarArrangement& seen)
+{
+    BarArrangement result = seen;
+    for (Section s : {Section::AlwaysHidden, Section::Hidden, Section::Visible}) {
+        QStringList& keys = result.keys(s);
+        qsizetype at = 0;
+        for (const QString& key : recorded.keys(s)) {
+            if (seen.sectionOf(key) == s)
+                at = keys.indexOf(key) + 1;
+            else if (!seen.contains(key))
+                keys.insert(at++, key);
+        }
+    }
+    return result;
+}
+
+PlistValue BarArrangement::toPlist() const
+{
+    return PlistDict{{alwaysKey, PlistValue::fromStringList(alwaysHidden)},
+                     {hiddenKey, PlistValue::fromStringList(hidden)},
+                     {visibleKey, PlistValue::fromStringList(visible)}};
+}
+
+std::optional<BarArrangement> BarArrangement::fromPlist(const PlistValue& value)
+{
+    if (!value.isDict())
+        return std::nullopt;
+    BarArrangement a;
+    const std::pair<const QString*, Section> parts[] = {{&alwaysKey, Section::AlwaysHidden},
+                                                        {&hiddenKey, Section::Hidden},
+                                                        {&visibleKey, Section::Visible}};
+    for (const auto& [name, section] : parts) {
+        const PlistValue& list = value[*name];
+        if (list.isNull())
+            continue;
+        if (!list.isArray())
+            return std::nullopt;
+        for (const PlistValue& key : *list.asArray()) {
+            const std::optional<QString> text = key.asString();
+            if (!text || text->isEmpty() || isMarker(*text))
+                return std::nullopt;
+            if (!a.contains(*text))
+                a.keys(section).append(*text);
+        }
+    }
+    return a;
+}
+
+} // namespace ravlin
