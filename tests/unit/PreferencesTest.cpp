@@ -1,9 +1,9 @@
 #include "TestSupport.h"
 
-#include "foundation/DefaultsStore.h"
-#include "foundation/NotificationCenter.h"
 #include "core/settings/PrefKey.h"
 #include "core/settings/Preferences.h"
+#include "foundation/DefaultsStore.h"
+#include "foundation/NotificationCenter.h"
 #include "platform/sim/SimLoginItems.h"
 
 #include <gtest/gtest.h>
@@ -96,6 +96,19 @@ TEST_F(PreferencesFixture, PlacementFollowsTheTwoSetsWithPinningWinning)
     prefs.setPlacement(QStringLiteral("h"), ItemPlacement::Bar);
     EXPECT_EQ(prefs.placement(QStringLiteral("h")), ItemPlacement::Bar);
     EXPECT_FALSE(prefs.isItemHidden(QStringLiteral("h")));
+}
+
+TEST_F(PreferencesFixture, SeveralPlacementsAreWrittenAndAnnouncedOnce)
+{
+    prefs.setPlacement(QStringLiteral("a"), ItemPlacement::Off);
+    prefs.setPlacements({{QStringLiteral("a"), ItemPlacement::Bar},
+                         {QStringLiteral("b"), ItemPlacement::Bar},
+                         {QStringLiteral("c"), ItemPlacement::Off}});
+    EXPECT_EQ(posted(), 2);
+    EXPECT_EQ(prefs.barPinnedKeys(), (QSet<QString>{QStringLiteral("a"), QStringLiteral("b")}));
+    EXPECT_EQ(prefs.hiddenItemKeys(), (QSet<QString>{QStringLiteral("c")}));
+    prefs.setPlacements({});
+    EXPECT_EQ(posted(), 2);
 }
 
 TEST_F(PreferencesFixture, PanelPlacementOfAnUnknownKeyStillWritesBothListsAndAnnounces)

@@ -3,10 +3,10 @@
 #include "ArrangeGuide.h"
 #include "MenuBarHideEngine.h"
 #include "TilePanel.h"
-#include "foundation/DefaultsStore.h"
-#include "foundation/Logging.h"
 #include "core/settings/PrefKey.h"
 #include "core/settings/Preferences.h"
+#include "foundation/DefaultsStore.h"
+#include "foundation/Logging.h"
 #include "platform/StatusBar.h"
 
 namespace ravlin {
@@ -32,6 +32,7 @@ StatusBarController::StatusBarController(StatusBarServices services) : m_s(std::
         m_s.panel->onClose = weakly([this] {
             m_tileOpen = false;
             m_lastTileClose = m_s.scheduler.now();
+            resumeBarCheck();
         });
     }
     later(0.7, [this] {
@@ -52,6 +53,7 @@ StatusBarController::~StatusBarController()
     m_rehideTimer.invalidate();
     m_revealSafetyTimer.invalidate();
     m_watchTimer.invalidate();
+    m_engineRetry.invalidate();
     if (m_s.panel)
         m_s.panel->onClose = nullptr;
     if (m_s.guide)
@@ -130,7 +132,7 @@ void StatusBarController::removeAlwaysSeparator()
 
 void StatusBarController::updateChevron()
 {
-    const bool open = m_usesEngine ? m_engineRevealed : m_expanded;
+    const bool open = m_usesEngine ? engineShowsAll() : m_expanded;
     const QString symbol = open ? QStringLiteral("chevron.right") : QStringLiteral("chevron.left");
     if (m_s.statusBar.symbolExists(symbol)) {
         m_mainItem->setTitle(QString());
@@ -167,6 +169,7 @@ void StatusBarController::collapseToResting()
     m_revealingAlways = false;
     applyLayout();
     m_tileOpen = false;
+    resumeBarCheck();
 }
 
 void StatusBarController::ensureCollapsed()
@@ -176,6 +179,7 @@ void StatusBarController::ensureCollapsed()
     m_expanded = false;
     m_revealingAlways = false;
     applyLayout();
+    revealEnded();
 }
 
 void StatusBarController::showInBar()
@@ -183,6 +187,7 @@ void StatusBarController::showInBar()
     closeTile();
     if (m_expanded)
         return;
+    beginReveal();
     m_expanded = true;
     applyLayout();
     later(0.4, [this] { refreshCache(); });
@@ -191,8 +196,10 @@ void StatusBarController::showInBar()
 void StatusBarController::toggleAlwaysReveal()
 {
     m_revealingAlways = !m_revealingAlways;
-    if (m_revealingAlways)
+    if (m_revealingAlways) {
+        beginReveal();
         m_expanded = true;
+    }
     applyLayout();
     scheduleRehideIfNeeded();
 }
@@ -249,7 +256,8 @@ void StatusBarController::prefsChanged()
 
 void StatusBarController::engineToggle()
 {
-    if (m_engineRevealed)
+    // After a refusal everything shows: the toggle hides, that is, tries again.
+    if (engineShowsAll())
         engineCollapse();
     else
         engineReveal();
@@ -258,6 +266,7 @@ void StatusBarController::engineToggle()
 void StatusBarController::engineReveal()
 {
     m_engineRevealed = true;
+    m_engineRetry.invalidate();
     m_s.hideEngine.release();
     updateChevron();
     armRevealCollapse();
