@@ -13,9 +13,10 @@ namespace ravlin {
 // sleeps move the clock forward.
 //
 // Background work takes no time unless given a duration: then it runs that many
-// virtual seconds after it was handed over, as a thread that was busy all along
-// would finish, and hands its result to the main queue right then. Timers fire and
-// the world changes in between; the work sees the world as it stands when it runs.
+// virtual seconds after it was handed over, and hands its result to the main queue
+// when its own sleeps are over. Timers fire and the world changes in between; the
+// work sees the world as it stands when it runs. (The work of this program waits
+// first and looks afterwards, so the world at the end is the one it would see.)
 class VirtualScheduler final : public Scheduler {
 public:
     explicit VirtualScheduler(QDateTime startDate = QDateTime(QDate(2026, 1, 5), QTime(9, 0),
