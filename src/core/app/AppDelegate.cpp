@@ -7,16 +7,16 @@
 #include "core/discovery/MenuBarScanner.h"
 #include "core/discovery/PermissionManager.h"
 #include "core/discovery/ScannerModel.h"
-#include "foundation/DiagnosticLogs.h"
-#include "foundation/Logging.h"
-#include "foundation/NotificationCenter.h"
-#include "foundation/SelfTestText.h"
 #include "core/settings/LanguageManager.h"
 #include "core/settings/LaunchAtLogin.h"
 #include "core/settings/Preferences.h"
 #include "core/sysinfo/SystemStats.h"
 #include "core/sysinfo/WeatherService.h"
 #include "core/tiles/TileModel.h"
+#include "foundation/DiagnosticLogs.h"
+#include "foundation/Logging.h"
+#include "foundation/NotificationCenter.h"
+#include "foundation/SelfTestText.h"
 #include "platform/Accessibility.h"
 #include "platform/ApplicationControl.h"
 #include "platform/Platform.h"
@@ -158,11 +158,18 @@ void AppDelegate::runHideEngineSelfTest()
                 error ? QStringLiteral("  ❌ restrict error: ") + error->description + u'\n'
                       : QStringLiteral("  ✅ restrict OK — Drittanbieter-Items ausgeblendet (6s)\n");
             m_logs->write(DiagnosticLogs::hideLog, m_hideLog);
-            m_scheduler.after(6.0, [this] {
+            // The later steps hold the application weakly: it may be gone by then.
+            std::weak_ptr<bool> alive = m_alive;
+            m_scheduler.after(6.0, [this, alive] {
+                if (alive.expired())
+                    return;
                 m_hideEngine->release();
                 m_hideLog += QStringLiteral("  ↩︎ release — Items wieder eingeblendet\n");
                 m_logs->write(DiagnosticLogs::hideLog, m_hideLog);
-                m_scheduler.after(1.0, [this] { m_platform.application->exit(0); });
+                m_scheduler.after(1.0, [this, alive] {
+                    if (!alive.expired())
+                        m_platform.application->exit(0);
+                });
             });
         });
 }
