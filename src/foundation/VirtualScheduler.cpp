@@ -1,6 +1,7 @@
 #include "VirtualScheduler.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace ravlin {
 
@@ -39,12 +40,22 @@ QDateTime VirtualScheduler::currentDate() const
     return m_startDate.addMSecs(qint64(m_now * 1000.0));
 }
 
+void VirtualScheduler::setBackgroundDuration(double seconds)
+{
+    m_backgroundDuration = std::isfinite(seconds) ? std::max(0.0, seconds) : 0.0;
+}
+
 void VirtualScheduler::backgroundImpl(std::function<void()> work, std::function<void()> then)
 {
-    // The work runs at once, here; its result is handed over as a main-queue step.
-    work();
-    if (then)
-        async(std::move(then));
+    auto finish = [this, work = std::move(work), then = std::move(then)]() mutable {
+        work();
+        if (then)
+            async(std::move(then));
+    };
+    if (m_backgroundDuration > 0)
+        schedule(m_now + m_backgroundDuration, 0, std::move(finish));
+    else
+        finish(); // at once, here; the result is still handed over as a main-queue step
 }
 
 void VirtualScheduler::advance(double seconds)

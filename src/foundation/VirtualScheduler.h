@@ -11,6 +11,12 @@ namespace ravlin {
 // Deterministic scheduler for tests and sandbox scripts. Nothing runs until the
 // clock is advanced; background work runs on the calling thread and its blocking
 // sleeps move the clock forward.
+//
+// Background work takes no time unless given a duration: then it runs that many
+// virtual seconds after it was handed over, and hands its result to the main queue
+// when its own sleeps are over. Timers fire and the world changes in between; the
+// work sees the world as it stands when it runs. (The work of this program waits
+// first and looks afterwards, so the world at the end is the one it would see.)
 class VirtualScheduler final : public Scheduler {
 public:
     explicit VirtualScheduler(QDateTime startDate = QDateTime(QDate(2026, 1, 5), QTime(9, 0),
@@ -27,6 +33,10 @@ public:
     void advance(double seconds);
     // Runs what is already due without moving the clock.
     void runDue() { advance(0); }
+
+    // How long each piece of background work takes from now on (0: it runs at once).
+    void setBackgroundDuration(double seconds);
+    double backgroundDuration() const { return m_backgroundDuration; }
 
     std::uint64_t firedCount() const { return m_fired; }
     int pendingCount() const { return int(m_queue.size()); }
@@ -45,6 +55,7 @@ private:
     Timer schedule(double due, double interval, std::function<void()> fn);
 
     double m_now = 0;
+    double m_backgroundDuration = 0;
     QDateTime m_startDate;
     std::uint64_t m_sequence = 0;
     std::uint64_t m_fired = 0;

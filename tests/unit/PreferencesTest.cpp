@@ -117,6 +117,19 @@ TEST_F(PreferencesFixture, PlacementFollowsTheTwoSetsWithPinningWinning)
     EXPECT_FALSE(prefs.isItemHidden(QStringLiteral("h")));
 }
 
+TEST_F(PreferencesFixture, SeveralPlacementsAreWrittenAndAnnouncedOnce)
+{
+    prefs.setPlacement(QStringLiteral("a"), ItemPlacement::Off);
+    prefs.setPlacements({{QStringLiteral("a"), ItemPlacement::Bar},
+                         {QStringLiteral("b"), ItemPlacement::Bar},
+                         {QStringLiteral("c"), ItemPlacement::Off}});
+    EXPECT_EQ(posted(), 2);
+    EXPECT_EQ(prefs.barPinnedKeys(), (QSet<QString>{QStringLiteral("a"), QStringLiteral("b")}));
+    EXPECT_EQ(prefs.hiddenItemKeys(), (QSet<QString>{QStringLiteral("c")}));
+    prefs.setPlacements({});
+    EXPECT_EQ(posted(), 2);
+}
+
 TEST_F(PreferencesFixture, PanelPlacementOfAnUnknownKeyStillWritesBothListsAndAnnounces)
 {
     prefs.setPlacement(QStringLiteral("nowhere"), ItemPlacement::Panel);

@@ -119,3 +119,28 @@ TEST(QtScheduler, IntervalsLongerThanATimerHoldsAreClampedWithALogLine)
     month.invalidate();
     forever.invalidate();
 }
+
+TEST(VirtualScheduler, BackgroundWorkWithADurationRunsWhenItIsOverAndSeesTheWorldThen)
+{
+    VirtualScheduler s;
+    s.setBackgroundDuration(0.5);
+    int world = 1, seen = 0, result = 0;
+    s.background<int>(
+        [&] {
+            seen = world;
+            return world * 10;
+        },
+        [&](int r) { result = r; });
+    s.advance(0.4);
+    EXPECT_EQ(seen, 0);
+    world = 2; // changes while the work is under way
+    s.advance(0.1);
+    EXPECT_EQ(seen, 2);
+    EXPECT_EQ(result, 20);
+    EXPECT_DOUBLE_EQ(s.now(), 0.5);
+    // Nonsense durations fall back to work that takes no time.
+    s.setBackgroundDuration(-1);
+    EXPECT_EQ(s.backgroundDuration(), 0);
+    s.setBackgroundDuration(std::numeric_limits<double>::quiet_NaN());
+    EXPECT_EQ(s.backgroundDuration(), 0);
+}

@@ -40,6 +40,11 @@ void engineCommand(CommandContext& c)
                                              {QStringLiteral("refuse"), B::Refuse}};
     if (!behaviours.contains(what))
         c.fail(QStringLiteral("engine takes available, unavailable or refuse"));
+    // Whether the framework exists is settled at start; whether it grants can change.
+    if (c.session.started() &&
+        (what == u"unavailable" || !c.session.assessmentMode().isAvailable()))
+        c.fail(
+            QStringLiteral("after start the engine can only switch between available and refuse"));
     c.session.assessmentMode().setBehaviour(behaviours.value(what));
 }
 
@@ -142,7 +147,8 @@ QJsonValue controllerSection(SandboxSession& s, bool)
         {QStringLiteral("timers"),
          QJsonObject{{QStringLiteral("rehide"), c->rehideTimerArmed()},
                      {QStringLiteral("revealSafety"), c->revealSafetyTimerArmed()},
-                     {QStringLiteral("watch"), c->watchTimerArmed()}}},
+                     {QStringLiteral("watch"), c->watchTimerArmed()},
+                     {QStringLiteral("engineRetry"), c->engineRetryArmed()}}},
         {QStringLiteral("monitors"),
          QJsonObject{{QStringLiteral("hover"), c->hoverMonitorInstalled()},
                      {QStringLiteral("revealCollapse"), c->revealCollapseMonitorInstalled()}}},
@@ -227,7 +233,7 @@ QJsonValue engineSection(SandboxSession& s, bool)
 
 void registerBarCommands(ScriptRunner& runner)
 {
-    runner.addCommand(QStringLiteral("engine"), Phase::BeforeStart, engineCommand);
+    runner.addCommand(QStringLiteral("engine"), Phase::Any, engineCommand);
     runner.addCommand(QStringLiteral("instance"), Phase::BeforeStart, instanceCommand);
     runner.addCommand(QStringLiteral("hover"), Phase::AfterStart, hoverCommand);
     runner.addCommand(QStringLiteral("menu"), Phase::AfterStart, menuCommand);

@@ -11,6 +11,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <cmath>
+
 namespace ravlin::sandbox {
 namespace {
 
@@ -124,6 +126,19 @@ void registerCoreCommands(ScriptRunner& runner)
         for (qsizetype i = 1; i < c.wordCount(); ++i)
             arguments.append(c.word(i));
         c.session.start(arguments);
+    });
+    runner.addCommand(QStringLiteral("restart"), Phase::AfterStart, [](CommandContext& c) {
+        QStringList arguments;
+        for (qsizetype i = 1; i < c.wordCount(); ++i)
+            arguments.append(c.word(i));
+        c.session.restart(arguments);
+    });
+    runner.addCommand(QStringLiteral("background"), Phase::Any, [](CommandContext& c) {
+        bool ok = false;
+        const double seconds = c.need(1, QStringLiteral("the number of seconds")).toDouble(&ok);
+        if (!ok || !std::isfinite(seconds) || seconds < 0)
+            c.fail(QStringLiteral("background takes a number of seconds, not %1").arg(c.word(1)));
+        c.session.scheduler().setBackgroundDuration(seconds);
     });
     runner.addCommand(QStringLiteral("advance"), Phase::AfterStart, [](CommandContext& c) {
         bool ok = false;

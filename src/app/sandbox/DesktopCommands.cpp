@@ -205,7 +205,7 @@ void lifecycleCommand(CommandContext& c, bool launch)
 {
     const QString bundle = c.need(1, QStringLiteral("the bundle identifier"));
     SimDesktop& desktop = c.session.desktop();
-    if (!desktop.app(bundle))
+    if (!desktop.installedApp(bundle))
         c.fail(QStringLiteral("unknown application %1").arg(bundle));
     if (!(launch ? desktop.launch(bundle) : desktop.terminate(bundle)))
         c.fail(QStringLiteral("%1 is already %2").arg(bundle, launch ? u"running" : u"ended"));
@@ -221,14 +221,15 @@ SimPlacedItem itemNamed(CommandContext& c, const QString& target)
     return *placed;
 }
 
-// An empty stretch of the menu bar: the middle of the widest gap left of the items.
+// An empty stretch of the menu bar: the middle of the gap left of the items (and of
+// the visible stretch of a collapsed separator, which takes clicks too).
 WindowServerPoint emptyMenuBarPoint(CommandContext& c)
 {
     const SimDesktop& desktop = c.session.desktop();
     double left = desktop.mainScreen().width;
     for (const SimPlacedItem& p : desktop.bar()) {
-        if (p.onScreen)
-            left = std::min(left, p.frame.x);
+        if (const auto visible = desktop.visibleStretch(p.item.window))
+            left = std::min(left, visible->x);
     }
     if (left < 2)
         c.fail(QStringLiteral("the menu bar has no empty part left"));
@@ -262,9 +263,11 @@ WindowServerPoint clickPoint(CommandContext& c, qsizetype& next)
         placed = itemNamed(c, target);
     else
         c.fail(QStringLiteral("unknown click target %1").arg(target));
-    if (!placed.onScreen)
+    // A person clicks what they see: the item, or the part of it left on screen.
+    const std::optional<WindowServerRect> visible = desktop.visibleStretch(placed.item.window);
+    if (!visible)
         c.fail(QStringLiteral("%1 is off screen; no click reaches it").arg(target));
-    return placed.frame.center();
+    return visible->center();
 }
 
 void clickCommand(CommandContext& c)

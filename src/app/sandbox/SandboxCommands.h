@@ -5,7 +5,8 @@ namespace ravlin::sandbox {
 class ScriptRunner;
 
 // Each concern registers its commands and dump sections with the runner.
-void registerCoreCommands(ScriptRunner& runner); // start, advance, dump, expect, print
+// start, restart, advance, background, dump, expect, print
+void registerCoreCommands(ScriptRunner& runner);
 void registerSettingsCommands(
     ScriptRunner& runner); // defaults, login, prefs, placement, language, locale
 void registerCoreSections(

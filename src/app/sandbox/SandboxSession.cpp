@@ -200,6 +200,18 @@ AppDelegate& SandboxSession::app()
     return *m_app;
 }
 
+void SandboxSession::restart(const QStringList& arguments)
+{
+    // In the order of the destructor: what works on the application goes first.
+    m_settingsWindow.reset();
+    m_app.reset();
+    m_ravlinBar.reset();
+    m_arrangeHUD.reset();
+    statusBar().closeMenu();
+    m_scheduler.runDue(); // whatever the old process left due finds it gone
+    start(arguments);
+}
+
 void SandboxSession::start(const QStringList& arguments)
 {
     m_started = true;

@@ -92,6 +92,9 @@ public:
     // The process was started; its exit and policy are the simulated application's.
     bool started() const { return m_started; }
     void start(const QStringList& arguments);
+    // The process ends (its status items leave the bar, its windows close) and starts
+    // again over the same desktop and settings file, as after a quit and a new launch.
+    void restart(const QStringList& arguments);
 
 private:
     void installSimulatedSystem();

@@ -161,11 +161,18 @@ void AppDelegate::runHideEngineSelfTest()
                 error ? QStringLiteral("  ❌ restrict error: ") + error->description + u'\n'
                       : QStringLiteral("  ✅ restrict OK — Drittanbieter-Items ausgeblendet (6s)\n");
             m_logs->write(DiagnosticLogs::hideLog, m_hideLog);
-            m_scheduler.after(6.0, [this] {
+            // The later steps hold the application weakly: it may be gone by then.
+            std::weak_ptr<bool> alive = m_alive;
+            m_scheduler.after(6.0, [this, alive] {
+                if (alive.expired())
+                    return;
                 m_hideEngine->release();
                 m_hideLog += QStringLiteral("  ↩︎ release — Items wieder eingeblendet\n");
                 m_logs->write(DiagnosticLogs::hideLog, m_hideLog);
-                m_scheduler.after(1.0, [this] { m_platform.application->exit(0); });
+                m_scheduler.after(1.0, [this, alive] {
+                    if (!alive.expired())
+                        m_platform.application->exit(0);
+                });
             });
         });
 }

@@ -87,6 +87,7 @@ private:
     AppWindows m_windows;
     QString m_hideLog;
     bool m_launched = false;
+    std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
 };
 
 } // namespace ravlin

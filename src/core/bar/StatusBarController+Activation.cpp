@@ -66,6 +66,9 @@ void StatusBarController::toggleTile()
 void StatusBarController::openTile()
 {
     ensureCollapsed();
+    // A look at the bar that waited for the panel or a reveal: the panel opens with it.
+    if (m_barCheckPending)
+        checkForBarChanges();
     presentTile();
 }
 
@@ -94,6 +97,7 @@ void StatusBarController::closeTile()
         m_s.panel->hide();
     m_tileOpen = false;
     m_lastTileClose = m_s.scheduler.now();
+    resumeBarCheck();
 }
 
 ScreenRect StatusBarController::toggleScreenRect() const
@@ -109,6 +113,7 @@ ScreenRect StatusBarController::toggleScreenRect() const
 void StatusBarController::activateItem(const BarItem& item)
 {
     closeTile();
+    beginReveal();
     m_expanded = true;
     applyLayout();
     shrinkOwnItems();

@@ -18,6 +18,7 @@
 
 #include <QHash>
 
+#include <algorithm>
 #include <map>
 
 namespace ravlin {
@@ -32,6 +33,28 @@ bool leftOutOfSignature(const QString& owner, const QString& title)
            title == u"BentoBox-0";
 }
 
+QString signatureOf(const std::vector<CaptureEngine::Raw>& raws)
+{
+    std::map<QString, int> counts; // sorted by owner
+    for (const CaptureEngine::Raw& raw : raws) {
+        if (!leftOutOfSignature(raw.owner, raw.name))
+            ++counts[raw.owner];
+    }
+    QStringList parts;
+    for (const auto& [owner, count] : counts)
+        parts.append(owner + u':' + QString::number(count));
+    return parts.join(u',');
+}
+
+// What the background part of a full rebuild hands back.
+struct Rebuilt {
+    std::vector<BarItem> items;
+    QString signature; // of the bar the items were captured from
+};
+
+constexpr double firstEngineRetry = 2.0;
+constexpr double lastEngineRetry = 300.0;
+
 std::vector<BarItem> allItems(const std::vector<BarGroup>& groups)
 {
     std::vector<BarItem> items;
@@ -44,15 +67,7 @@ std::vector<BarItem> allItems(const std::vector<BarGroup>& groups)
 
 QString StatusBarController::barSignature() const
 {
-    std::map<QString, int> counts; // sorted by owner
-    for (const CaptureEngine::Raw& raw : m_s.capture.scanAll()) {
-        if (!leftOutOfSignature(raw.owner, raw.name))
-            ++counts[raw.owner];
-    }
-    QStringList parts;
-    for (const auto& [owner, count] : counts)
-        parts.append(owner + u':' + QString::number(count));
-    return parts.join(u',');
+    return signatureOf(m_s.capture.scanAll());
 }
 
 void StatusBarController::startAutoRefresh()
@@ -94,8 +109,13 @@ void StatusBarController::engineAppsChanged()
 
 void StatusBarController::checkForBarChanges()
 {
-    if (m_buildingCache || m_arranging || m_expanded || m_tileOpen)
+    // Not now, but not forgotten either: a launch while the bar is revealed or the panel
+    // is open must still reach the panel.
+    if (m_buildingCache || m_arranging || m_expanded || m_tileOpen) {
+        m_barCheckPending = true;
         return;
+    }
+    m_barCheckPending = false;
     const QString signature = barSignature();
     if (signature == m_lastBarSignature)
         return;
@@ -103,18 +123,29 @@ void StatusBarController::checkForBarChanges()
     invisibleRefresh();
 }
 
+void StatusBarController::resumeBarCheck()
+{
+    if (!m_barCheckPending)
+        return;
+    later(0.0, [this] {
+        if (m_barCheckPending)
+            checkForBarChanges();
+    });
+}
+
 void StatusBarController::refreshCache()
 {
     if (!m_expanded)
         return;
     m_cachedGroups = m_s.grouping.makeGroups(hiddenCandidates());
-    m_s.scannerModel.setDetected(allItems(m_cachedGroups));
+    publishDetected(allItems(m_cachedGroups));
 }
 
 void StatusBarController::rebuildFullCache()
 {
     if (m_buildingCache)
         return;
+    beginReveal();
     m_buildingCache = true;
     m_expanded = true;
     m_revealingAlways = true;
@@ -127,19 +158,25 @@ void StatusBarController::rebuildFullCache()
     std::weak_ptr<bool> alive = m_alive;
     CaptureEngine& capture = m_s.capture;
     Scheduler& scheduler = m_s.scheduler;
-    scheduler.background<std::vector<BarItem>>(
-        [&capture, &scheduler, referenceX] {
+    scheduler.background<Rebuilt>(
+        [&capture, &scheduler, alive, referenceX] {
+            if (alive.expired() || !*alive.lock())
+                return Rebuilt{}; // the application is gone, and with it the capture engine
             scheduler.sleepBlocking(0.65);
+            const std::vector<CaptureEngine::Raw> raws = capture.scanAll();
             double menuBarY = 12.0;
-            for (const CaptureEngine::Raw& raw : capture.scanAll()) {
+            for (const CaptureEngine::Raw& raw : raws) {
                 if (raw.x >= 0) {
                     menuBarY = raw.info().centerY();
                     break;
                 }
             }
-            return capture.captureAll(referenceX - 40.0, menuBarY, referenceX);
+            // The signature of the bar as captured: an application that comes or goes
+            // while the capture runs still counts as a change afterwards.
+            return Rebuilt{capture.captureAll(referenceX - 40.0, menuBarY, referenceX),
+                           signatureOf(raws)};
         },
-        [this, alive](std::vector<BarItem> items) {
+        [this, alive](Rebuilt rebuilt) {
             if (alive.expired() || !*alive.lock())
                 return;
             m_buildingCache = false;
@@ -147,13 +184,14 @@ void StatusBarController::rebuildFullCache()
             m_expanded = false;
             m_revealingAlways = false;
             applyLayout();
-            if (!items.empty()) {
-                m_s.scannerModel.setDetected(std::move(items));
+            if (!rebuilt.items.empty()) {
+                publishDetected(std::move(rebuilt.items));
                 applyItemFilter();
             }
-            m_lastBarSignature = barSignature();
+            m_lastBarSignature = rebuilt.signature;
             m_didFullBuild = true;
             later(0.45, [this] { reHideEscapedItems(); });
+            resumeBarCheck();
         });
 }
 
@@ -206,8 +244,12 @@ void StatusBarController::invisibleRefresh()
             fresh.push_back(std::move(*item));
         }
     }
-    m_s.scannerModel.setDetected(mergeDetected(std::move(fresh)));
+    publishDetected(mergeDetected(std::move(fresh)));
     applyItemFilter();
+    // An item placed off is hidden wherever it turns up, also when its application starts
+    // (unless the end of a reveal is about to look, once the bar has settled).
+    if (!m_revealHidden)
+        reHideEscapedItems();
 }
 
 double StatusBarController::hiddenSeparatorLimit() const
@@ -261,75 +303,39 @@ void StatusBarController::applyEngineAllowList()
         keep.append(MenuBarHideEngine::spotlightBundleIDs());
     const std::vector<int> allowed =
         MenuBarHideEngine::allowedSystemItems(m_s.preferences.hiddenSystemItemIDs());
-    m_s.hideEngine.restrict(keep, allowed, [](std::optional<PlatformError> error) {
-        if (error)
-            qCWarning(lcBar).noquote()
-                << "the allow list could not be applied:" << error->description;
+    std::weak_ptr<bool> alive = m_alive;
+    m_s.hideEngine.restrict(keep, allowed, [this, alive](std::optional<PlatformError> error) {
+        if (auto a = alive.lock(); a && *a)
+            engineAllowListAnswered(error ? &*error : nullptr);
     });
 }
 
-void StatusBarController::setItemPinned(const QString& key, bool pinned)
+// The chevron follows what the engine really does: after a refusal nothing is hidden,
+// and the allow list is tried again, each time a little later.
+void StatusBarController::engineAllowListAnswered(const PlatformError* error)
 {
-    const ItemPlacement placement = pinned ? ItemPlacement::Bar : ItemPlacement::Panel;
-    std::optional<std::int64_t> window;
-    for (const BarItem& item : m_s.scannerModel.detected()) {
-        if (item.key == key)
-            window = item.info.id;
-    }
-    if (m_hiddenSep && window && !m_s.system.techniques().canMoveItems())
-        qCInfo(lcBar).noquote() << "items cannot be moved on this system;" << key
-                                << "keeps its place until the user drags it";
-    else if (m_hiddenSep && window) {
-        shrinkOwnItems();
-        const std::optional<ScreenRect> separator = frameOf(m_hiddenSep.get());
-        for (const CaptureEngine::Raw& raw : m_s.capture.scanAll()) {
-            if (std::int64_t(raw.id) != *window || !separator)
-                continue;
-            // Just right of the separator is the visible side, just left of it the hidden one.
-            const double target = pinned ? separator->maxX() + 1.0 : separator->x - 1.0;
-            m_s.moveEngine.move(raw.id, raw.pid, target, raw.info().centerY());
-            break;
-        }
-        restoreOwnItems();
-    }
-    m_s.preferences.setPlacement(key, placement);
-}
-
-void StatusBarController::reHideEscapedItems()
-{
-    if (!m_hiddenSep || !m_s.system.techniques().canMoveItems())
+    m_engineRetry.invalidate();
+    if (!error) {
+        m_engineRefused = false;
+        m_engineRetryDelay = 0;
+        updateChevron();
         return;
-    QHash<std::int64_t, QString> keys;
-    for (const BarItem& item : m_s.scannerModel.detected())
-        keys.insert(item.info.id, item.key);
-
-    auto escaped = [&]() -> std::optional<CaptureEngine::Raw> {
-        const std::optional<ScreenRect> separator = frameOf(m_hiddenSep.get());
-        if (!separator)
-            return std::nullopt;
-        for (const CaptureEngine::Raw& raw : m_s.capture.scanAll()) {
-            const QString key = keys.value(std::int64_t(raw.id));
-            if (!key.isEmpty() && raw.x >= separator->maxX() &&
-                m_s.preferences.placement(key) != ItemPlacement::Bar)
-                return raw;
-        }
-        return std::nullopt;
-    };
-    if (!escaped())
-        return;
-    // With the separators one point wide every item stands where it can be moved.
-    shrinkOwnItems();
-    for (int moves = 0; moves < 64; ++moves) {
-        const std::optional<CaptureEngine::Raw> raw = escaped();
-        const std::optional<ScreenRect> separator = frameOf(m_hiddenSep.get());
-        if (!raw || !separator)
-            break;
-        qCInfo(lcBar).noquote() << "hiding" << raw->name << "of" << raw->owner << "again";
-        m_s.moveEngine.move(raw->id, raw->pid, separator->x - 1.0, raw->info().centerY());
-        if (auto after = escaped(); after && after->id == raw->id)
-            break; // it does not move; leave it rather than loop
     }
-    restoreOwnItems();
+    m_engineRefused = true;
+    updateChevron();
+    if (m_engineRevealed) {
+        qCWarning(lcBar).noquote() << "the allow list could not be applied:" << error->description;
+        return; // everything shows anyway; the next collapse tries again
+    }
+    m_engineRetryDelay = m_engineRetryDelay <= 0
+                             ? firstEngineRetry
+                             : std::min(m_engineRetryDelay * 2.0, lastEngineRetry);
+    qCWarning(lcBar).noquote() << "the allow list could not be applied:" << error->description
+                               << "- trying again in" << m_engineRetryDelay << "s";
+    m_engineRetry = m_s.scheduler.after(m_engineRetryDelay, weakly([this] {
+                                            if (!m_engineRevealed)
+                                                applyEngineAllowList();
+                                        }));
 }
 
 } // namespace ravlin

@@ -74,7 +74,7 @@ MenuModel StatusBarController::buildEngineMenu()
     MenuModel menu;
     auto& e = menu.entries;
     e.push_back(
-        entry(lm.L(m_engineRevealed ? QStringLiteral("menu.hide") : QStringLiteral("menu.show")),
+        entry(lm.L(engineShowsAll() ? QStringLiteral("menu.hide") : QStringLiteral("menu.show")),
               weakly([this] { menuEngineToggle(); })));
     e.push_back(MenuEntry::separatorEntry());
     appendApplicationEntries(e);
@@ -145,6 +145,7 @@ void StatusBarController::enterArrangeMode()
     if (m_arranging)
         return;
     closeTile();
+    m_arrangeVisible = windowsRightOfHiddenSeparator();
     m_arranging = true;
     m_expanded = true;
     m_revealingAlways = true;
@@ -162,6 +163,7 @@ void StatusBarController::exitArrangeMode()
 {
     if (!m_arranging)
         return;
+    storeArrangedPlacements();
     m_arranging = false;
     if (m_s.guide)
         m_s.guide->hide();
@@ -169,6 +171,11 @@ void StatusBarController::exitArrangeMode()
     m_expanded = false;
     m_revealingAlways = false;
     applyLayout();
+    // What the user arranged is the layout now; only items placed off still go.
+    m_revealHidden.reset();
+    m_arrangeVisible.clear();
+    later(0.2, [this] { reHideEscapedItems(); });
+    resumeBarCheck();
 }
 
 } // namespace ravlin

@@ -35,6 +35,7 @@ StatusBarController::StatusBarController(StatusBarServices services) : m_s(std::
         m_s.panel->onClose = weakly([this] {
             m_tileOpen = false;
             m_lastTileClose = m_s.scheduler.now();
+            resumeBarCheck();
         });
         m_s.panel->footnote = [this, alive = std::weak_ptr<bool>(m_alive)] {
             const auto a = alive.lock();
@@ -62,6 +63,7 @@ StatusBarController::~StatusBarController()
     m_rehideTimer.invalidate();
     m_revealSafetyTimer.invalidate();
     m_watchTimer.invalidate();
+    m_engineRetry.invalidate();
     if (m_s.panel) {
         m_s.panel->onClose = nullptr;
         m_s.panel->footnote = nullptr;
@@ -143,8 +145,9 @@ void StatusBarController::removeAlwaysSeparator()
 
 void StatusBarController::updateChevron()
 {
-    // Open whenever nothing is hidden, also when a collapse did not take.
-    const bool open = m_usesEngine ? m_engineRevealed : m_expanded || !m_collapseHolds;
+    // Open whenever nothing is hidden: revealed, refused by the engine, or a collapse that
+    // did not take.
+    const bool open = m_usesEngine ? engineShowsAll() : m_expanded || !m_collapseHolds;
     const QString symbol = open ? QStringLiteral("chevron.right") : QStringLiteral("chevron.left");
     if (m_s.statusBar.symbolExists(symbol)) {
         m_mainItem->setTitle(QString());
@@ -191,6 +194,7 @@ void StatusBarController::collapseToResting()
     // The state follows what is on screen: a panel the user opened in the first moments
     // after start stays open, and is known to be.
     m_tileOpen = m_s.panel && m_s.panel->isVisible();
+    resumeBarCheck();
 }
 
 void StatusBarController::ensureCollapsed()
@@ -201,6 +205,7 @@ void StatusBarController::ensureCollapsed()
     m_revealingAlways = false;
     applyLayout();
     verifyCollapse();
+    revealEnded();
 }
 
 void StatusBarController::showInBar()
@@ -208,6 +213,7 @@ void StatusBarController::showInBar()
     closeTile();
     if (m_expanded)
         return;
+    beginReveal();
     m_expanded = true;
     applyLayout();
     later(0.4, [this] { refreshCache(); });
@@ -216,8 +222,10 @@ void StatusBarController::showInBar()
 void StatusBarController::toggleAlwaysReveal()
 {
     m_revealingAlways = !m_revealingAlways;
-    if (m_revealingAlways)
+    if (m_revealingAlways) {
+        beginReveal();
         m_expanded = true;
+    }
     applyLayout();
     scheduleRehideIfNeeded();
 }
@@ -277,7 +285,8 @@ void StatusBarController::prefsChanged()
 
 void StatusBarController::engineToggle()
 {
-    if (m_engineRevealed)
+    // After a refusal everything shows: the toggle hides, that is, tries again.
+    if (engineShowsAll())
         engineCollapse();
     else
         engineReveal();
@@ -286,6 +295,7 @@ void StatusBarController::engineToggle()
 void StatusBarController::engineReveal()
 {
     m_engineRevealed = true;
+    m_engineRetry.invalidate();
     m_s.hideEngine.release();
     updateChevron();
     armRevealCollapse();

@@ -11,7 +11,9 @@
 #include "platform/Workspace.h"
 
 #include <QDateTime>
+#include <QHash>
 #include <QObject>
+#include <QSet>
 
 #include <limits>
 #include <memory>
@@ -42,6 +44,7 @@ class StatusBar;
 class StatusItem;
 class TilePanel;
 struct MenuEntry;
+struct PlatformError;
 struct MenuModel;
 struct Stat;
 
@@ -103,6 +106,11 @@ public:
     bool rehideTimerArmed() const { return m_rehideTimer.isValid(); }
     bool revealSafetyTimerArmed() const { return m_revealSafetyTimer.isValid(); }
     bool watchTimerArmed() const { return m_watchTimer.isValid(); }
+    bool engineRetryArmed() const { return m_engineRetry.isValid(); }
+    // A look at the bar that had to wait (the bar was revealed, the panel open, …).
+    bool barCheckPending() const { return m_barCheckPending; }
+    // Engine mode: every item shows, because the user revealed them or the engine refused.
+    bool engineShowsAll() const { return m_engineRevealed || m_engineRefused; }
     bool hoverMonitorInstalled() const { return bool(m_hoverMonitor); }
     bool revealCollapseMonitorInstalled() const { return bool(m_revealCollapseMonitor); }
     const std::vector<BarGroup>& cachedGroups() const { return m_cachedGroups; }
@@ -212,6 +220,25 @@ private:
     std::unique_ptr<StatusItem> makeSeparator(const QString& autosaveName, bool dimmed);
     void prefsChanged();
     void appendApplicationEntries(std::vector<MenuEntry>& entries);
+    // Layout: what stood on the hidden side when a reveal began goes back there afterwards;
+    // nothing else moves but items placed off.
+    struct HiddenSide {
+        QSet<std::int64_t> windows;
+        QSet<QString> keys;
+        QSet<std::int64_t> alwaysWindows; // left of the always-hidden separator
+    };
+    void beginReveal();
+    bool revealUnderWay() const;
+    void revealEnded();
+    // Every item's key by window, as far as any look at the bar detected it.
+    QHash<std::int64_t, QString> detectedKeysByWindow() const;
+    void publishDetected(std::vector<BarItem> items);
+    QSet<std::int64_t> windowsRightOfHiddenSeparator() const;
+    void storeArrangedPlacements();
+    // A look at the bar that was skipped runs once nothing stands in its way.
+    void resumeBarCheck();
+    // null: granted.
+    void engineAllowListAnswered(const PlatformError* error);
     double hiddenSeparatorLimit() const;
     std::vector<MenuBarItemInfo> hiddenCandidates(double limit) const;
     std::vector<BarItem> mergeDetected(std::vector<BarItem> fresh) const;
@@ -243,6 +270,13 @@ private:
     bool m_engineRevealed = false;
     bool m_buildingCache = false;
     bool m_didFullBuild = false;
+    std::optional<HiddenSide> m_revealHidden; // while a reveal is under way, and until re-hiding
+    QSet<std::int64_t> m_arrangeVisible;      // right of the hidden separator when arranging began
+    QHash<std::int64_t, QString> m_knownKeys; // the detected list may hold only hidden items
+    bool m_barCheckPending = false;
+    bool m_engineRefused = false; // the engine's last answer was a refusal: nothing is hidden
+    Timer m_engineRetry;
+    double m_engineRetryDelay = 0;
 
     NotificationCenter::Token m_prefsToken;
     Workspace::ObserverToken m_launchToken;

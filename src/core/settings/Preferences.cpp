@@ -269,21 +269,31 @@ ItemPlacement Preferences::placement(const QString& key) const
 
 void Preferences::setPlacement(const QString& key, ItemPlacement placement)
 {
+    setPlacements({{key, placement}});
+}
+
+void Preferences::setPlacements(const QHash<QString, ItemPlacement>& placements)
+{
+    if (placements.isEmpty())
+        return;
     QSet<QString> pinned = barPinnedKeys();
     QSet<QString> hidden = hiddenItemKeys();
-    switch (placement) {
-    case ItemPlacement::Bar:
-        pinned.insert(key);
-        hidden.remove(key);
-        break;
-    case ItemPlacement::Panel:
-        pinned.remove(key);
-        hidden.remove(key);
-        break;
-    case ItemPlacement::Off:
-        pinned.remove(key);
-        hidden.insert(key);
-        break;
+    for (auto it = placements.cbegin(); it != placements.cend(); ++it) {
+        const QString& key = it.key();
+        switch (it.value()) {
+        case ItemPlacement::Bar:
+            pinned.insert(key);
+            hidden.remove(key);
+            break;
+        case ItemPlacement::Panel:
+            pinned.remove(key);
+            hidden.remove(key);
+            break;
+        case ItemPlacement::Off:
+            pinned.remove(key);
+            hidden.insert(key);
+            break;
+        }
     }
     m_defaults.set(PrefKey::barPinnedItems, sortedList(pinned));
     m_defaults.set(PrefKey::hiddenItems, sortedList(hidden));

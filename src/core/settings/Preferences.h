@@ -3,6 +3,7 @@
 #include "ItemPlacement.h"
 #include "TileStyle.h"
 
+#include <QHash>
 #include <QObject>
 #include <QSet>
 #include <QString>
@@ -77,6 +78,8 @@ public:
 
     ItemPlacement placement(const QString& key) const;
     void setPlacement(const QString& key, ItemPlacement placement);
+    // Several placements at once, written and announced once (nothing when empty).
+    void setPlacements(const QHash<QString, ItemPlacement>& placements);
 
     DefaultsStore& defaults() const { return m_defaults; }
 

@@ -150,8 +150,45 @@ const SimApp* SimDesktop::appByPid(std::int32_t pid) const
     return it == m_apps.end() ? nullptr : &*it;
 }
 
+const std::vector<SimApp>& SimDesktop::preinstalledApps()
+{
+    static const std::vector<SimApp> apps = [] {
+        std::vector<SimApp> list;
+        for (const auto& [id, name] :
+             {std::pair{QStringLiteral("com.apple.ActivityMonitor"),
+                        QStringLiteral("Activity Monitor")},
+              std::pair{QStringLiteral("com.apple.weather"), QStringLiteral("Weather")},
+              std::pair{systemSettingsId, QStringLiteral("System Settings")}}) {
+            SimApp a;
+            a.bundleId = id;
+            a.name = name;
+            a.running = false;
+            list.push_back(a);
+        }
+        return list;
+    }();
+    return apps;
+}
+
+const SimApp* SimDesktop::installedApp(const QString& bundleId) const
+{
+    if (const SimApp* declared = app(bundleId))
+        return declared;
+    for (const SimApp& a : preinstalledApps()) {
+        if (a.bundleId == bundleId)
+            return &a;
+    }
+    return nullptr;
+}
+
 bool SimDesktop::launch(const QString& bundleId)
 {
+    // A preinstalled application gets its process (and pid) only now, so that the
+    // rest of the desktop reads the same whether it was ever opened or not.
+    if (!app(bundleId)) {
+        if (const SimApp* installed = installedApp(bundleId))
+            addApp(*installed);
+    }
     SimApp* a = app(bundleId);
     if (!a || a->running)
         return false;

@@ -80,7 +80,14 @@ public:
     const SimApp* app(const QString& bundleId) const;
     const SimApp* appByPid(std::int32_t pid) const;
     const std::vector<SimApp>& apps() const { return m_apps; }
+    // Applications every Mac has installed (Activity Monitor, Weather, System Settings).
+    // They take no part in the desktop until something launches them.
+    static const std::vector<SimApp>& preinstalledApps();
+    static inline const QString systemSettingsId = QStringLiteral("com.apple.systempreferences");
+    // A declared application, or else a preinstalled one; running or not.
+    const SimApp* installedApp(const QString& bundleId) const;
     // Starts or ends an application; its items appear or vanish, listeners hear of it.
+    // A preinstalled application joins the desktop when it is first launched.
     bool launch(const QString& bundleId);
     bool terminate(const QString& bundleId);
     using LifecycleListener = std::function<void(const SimApp&, bool launched)>;
@@ -101,7 +108,10 @@ public:
     // The first item in the bar, left to right, with that title.
     std::optional<SimPlacedItem> placedByTitle(const QString& title) const;
     std::optional<SimPlacedItem> placed(std::int64_t window) const;
+    // The item a click at that point reaches: only a point on a display reaches one.
     std::optional<SimPlacedItem> itemAt(WindowServerPoint point) const;
+    // The part of an item that stands on the main display, if any.
+    std::optional<WindowServerRect> visibleStretch(std::int64_t window) const;
     // Every item of a running application, left to right.
     std::vector<SimPlacedItem> bar() const;
     // The command-drag: the item lands in the slot nearest the release x.

@@ -92,13 +92,31 @@ std::optional<SimPlacedItem> SimDesktop::placedByTitle(const QString& title) con
     return std::nullopt;
 }
 
+// The part of an item that stands on a display takes clicks, also when the rest of
+// it is pushed off the left edge: the visible stretch of a collapsed separator.
 std::optional<SimPlacedItem> SimDesktop::itemAt(WindowServerPoint point) const
 {
+    const WindowServerRect displays = screenFrame(screens().size() - 1);
+    if (point.x < 0 || point.x >= displays.maxX() || point.y < 0)
+        return std::nullopt;
     for (const SimPlacedItem& p : bar()) {
-        if (p.onScreen && p.frame.contains(point))
+        if (p.frame.contains(point))
             return p;
     }
     return std::nullopt;
+}
+
+std::optional<WindowServerRect> SimDesktop::visibleStretch(std::int64_t window) const
+{
+    const std::optional<SimPlacedItem> p = placed(window);
+    if (!p)
+        return std::nullopt;
+    const WindowServerRect screen = screenFrame(0);
+    const double left = std::max(p->frame.x, screen.x);
+    const double right = std::min(p->frame.maxX(), screen.maxX());
+    if (right <= left)
+        return std::nullopt;
+    return WindowServerRect{left, p->frame.y, right - left, p->frame.height};
 }
 
 std::int64_t SimDesktop::assignWindow(std::int64_t wanted)

@@ -59,12 +59,18 @@ std::int32_t SimWorkspace::currentProcessIdentifier()
 bool SimWorkspace::openURL(const QString& url)
 {
     m_desktop.recordOpened(url);
+    // The settings panes open in System Settings, which starts if it is not running.
+    if (url.startsWith(QStringLiteral("x-apple.systempreferences:"))) {
+        const SimApp* settings = m_desktop.installedApp(SimDesktop::systemSettingsId);
+        if (settings && !settings->running)
+            m_desktop.launch(SimDesktop::systemSettingsId);
+    }
     return true;
 }
 
 std::optional<QString> SimWorkspace::urlForApplication(const QString& bundleIdentifier)
 {
-    const SimApp* app = m_desktop.app(bundleIdentifier);
+    const SimApp* app = m_desktop.installedApp(bundleIdentifier);
     if (!app)
         return std::nullopt;
     return applicationsFolder + app->name + QStringLiteral(".app");
@@ -73,13 +79,22 @@ std::optional<QString> SimWorkspace::urlForApplication(const QString& bundleIden
 bool SimWorkspace::openApplication(const QString& applicationURL, bool activates)
 {
     Q_UNUSED(activates);
-    for (const SimApp& app : m_desktop.apps()) {
-        if (applicationsFolder + app.name + QStringLiteral(".app") == applicationURL) {
-            m_desktop.recordOpened(app.bundleId);
-            if (!app.running)
-                m_desktop.launch(app.bundleId);
-            return true;
-        }
+    std::vector<const SimApp*> candidates;
+    for (const SimApp& app : m_desktop.apps())
+        candidates.push_back(&app);
+    for (const SimApp& app : SimDesktop::preinstalledApps()) {
+        if (m_desktop.installedApp(app.bundleId) == &app)
+            candidates.push_back(&app);
+    }
+    for (const SimApp* app : candidates) {
+        if (applicationsFolder + app->name + QStringLiteral(".app") != applicationURL)
+            continue;
+        const QString bundle = app->bundleId; // launching may move the desktop's list
+        const bool running = app->running;
+        m_desktop.recordOpened(bundle);
+        if (!running)
+            m_desktop.launch(bundle);
+        return true;
     }
     return false;
 }

@@ -2,6 +2,8 @@
 
 #include "core/app/AppDelegate.h"
 #include "core/bar/StatusBarController.h"
+#include "core/settings/Preferences.h"
+#include "foundation/NotificationCenter.h"
 #include "platform/sim/SimStatusBar.h"
 #include "sandbox/SandboxCommands.h"
 #include "sandbox/SandboxSession.h"
@@ -73,4 +75,112 @@ TEST(StatusBarController, SeedingHappensOncePerUser)
                   "expect \"/defaults/NSStatusItem Preferred Position Ravlin.Main\" > 0\n")),
               0)
         << err.toStdString();
+}
+
+namespace {
+
+// Three applications' items and the own items at their first-launch places, with the
+// always-hidden section on: [Far][Mid][always][Near][hidden][main].
+const QString alwaysHiddenDesktop =
+    QStringLiteral("app com.example.near \"Near\"\n"
+                   "app com.example.mid \"Mid\"\n"
+                   "app com.example.far \"Far\"\n"
+                   "item com.example.near \"Near Status\"\n"
+                   "item com.example.mid \"Mid Status\"\n"
+                   "item com.example.far \"Far Status\"\n"
+                   "defaults write enableAlwaysHidden true\n"
+                   "start\n"
+                   "advance 3\n"
+                   "expect /bar/0/title == \"Far Status\"\n"
+                   "expect /bar/2/title == \"Ravlin.AlwaysHiddenSeparator\"\n"
+                   "expect /bar/3/title == \"Near Status\"\n"
+                   "expect /bar/4/title == \"Ravlin.HiddenSeparator\"\n");
+
+} // namespace
+
+TEST(StatusBarControllerLayout, AnItemThatEscapedTheAlwaysHiddenSectionGoesBackThere)
+{
+    Started s;
+    EXPECT_EQ(s.run(alwaysHiddenDesktop + QStringLiteral("click main right\n"
+                                                         "menu text:menu.alwaysHidden\n"
+                                                         "cmd-drag item:\"Far Status\" to 1430\n"
+                                                         "cmd-drag item:\"Near Status\" to 1430\n"
+                                                         "expect /bar/4/title == \"Far Status\"\n"
+                                                         "expect /bar/5/title == \"Near Status\"\n"
+                                                         "click main right\n"
+                                                         "menu text:menu.hide\n"
+                                                         "advance 0.2\n"
+                                                         "expect /bar/0/title == \"Mid Status\"\n"
+                                                         "expect /bar/1/title == \"Far Status\"\n"
+                                                         "expect /bar/1/onScreen == false\n"
+                                                         "expect /bar/2/title == "
+                                                         "\"Ravlin.AlwaysHiddenSeparator\"\n"
+                                                         "expect /bar/3/title == \"Near Status\"\n"
+                                                         "expect /bar/4/title == "
+                                                         "\"Ravlin.HiddenSeparator\"\n")),
+              0)
+        << s.err.toStdString();
+}
+
+TEST(StatusBarControllerLayout, ArrangeModeStoresItsPlacementsAtOnceAndLeavesOffItemsOff)
+{
+    Started s;
+    ASSERT_EQ(s.run(alwaysHiddenDesktop + QStringLiteral("placement \"n:Near Status\" off\n"
+                                                         "click main right\n"
+                                                         "menu \"Menüleiste anordnen…\"\n"
+                                                         "cmd-drag item:\"Near Status\" to 1430\n"
+                                                         "cmd-drag item:\"Mid Status\" to 1430\n")),
+              0)
+        << s.err.toStdString();
+    int announced = 0;
+    auto token =
+        s.session.app().notificationCenter().addObserver(ravlinPrefsChanged, [&] { ++announced; });
+    EXPECT_EQ(s.run(QStringLiteral("hud done\n"
+                                   "expect /preferences/barPinnedKeys == [\"n:Mid Status\"]\n"
+                                   "expect /preferences/hiddenItemKeys == [\"n:Near Status\"]\n"
+                                   // Off goes behind the separator once arranging is over.
+                                   "expect /bar/4/title == \"Near Status\"\n"
+                                   "advance 0.2\n"
+                                   "expect /bar/0/title == \"Far Status\"\n"
+                                   "expect /bar/2/title == \"Near Status\"\n"
+                                   "expect /bar/2/onScreen == false\n"
+                                   "expect /bar/3/title == \"Ravlin.HiddenSeparator\"\n"
+                                   "expect /bar/5/title == \"Mid Status\"\n"
+                                   "expect /bar/5/onScreen == true\n")),
+              0)
+        << s.err.toStdString();
+    EXPECT_EQ(announced, 1);
+}
+
+TEST(StatusBarControllerLayout, AStartMovesNothingButItemsPlacedOff)
+{
+    // Mid stands right of the chevron, Near between the separator and the chevron.
+    Started s;
+    EXPECT_EQ(s.run(QStringLiteral(
+                  "app com.example.near \"Near\"\n"
+                  "app com.example.mid \"Mid\"\n"
+                  "app com.example.far \"Far\"\n"
+                  "item com.example.mid \"Mid Status\"\n"
+                  "item com.example.near \"Near Status\"\n"
+                  "item com.example.far \"Far Status\"\n"
+                  "defaults write seededPositionsV1 true\n"
+                  "defaults write \"NSStatusItem Preferred Position Ravlin.Main\" 22\n"
+                  "defaults write \"NSStatusItem Preferred Position Ravlin.HiddenSeparator\" 68\n"
+                  "defaults write hiddenItems [\"n:Near Status\"]\n"
+                  "start\n"
+                  "expect /bar/0/title == \"Far Status\"\n"
+                  "expect /bar/1/title == \"Ravlin.HiddenSeparator\"\n"
+                  "expect /bar/2/title == \"Near Status\"\n"
+                  "expect /bar/4/title == \"Mid Status\"\n"
+                  "advance 3\n"
+                  "expect /controller/didFullBuild == true\n"
+                  "expect /bar/1/title == \"Near Status\"\n"
+                  "expect /bar/1/onScreen == false\n"
+                  "expect /bar/2/title == \"Ravlin.HiddenSeparator\"\n"
+                  "expect /bar/3/title == \"Ravlin.Main\"\n"
+                  "expect /bar/4/title == \"Mid Status\"\n"
+                  "expect /bar/4/onScreen == true\n"
+                  "expect /preferences/barPinnedKeys == []\n")),
+              0)
+        << s.err.toStdString();
 }

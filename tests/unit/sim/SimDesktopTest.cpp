@@ -143,3 +143,52 @@ TEST_F(SimDesktopTest, ScreensAreReportedInScreenCoordinates)
     w.desktop.setCursor({100, 10});
     EXPECT_EQ(w.platform.screens->mouseLocation(), (ScreenPoint{100, 890}));
 }
+
+TEST_F(SimDesktopTest, TheVisibleStretchOfACollapsedSeparatorTakesClicks)
+{
+    const auto left = w.item(QStringLiteral("com.example.a"), QStringLiteral("Left"));
+    const auto separator = w.desktop.addOwnItem(QStringLiteral("Ravlin.HiddenSeparator"), 10);
+    w.desktop.setItemWidth(separator, 10000);
+    ASSERT_FALSE(w.placed(separator).onScreen);
+    EXPECT_EQ(w.desktop.visibleStretch(separator), (WindowServerRect{0, 0, 1360, 24}));
+    EXPECT_FALSE(w.desktop.visibleStretch(left));
+    std::vector<std::int64_t> clicked;
+    w.desktop.setOwnItemClickHandler(
+        [&](const SimItem& item, const SimUserClick&) { clicked.push_back(item.window); });
+    w.desktop.userClick({{20, 12}});
+    EXPECT_EQ(clicked, (std::vector<std::int64_t>{separator}));
+    // Nothing reaches a point beside every display, not even the item that spans it.
+    EXPECT_FALSE(w.desktop.itemAt({-5, 12}));
+    EXPECT_FALSE(w.desktop.itemAt({1440, 12}));
+}
+
+TEST_F(SimDesktopTest, PreinstalledApplicationsRunOnlyOnceSomethingOpensThem)
+{
+    const std::size_t declared = w.desktop.apps().size();
+    Workspace& workspace = *w.platform.workspace;
+    const std::size_t running = workspace.runningApplications().size();
+    const std::optional<QString> monitor =
+        workspace.urlForApplication(QStringLiteral("com.apple.ActivityMonitor"));
+    ASSERT_TRUE(monitor);
+    ASSERT_TRUE(workspace.urlForApplication(QStringLiteral("com.apple.weather")));
+    EXPECT_FALSE(workspace.urlForApplication(QStringLiteral("com.example.nothere")));
+    EXPECT_EQ(w.desktop.apps().size(), declared);
+    EXPECT_EQ(workspace.runningApplications().size(), running);
+
+    QStringList launched;
+    auto token = workspace.addObserver(
+        WorkspaceNotification::DidLaunchApplication,
+        [&](const RunningApplication& a) { launched << a.bundleIdentifier.value_or(QString()); });
+    EXPECT_TRUE(workspace.openApplication(*monitor, true));
+    workspace.openURL(
+        QStringLiteral("x-apple.systempreferences:com.apple.Battery-Settings.extension"));
+    workspace.openURL(
+        QStringLiteral("x-apple.systempreferences:com.apple.Battery-Settings.extension"));
+    EXPECT_EQ(launched, (QStringList{QStringLiteral("com.apple.ActivityMonitor"),
+                                     SimDesktop::systemSettingsId}));
+    EXPECT_EQ(workspace.runningApplications().size(), running + 2);
+    // A pid of its own, not one a declared application holds.
+    const SimApp* opened = w.desktop.app(QStringLiteral("com.apple.ActivityMonitor"));
+    ASSERT_TRUE(opened);
+    EXPECT_EQ(w.desktop.appByPid(opened->pid), opened);
+}

@@ -1,0 +1,214 @@
+// The layout of the bar is the user's: items change sides only by the user's hand
+// (arrange mode, a placement in the settings or the status menu). A reveal remembers
+// what stood on the hidden side when it began, and only that goes back afterwards;
+// an item placed off is hidden wherever it turns up.
+#include "StatusBarController.h"
+
+#include "MoveEngine.h"
+#include "core/discovery/CaptureEngine.h"
+#include "core/discovery/ItemTitles.h"
+#include "core/discovery/MenuBarSystem.h"
+#include "core/discovery/ScannerModel.h"
+#include "core/settings/Preferences.h"
+#include "core/tiles/BarItemFactory.h"
+#include "foundation/Logging.h"
+#include "platform/StatusBar.h"
+
+namespace ravlin {
+namespace {
+
+// An item that touches a separator still stands on its left: two points of slack, as
+// for the panel's candidates.
+bool standsLeftOf(const CaptureEngine::Raw& raw, const ScreenRect& separator)
+{
+    return raw.x + raw.w <= separator.x + 2.0;
+}
+
+} // namespace
+
+void StatusBarController::publishDetected(std::vector<BarItem> items)
+{
+    for (const BarItem& item : items)
+        m_knownKeys.insert(item.info.id, item.key);
+    m_s.scannerModel.setDetected(std::move(items));
+}
+
+QHash<std::int64_t, QString> StatusBarController::detectedKeysByWindow() const
+{
+    // A refresh while the bar is revealed lists only the hidden items; the key of an item
+    // seen before on the visible side is still known by its window.
+    QHash<std::int64_t, QString> keys = m_knownKeys;
+    for (const BarItem& item : m_s.scannerModel.detected())
+        keys.insert(item.info.id, item.key);
+    return keys;
+}
+
+void StatusBarController::beginReveal()
+{
+    if (!m_hiddenSep)
+        return;
+    const std::optional<ScreenRect> hidden = frameOf(m_hiddenSep.get());
+    if (!hidden)
+        return;
+    const std::optional<ScreenRect> always =
+        frameOf(m_alwaysSep.get());
+    const QHash<std::int64_t, QString> keys = detectedKeysByWindow();
+    // Reveals may overlap (a second tile clicked before the first reveal ended): what
+    // stood hidden at the start of any of them goes back.
+    HiddenSide& side = m_revealHidden ? *m_revealHidden : m_revealHidden.emplace();
+    for (const CaptureEngine::Raw& raw : m_s.capture.scanAll()) {
+        if (!standsLeftOf(raw, *hidden))
+            continue;
+        side.windows.insert(raw.id);
+        if (const QString key = keys.value(std::int64_t(raw.id)); !key.isEmpty())
+            side.keys.insert(key);
+        if (always && standsLeftOf(raw, *always))
+            side.alwaysWindows.insert(raw.id);
+    }
+}
+
+bool StatusBarController::revealUnderWay() const
+{
+    return m_expanded || m_buildingCache || m_arranging || m_revealCollapseMonitor;
+}
+
+void StatusBarController::revealEnded()
+{
+    if (m_revealHidden)
+        later(0.2, [this] { reHideEscapedItems(); });
+    resumeBarCheck();
+}
+
+void StatusBarController::reHideEscapedItems()
+{
+    if (!m_hiddenSep || revealUnderWay())
+        return; // the end of the reveal under way comes back here
+    if (!m_s.system.techniques().canMoveItems()) {
+        m_revealHidden.reset(); // nothing can be moved back here: the user's own drag decides
+        return;
+    }
+    const HiddenSide side = m_revealHidden.value_or(HiddenSide{});
+    m_revealHidden.reset();
+    const QHash<std::int64_t, QString> keys = detectedKeysByWindow();
+    auto belongsHidden = [&](const CaptureEngine::Raw& raw) {
+        const QString key = keys.value(std::int64_t(raw.id));
+        const ItemPlacement placement =
+            key.isEmpty() ? ItemPlacement::Panel : m_s.preferences.placement(key);
+        if (placement != ItemPlacement::Panel)
+            return placement == ItemPlacement::Off;
+        return side.windows.contains(raw.id) || (!key.isEmpty() && side.keys.contains(key));
+    };
+    QSet<std::int64_t> tried;
+    auto nextEscaped = [&]() -> std::optional<CaptureEngine::Raw> {
+        const std::optional<ScreenRect> separator = frameOf(m_hiddenSep.get());
+        if (!separator)
+            return std::nullopt;
+        for (const CaptureEngine::Raw& raw : m_s.capture.scanAll()) {
+            if (!tried.contains(raw.id) && !standsLeftOf(raw, *separator) && belongsHidden(raw))
+                return raw;
+        }
+        return std::nullopt;
+    };
+    if (!nextEscaped())
+        return;
+    // With the separators one point wide every item stands where it can be moved.
+    shrinkOwnItems();
+    for (int moves = 0; moves < 64; ++moves) {
+        const std::optional<CaptureEngine::Raw> raw = nextEscaped();
+        if (!raw)
+            break;
+        tried.insert(raw->id); // one attempt each: an item that does not move is left alone
+        const bool always = side.alwaysWindows.contains(raw->id) && m_alwaysSep;
+        const std::optional<ScreenRect> separator =
+            frameOf((always ? m_alwaysSep : m_hiddenSep).get());
+        if (!separator)
+            continue;
+        // The target is where the item's centre should land. Once the item leaves its
+        // place right of the separator, the row (which grows leftwards from the right
+        // edge) closes up and the separator stands the item's width further right: the
+        // place just left of it is then centred half a width right of its x today.
+        const double target = separator->x + raw->w / 2.0;
+        qCInfo(lcBar).noquote() << "hiding" << raw->name << "of" << raw->owner << "again";
+        m_s.moveEngine.move(raw->id, raw->pid, target, raw->info().centerY());
+    }
+    restoreOwnItems();
+}
+
+QSet<std::int64_t> StatusBarController::windowsRightOfHiddenSeparator() const
+{
+    QSet<std::int64_t> windows;
+    const std::optional<ScreenRect> separator =
+        frameOf(m_hiddenSep.get());
+    if (!separator)
+        return windows;
+    for (const CaptureEngine::Raw& raw : m_s.capture.scanAll()) {
+        if (!standsLeftOf(raw, *separator))
+            windows.insert(raw.id);
+    }
+    return windows;
+}
+
+// Arrange mode is the user's decision: right of the marker means kept in the bar;
+// moved from there to the left means the panel. Items placed off stay off.
+void StatusBarController::storeArrangedPlacements()
+{
+    const std::optional<ScreenRect> separator =
+        frameOf(m_hiddenSep.get());
+    if (!separator)
+        return;
+    const QHash<std::int64_t, QString> keys = detectedKeysByWindow();
+    QHash<QString, ItemPlacement> placements;
+    for (const CaptureEngine::Raw& raw : m_s.capture.scanAll()) {
+        if (raw.name == ItemTitles::clock || raw.name == ItemTitles::controlCentre)
+            continue; // fixed at the right end: nothing to decide
+        // An item no look at the bar has named yet (all items are on screen now).
+        QString key = keys.value(std::int64_t(raw.id));
+        if (key.isEmpty()) {
+            if (const std::optional<BarItem> item = m_s.factory.makeItem(raw.info()))
+                key = item->key;
+        }
+        if (key.isEmpty())
+            continue;
+        const ItemPlacement now = m_s.preferences.placement(key);
+        if (now == ItemPlacement::Off)
+            continue;
+        if (!standsLeftOf(raw, *separator)) {
+            if (now != ItemPlacement::Bar)
+                placements.insert(key, ItemPlacement::Bar);
+        } else if (m_arrangeVisible.contains(raw.id) && now != ItemPlacement::Panel) {
+            placements.insert(key, ItemPlacement::Panel);
+        }
+    }
+    if (!placements.isEmpty())
+        qCInfo(lcBar) << "arrange mode placed" << placements.size() << "items";
+    m_s.preferences.setPlacements(placements);
+}
+
+void StatusBarController::setItemPinned(const QString& key, bool pinned)
+{
+    const ItemPlacement placement = pinned ? ItemPlacement::Bar : ItemPlacement::Panel;
+    std::optional<std::int64_t> window;
+    for (const BarItem& item : m_s.scannerModel.detected()) {
+        if (item.key == key)
+            window = item.info.id;
+    }
+    if (m_hiddenSep && window && !m_s.system.techniques().canMoveItems())
+        qCInfo(lcBar).noquote() << "items cannot be moved on this system;" << key
+                                << "keeps its place until the user drags it";
+    else if (m_hiddenSep && window) {
+        shrinkOwnItems();
+        const std::optional<ScreenRect> separator = frameOf(m_hiddenSep.get());
+        for (const CaptureEngine::Raw& raw : m_s.capture.scanAll()) {
+            if (std::int64_t(raw.id) != *window || !separator)
+                continue;
+            // Just right of the separator is the visible side, just left of it the hidden one.
+            const double target = pinned ? separator->maxX() + 1.0 : separator->x - 1.0;
+            m_s.moveEngine.move(raw.id, raw.pid, target, raw.info().centerY());
+            break;
+        }
+        restoreOwnItems();
+    }
+    m_s.preferences.setPlacement(key, placement);
+}
+
+} // namespace ravlin
