@@ -100,6 +100,22 @@ BarArrangement BarArrangement::merged(const BarArrangement& recorded, const BarA
     return result;
 }
 
+BarArrangement BarArrangement::restored(const BarArrangement& recorded, const BarArrangement& seen)
+{
+    const QStringList seenTokens = seen.sequence();
+    QStringList tokens;
+    for (const QString& token : recorded.sequence())
+        if (isMarker(token) || seen.contains(token))
+            tokens.append(token);
+    QString previous;
+    for (const QString& token : seenTokens) {
+        if (!tokens.contains(token))
+            tokens.insert(previous.isEmpty() ? 0 : tokens.indexOf(previous) + 1, token);
+        previous = token;
+    }
+    return fromSequence(tokens);
+}
+
 PlistValue BarArrangement::toPlist() const
 {
     return PlistDict{{alwaysKey, PlistValue::fromStringList(alwaysHidden)},

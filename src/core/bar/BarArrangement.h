@@ -38,6 +38,9 @@ struct BarArrangement {
     // The order seen now for the items seen now; every key recorded but not seen stays in
     // its recorded section, right of the nearest recorded key before it still seen there.
     static BarArrangement merged(const BarArrangement& recorded, const BarArrangement& seen);
+    // The order the record wants for the items seen now: recorded items as recorded,
+    // items without a record where they are seen, right of the token they follow there.
+    static BarArrangement restored(const BarArrangement& recorded, const BarArrangement& seen);
 
     PlistValue toPlist() const;
     // Absent when the value is not such a dictionary of lists of texts.

@@ -87,3 +87,15 @@ TEST(ArrangementPlanner, AnyOrderComesBackAndTheSeparatorsStay)
             EXPECT_FALSE(m.key == always || m.key == hidden);
     }
 }
+
+TEST(BarArrangement, TheRecordWantsItsOrderBackAndNewItemsStayWhereTheyAre)
+{
+    const BarArrangement recorded = BarArrangement::fromSequence({A, B, hidden, C, D});
+    // The system forgot the positions: everything landed left of the separator, and E is new.
+    const BarArrangement seen = BarArrangement::fromSequence({C, E, D, A, B, hidden});
+    EXPECT_EQ(BarArrangement::restored(recorded, seen).sequence(),
+              (QStringList{always, A, B, hidden, C, E, D}));
+    // An item the record knows but that is not in the bar now is not asked for.
+    EXPECT_FALSE(
+        BarArrangement::restored(recorded, BarArrangement::fromSequence({A, hidden})).contains(C));
+}
