@@ -21,7 +21,7 @@ struct RunningApplication {
     ActivationPolicy activationPolicy = ActivationPolicy::Regular;
 };
 
-enum class WorkspaceNotification { DidLaunchApplication, DidTerminateApplication };
+enum class WorkspaceNotification { DidLaunchApplication, DidTerminateApplication, DidWake };
 
 // The shared workspace: running applications, their launch and termination,
 // and opening URLs and applications.

@@ -6,6 +6,7 @@
 #include "ScriptRunner.h"
 
 #include "platform/sim/SimDesktop.h"
+#include "platform/sim/SimWorkspace.h"
 
 namespace ravlin::sandbox {
 namespace {
@@ -76,6 +77,27 @@ void screenCommand(CommandContext& c)
         return;
     }
     c.session.desktop().plugInScreen(screen);
+    c.session.scheduler().runDue();
+}
+
+// `wake`: the Mac wakes from sleep. `positions reset` / `positions shuffle SEED`: the
+// system forgets where the items stood, or puts other applications' items in another order.
+void wakeCommand(CommandContext& c)
+{
+    static_cast<SimWorkspace&>(*c.session.platform().workspace).wake();
+    c.session.scheduler().runDue();
+}
+
+void positionsCommand(CommandContext& c)
+{
+    const QString what = c.need(1, QStringLiteral("reset or shuffle"));
+    if (what == u"reset")
+        c.session.desktop().resetPositions();
+    else if (what == u"shuffle")
+        c.session.desktop().shufflePositions(std::uint32_t(
+            integer(c, c.need(2, QStringLiteral("a seed")), QStringLiteral("positions shuffle"))));
+    else
+        c.fail(QStringLiteral("positions takes reset or shuffle SEED, not %1").arg(what));
     c.session.scheduler().runDue();
 }
 
@@ -311,6 +333,8 @@ void registerDesktopCommands(ScriptRunner& runner)
 {
     runner.addCommand(QStringLiteral("screen"), Phase::Any, screenCommand);
     runner.addCommand(QStringLiteral("system"), Phase::BeforeStart, systemCommand);
+    runner.addCommand(QStringLiteral("wake"), Phase::AfterStart, wakeCommand);
+    runner.addCommand(QStringLiteral("positions"), Phase::Any, positionsCommand);
     runner.addCommand(QStringLiteral("app"), Phase::BeforeStart, appCommand);
     runner.addCommand(QStringLiteral("item"), Phase::BeforeStart, itemCommand);
     runner.addCommand(QStringLiteral("extras"), Phase::BeforeStart, extrasCommand);

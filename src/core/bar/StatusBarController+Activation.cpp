@@ -74,6 +74,7 @@ void StatusBarController::openTile()
 
 void StatusBarController::presentTile()
 {
+    noticeArrangement();
     if (m_cachedGroups.empty())
         m_cachedGroups = m_s.grouping.makeGroups(hiddenCandidates());
     if (m_s.panel) {
@@ -123,27 +124,35 @@ void StatusBarController::activateItem(const BarItem& item)
     armRevealCollapse();
     std::weak_ptr<bool> alive = m_alive;
     Scheduler& scheduler = m_s.scheduler;
-    scheduler.background([this, alive, &scheduler, item, threshold, limit] {
-        scheduler.sleepBlocking(0.3);
-        if (auto a = alive.lock(); a && *a)
-            clickHiddenItem(item, threshold, limit);
-    });
+    scheduler.background<std::optional<std::uint32_t>>(
+        [this, alive, &scheduler, item, threshold, limit]() -> std::optional<std::uint32_t> {
+            scheduler.sleepBlocking(0.3);
+            if (auto a = alive.lock(); a && *a)
+                return clickHiddenItem(item, threshold, limit);
+            return std::nullopt;
+        },
+        [this, alive](std::optional<std::uint32_t> moved) {
+            // What Ravlin brought into view goes back when the reveal ends.
+            if (auto a = alive.lock(); a && *a && moved && m_revealHidden)
+                m_revealHidden->movedOut.insert(*moved);
+        });
 }
 
-void StatusBarController::clickHiddenItem(const BarItem& item, double threshold, double limit)
+std::optional<std::uint32_t> StatusBarController::clickHiddenItem(const BarItem& item,
+                                                                  double threshold, double limit)
 {
     if (!m_s.system.techniques().canMoveItems()) {
         pressElementOf(item);
-        return;
+        return std::nullopt;
     }
     const std::vector<BarGroup> groups = m_s.grouping.makeGroups(hiddenCandidates(limit));
     if (const std::optional<MenuBarItemInfo> found = findInGroups(groups, item)) {
         activate(item.key, found->centerX(), found->centerY());
-        return;
+        return std::nullopt;
     }
     const std::optional<CaptureEngine::Raw> raw = findRaw(m_s.capture.scanAll(), item);
     if (!raw)
-        return; // gone from the bar: nothing is clicked, the reveal period ends by itself
+        return std::nullopt; // gone from the bar: nothing is clicked, the reveal ends by itself
     const MenuBarItemInfo info = raw->info();
     // Dropped just left of the main item, it lands in view beside the separators.
     m_s.moveEngine.move(raw->id, raw->pid, threshold - 2.0, info.centerY());
@@ -152,6 +161,7 @@ void StatusBarController::clickHiddenItem(const BarItem& item, double threshold,
         const MenuBarItemInfo now = moved->info();
         activate(item.key, now.centerX(), now.centerY());
     }
+    return raw->id;
 }
 
 // Where items have no windows there is nothing to drag or click into: the item's own

@@ -116,6 +116,7 @@ void StatusBarController::checkForBarChanges()
         return;
     }
     m_barCheckPending = false;
+    noticeArrangement();
     const QString signature = barSignature();
     if (signature == m_lastBarSignature)
         return;
@@ -179,6 +180,7 @@ void StatusBarController::rebuildFullCache()
         [this, alive](Rebuilt rebuilt) {
             if (alive.expired() || !*alive.lock())
                 return;
+            const bool firstLook = !m_didFullBuild;
             m_buildingCache = false;
             restoreOwnItems();
             m_expanded = false;
@@ -190,6 +192,9 @@ void StatusBarController::rebuildFullCache()
             }
             m_lastBarSignature = rebuilt.signature;
             m_didFullBuild = true;
+            // A start is when the system may have forgotten where the items stood.
+            if (firstLook)
+                restoreArrangement(QStringLiteral("the start"));
             later(0.45, [this] { reHideEscapedItems(); });
             resumeBarCheck();
         });

@@ -4,6 +4,7 @@
 // an item placed off is hidden wherever it turns up.
 #include "StatusBarController.h"
 
+#include "ArrangementPlanner.h"
 #include "MoveEngine.h"
 #include "core/discovery/CaptureEngine.h"
 #include "core/discovery/ItemTitles.h"
@@ -50,8 +51,7 @@ void StatusBarController::beginReveal()
     const std::optional<ScreenRect> hidden = frameOf(m_hiddenSep.get());
     if (!hidden)
         return;
-    const std::optional<ScreenRect> always =
-        frameOf(m_alwaysSep.get());
+    const std::optional<ScreenRect> always = frameOf(m_alwaysSep.get());
     const QHash<std::int64_t, QString> keys = detectedKeysByWindow();
     // Reveals may overlap (a second tile clicked before the first reveal ended): what
     // stood hidden at the start of any of them goes back.
@@ -89,22 +89,62 @@ void StatusBarController::reHideEscapedItems()
     }
     const HiddenSide side = m_revealHidden.value_or(HiddenSide{});
     m_revealHidden.reset();
+    // Only what Ravlin itself brought into view goes back, to where it stood: an item the
+    // user dragged across meanwhile is the user's decision and becomes the arrangement.
+    putBack(side);
+    hideItemsPlacedOff(side);
+    noticeArrangement();
+}
+
+// Where the arrangement has them; without one yet, just left of their section's separator.
+void StatusBarController::putBack(const HiddenSide& side)
+{
+    if (side.movedOut.isEmpty())
+        return;
+    const std::optional<BarArrangement> recorded = m_arrangements.recorded();
+    if (!recorded) {
+        moveLeftOfSeparators(side, [&](const CaptureEngine::Raw& raw, const QString&) {
+            return side.movedOut.contains(raw.id);
+        });
+        return;
+    }
     const QHash<std::int64_t, QString> keys = detectedKeysByWindow();
-    auto belongsHidden = [&](const CaptureEngine::Raw& raw) {
-        const QString key = keys.value(std::int64_t(raw.id));
-        const ItemPlacement placement =
-            key.isEmpty() ? ItemPlacement::Panel : m_s.preferences.placement(key);
-        if (placement != ItemPlacement::Panel)
-            return placement == ItemPlacement::Off;
-        return side.windows.contains(raw.id) || (!key.isEmpty() && side.keys.contains(key));
-    };
+    QSet<QString> movedKeys;
+    for (std::int64_t window : side.movedOut)
+        movedKeys.insert(keys.value(window));
+    const BarArrangement seen = seenArrangement();
+    const BarArrangement wanted = BarArrangement::restored(*recorded, seen);
+    shrinkOwnItems();
+    for (const ArrangementMove& move :
+         ArrangementPlanner::movesFrom(seen.sequence(), wanted.sequence())) {
+        if (movedKeys.contains(move.key)) {
+            qCInfo(lcBar).noquote() << "putting" << move.key << "back";
+            performMove(move);
+        }
+    }
+    restoreOwnItems();
+}
+
+void StatusBarController::hideItemsPlacedOff(const HiddenSide& side)
+{
+    moveLeftOfSeparators(side, [this](const CaptureEngine::Raw&, const QString& key) {
+        return !key.isEmpty() && m_s.preferences.placement(key) == ItemPlacement::Off;
+    });
+}
+
+void StatusBarController::moveLeftOfSeparators(
+    const HiddenSide& side,
+    const std::function<bool(const CaptureEngine::Raw&, const QString&)>& belongsHidden)
+{
+    const QHash<std::int64_t, QString> keys = detectedKeysByWindow();
     QSet<std::int64_t> tried;
     auto nextEscaped = [&]() -> std::optional<CaptureEngine::Raw> {
         const std::optional<ScreenRect> separator = frameOf(m_hiddenSep.get());
         if (!separator)
             return std::nullopt;
         for (const CaptureEngine::Raw& raw : m_s.capture.scanAll()) {
-            if (!tried.contains(raw.id) && !standsLeftOf(raw, *separator) && belongsHidden(raw))
+            if (!tried.contains(raw.id) && !standsLeftOf(raw, *separator) &&
+                belongsHidden(raw, keys.value(std::int64_t(raw.id))))
                 return raw;
         }
         return std::nullopt;
@@ -137,8 +177,7 @@ void StatusBarController::reHideEscapedItems()
 QSet<std::int64_t> StatusBarController::windowsRightOfHiddenSeparator() const
 {
     QSet<std::int64_t> windows;
-    const std::optional<ScreenRect> separator =
-        frameOf(m_hiddenSep.get());
+    const std::optional<ScreenRect> separator = frameOf(m_hiddenSep.get());
     if (!separator)
         return windows;
     for (const CaptureEngine::Raw& raw : m_s.capture.scanAll()) {
@@ -152,8 +191,7 @@ QSet<std::int64_t> StatusBarController::windowsRightOfHiddenSeparator() const
 // moved from there to the left means the panel. Items placed off stay off.
 void StatusBarController::storeArrangedPlacements()
 {
-    const std::optional<ScreenRect> separator =
-        frameOf(m_hiddenSep.get());
+    const std::optional<ScreenRect> separator = frameOf(m_hiddenSep.get());
     if (!separator)
         return;
     const QHash<std::int64_t, QString> keys = detectedKeysByWindow();
@@ -187,28 +225,17 @@ void StatusBarController::storeArrangedPlacements()
 void StatusBarController::setItemPinned(const QString& key, bool pinned)
 {
     const ItemPlacement placement = pinned ? ItemPlacement::Bar : ItemPlacement::Panel;
-    std::optional<std::int64_t> window;
-    for (const BarItem& item : m_s.scannerModel.detected()) {
-        if (item.key == key)
-            window = item.info.id;
-    }
-    if (m_hiddenSep && window && !m_s.system.techniques().canMoveItems())
+    if (m_hiddenSep && !m_s.system.techniques().canMoveItems()) {
         qCInfo(lcBar).noquote() << "items cannot be moved on this system;" << key
                                 << "keeps its place until the user drags it";
-    else if (m_hiddenSep && window) {
+    } else if (m_hiddenSep) {
+        // Just right of the separator is the visible side, just left of it the hidden one.
         shrinkOwnItems();
-        const std::optional<ScreenRect> separator = frameOf(m_hiddenSep.get());
-        for (const CaptureEngine::Raw& raw : m_s.capture.scanAll()) {
-            if (std::int64_t(raw.id) != *window || !separator)
-                continue;
-            // Just right of the separator is the visible side, just left of it the hidden one.
-            const double target = pinned ? separator->maxX() + 1.0 : separator->x - 1.0;
-            m_s.moveEngine.move(raw.id, raw.pid, target, raw.info().centerY());
-            break;
-        }
+        performMove({key, BarArrangement::hiddenMarker, pinned});
         restoreOwnItems();
     }
     m_s.preferences.setPlacement(key, placement);
+    recordArrangement();
 }
 
 } // namespace ravlin

@@ -174,7 +174,10 @@ void StatusBarController::exitArrangeMode()
     // What the user arranged is the layout now; only items placed off still go.
     m_revealHidden.reset();
     m_arrangeVisible.clear();
-    later(0.2, [this] { reHideEscapedItems(); });
+    later(0.2, [this] {
+        reHideEscapedItems();
+        recordArrangement();
+    });
     resumeBarCheck();
 }
 

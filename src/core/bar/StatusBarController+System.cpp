@@ -54,6 +54,7 @@ void StatusBarController::displaysChanged()
     fillSpans();
     applyLayout();
     verifyCollapse();
+    restoreArrangement(QStringLiteral("a display change"));
 }
 
 double StatusBarController::collapsedSeparatorLength() const

@@ -11,7 +11,8 @@
 
 namespace ravlin {
 
-StatusBarController::StatusBarController(StatusBarServices services) : m_s(std::move(services))
+StatusBarController::StatusBarController(StatusBarServices services)
+    : m_s(std::move(services)), m_arrangements(m_s.preferences.defaults())
 {
     m_usesEngine = m_s.hideEngine.isAvailable();
     buildItems();
@@ -42,6 +43,12 @@ StatusBarController::StatusBarController(StatusBarServices services) : m_s(std::
             return a && *a ? panelFootnote() : QString();
         };
     }
+    // After a sleep the system may have laid the bar out anew; a moment later it has settled.
+    m_wakeToken = m_s.workspace.addObserver(
+        WorkspaceNotification::DidWake,
+        [wake = weakly([this] {
+             later(1.0, [this] { restoreArrangement(QStringLiteral("a wake")); });
+         })](const RunningApplication&) { wake(); });
     later(0.7, [this] {
         // By now the bar has laid the items out: a second look sees where they stand.
         lookAtSystem();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ArrangementStore.h"
+#include "core/discovery/CaptureEngine.h"
 #include "core/discovery/MenuBarItemInfo.h"
 #include "core/tiles/BarGroup.h"
 #include "core/tiles/BarItem.h"
@@ -43,6 +45,7 @@ class SettingsPresenter;
 class StatusBar;
 class StatusItem;
 class TilePanel;
+struct ArrangementMove;
 struct MenuEntry;
 struct PlatformError;
 struct MenuModel;
@@ -151,6 +154,16 @@ public:
     bool clickIsInMenuBar() const;
     void finishReveal();
 
+    // The arrangement the user made: recorded, noticed when changed by hand, restored after
+    // the system moved items.
+    BarArrangement seenArrangement() const;
+    void recordArrangement();
+    void noticeArrangement();
+    void restoreArrangement(const QString& occasion);
+    // The items the system moved that could not be put back (keys).
+    const QStringList& movedBySystem() const { return m_movedBySystem; }
+    const ArrangementStore& arrangements() const { return m_arrangements; }
+
     // The running system's menu bar.
     void lookAtSystem();
     void displaysChanged();
@@ -200,7 +213,9 @@ public:
     ScreenRect toggleScreenRect() const;
     void activateItem(const BarItem& item);
     void activateStat(const Stat& stat);
-    void clickHiddenItem(const BarItem& item, double threshold, double limit);
+    // The window it had to move into view to reach the item, if any.
+    std::optional<std::uint32_t> clickHiddenItem(const BarItem& item, double threshold,
+                                                 double limit);
     void activate(const QString& key, double x, double y);
     void pressElementOf(const BarItem& item);
     void postClick(double x, double y);
@@ -215,6 +230,9 @@ private:
                   int wanted);
     double collapsedSeparatorLength() const;
     bool separatorsKept() const;
+    bool keepsArrangement() const;
+    QHash<std::int64_t, QString> keysOf(const std::vector<CaptureEngine::Raw>& raws) const;
+    void performMove(const ArrangementMove& move);
     void seedDefaultPositionsIfNeeded();
     void configureToggleButton();
     std::unique_ptr<StatusItem> makeSeparator(const QString& autosaveName, bool dimmed);
@@ -226,8 +244,14 @@ private:
         QSet<std::int64_t> windows;
         QSet<QString> keys;
         QSet<std::int64_t> alwaysWindows; // left of the always-hidden separator
+        QSet<std::int64_t> movedOut;      // brought into view by Ravlin itself (an activation)
     };
     void beginReveal();
+    void putBack(const HiddenSide& side);
+    void hideItemsPlacedOff(const HiddenSide& side);
+    void moveLeftOfSeparators(
+        const HiddenSide& side,
+        const std::function<bool(const CaptureEngine::Raw&, const QString&)>& belongsHidden);
     bool revealUnderWay() const;
     void revealEnded();
     // Every item's key by window, as far as any look at the bar detected it.
@@ -253,6 +277,9 @@ private:
     std::vector<std::unique_ptr<StatusItem>> m_hiddenSpan;
     std::vector<std::unique_ptr<StatusItem>> m_alwaysSpan;
     bool m_collapseHolds = true;
+    ArrangementStore m_arrangements;
+    QStringList m_movedBySystem;
+    bool m_restoring = false;
     Screens::ObserverToken m_screensToken;
     bool m_expanded = true;
     bool m_revealingAlways = false;
@@ -281,6 +308,7 @@ private:
     NotificationCenter::Token m_prefsToken;
     Workspace::ObserverToken m_launchToken;
     Workspace::ObserverToken m_terminateToken;
+    Workspace::ObserverToken m_wakeToken;
     std::vector<Timer> m_deferred;
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
 };

@@ -116,6 +116,12 @@ public:
     std::vector<SimPlacedItem> bar() const;
     // The command-drag: the item lands in the slot nearest the release x.
     bool dragItem(std::int64_t window, double releaseX);
+    // The system forgets where the items stood: its own and this application's items keep
+    // their places at the right, every other item follows left of them in the order the
+    // items first appeared.
+    void resetPositions();
+    // Other applications' items change places among themselves, in an order the seed gives.
+    void shufflePositions(std::uint32_t seed);
     static QString preferredPositionKey(const QString& autosaveName);
 
     // Items the assessment mode hides leave the bar: they take no room and are not on screen.

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <random>
 
 namespace ravlin {
 
@@ -249,6 +250,32 @@ bool SimDesktop::dragItem(std::int64_t window, double releaseX)
     if (dragged.own)
         writePreferredPosition(dragged, best->distanceFromRightEnd);
     return true;
+}
+
+void SimDesktop::resetPositions()
+{
+    std::stable_partition(m_movable.begin(), m_movable.end(),
+                          [](const SimItem& i) { return i.own; });
+    const auto others =
+        std::find_if(m_movable.begin(), m_movable.end(), [](const SimItem& i) { return !i.own; });
+    std::stable_sort(others, m_movable.end(),
+                     [](const SimItem& a, const SimItem& b) { return a.window < b.window; });
+}
+
+void SimDesktop::shufflePositions(std::uint32_t seed)
+{
+    std::vector<std::size_t> slots;
+    std::vector<SimItem> others;
+    for (std::size_t i = 0; i < m_movable.size(); ++i) {
+        if (!m_movable[i].own) {
+            slots.push_back(i);
+            others.push_back(m_movable[i]);
+        }
+    }
+    std::mt19937 random(seed);
+    std::shuffle(others.begin(), others.end(), random);
+    for (std::size_t i = 0; i < slots.size(); ++i)
+        m_movable[slots[i]] = others[i];
 }
 
 void SimDesktop::writePreferredPosition(const SimItem& item, double distance)

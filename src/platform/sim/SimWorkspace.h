@@ -22,6 +22,8 @@ public:
     bool activate(std::int32_t pid) override;
     void terminateSelf() override;
     QImage applicationIcon(std::int32_t pid) override;
+    // The Mac wakes from sleep.
+    void wake() { notify(WorkspaceNotification::DidWake, RunningApplication{}); }
 
     static RunningApplication describe(const SimApp& app);
 

@@ -1,0 +1,201 @@
+// The arrangement the user made is recorded after every change of theirs and kept: when
+// the system reorders or resets the bar (at a start, a wake, a display change), the
+// record brings it back; when the user moves an item by hand, that is the new record.
+#include "StatusBarController.h"
+
+#include "ArrangementPlanner.h"
+#include "MoveEngine.h"
+#include "core/discovery/CaptureEngine.h"
+#include "core/discovery/ItemTitles.h"
+#include "core/discovery/MenuBarSystem.h"
+#include "core/settings/Preferences.h"
+#include "core/tiles/BarItemFactory.h"
+#include "foundation/Logging.h"
+#include "platform/StatusBar.h"
+
+namespace ravlin {
+namespace {
+
+bool isFixed(const CaptureEngine::Raw& raw)
+{
+    return raw.name == ItemTitles::clock || raw.name == ItemTitles::controlCentre;
+}
+
+// Touching a separator still counts as left of it: two points of slack.
+bool leftOf(const CaptureEngine::Raw& raw, const ScreenRect& separator)
+{
+    return raw.x + raw.w <= separator.x + 2.0;
+}
+
+} // namespace
+
+bool StatusBarController::keepsArrangement() const
+{
+    return !m_usesEngine && m_hiddenSep;
+}
+
+// Every item's key by window; an item no look has named yet is named now.
+QHash<std::int64_t, QString>
+StatusBarController::keysOf(const std::vector<CaptureEngine::Raw>& raws) const
+{
+    QHash<std::int64_t, QString> keys = detectedKeysByWindow();
+    for (const CaptureEngine::Raw& raw : raws) {
+        if (keys.contains(raw.id) || isFixed(raw))
+            continue;
+        if (const std::optional<BarItem> item = m_s.factory.makeItem(raw.info()))
+            keys.insert(raw.id, item->key);
+    }
+    return keys;
+}
+
+BarArrangement StatusBarController::seenArrangement() const
+{
+    const std::optional<ScreenRect> hidden = frameOf(m_hiddenSep.get());
+    const std::optional<ScreenRect> always = frameOf(m_alwaysSep.get());
+    const std::vector<CaptureEngine::Raw> raws = m_s.capture.scanAll();
+    const QHash<std::int64_t, QString> keys = keysOf(raws);
+    QStringList tokens;
+    bool pastAlways = !always, pastHidden = !hidden;
+    for (const CaptureEngine::Raw& raw : raws) {
+        const QString key = keys.value(std::int64_t(raw.id));
+        if (key.isEmpty() || isFixed(raw))
+            continue;
+        if (!pastAlways && !leftOf(raw, *always)) {
+            tokens << BarArrangement::alwaysMarker;
+            pastAlways = true;
+        }
+        if (!pastHidden && !leftOf(raw, *hidden)) {
+            tokens << BarArrangement::hiddenMarker;
+            pastHidden = true;
+        }
+        tokens << key;
+    }
+    if (!pastAlways)
+        tokens << BarArrangement::alwaysMarker;
+    if (!pastHidden)
+        tokens << BarArrangement::hiddenMarker;
+    return BarArrangement::fromSequence(tokens);
+}
+
+void StatusBarController::recordArrangement()
+{
+    if (!keepsArrangement())
+        return;
+    const BarArrangement seen = seenArrangement();
+    const std::optional<BarArrangement> recorded = m_arrangements.recorded();
+    m_arrangements.record(recorded ? BarArrangement::merged(*recorded, seen) : seen);
+}
+
+// An ordinary look at the bar: what differs from the record was moved by the user's hand,
+// and items that changed sides change their placement as arrange mode would decide.
+void StatusBarController::noticeArrangement()
+{
+    if (!keepsArrangement() || revealUnderWay() || m_revealHidden || m_restoring)
+        return;
+    const std::optional<BarArrangement> recorded = m_arrangements.recorded();
+    const BarArrangement seen = seenArrangement();
+    if (!recorded) {
+        m_arrangements.record(seen);
+        return;
+    }
+    const BarArrangement merged = BarArrangement::merged(*recorded, seen);
+    if (merged == *recorded)
+        return;
+    QHash<QString, ItemPlacement> placements;
+    for (const QString& key : seen.allKeys()) {
+        const auto was = recorded->sectionOf(key);
+        const auto now = seen.sectionOf(key);
+        if (!was || was == now || m_s.preferences.placement(key) == ItemPlacement::Off)
+            continue;
+        const bool visibleNow = now == BarArrangement::Section::Visible;
+        const ItemPlacement wanted = visibleNow ? ItemPlacement::Bar : ItemPlacement::Panel;
+        if (visibleNow != (was == BarArrangement::Section::Visible) &&
+            m_s.preferences.placement(key) != wanted)
+            placements.insert(key, wanted);
+    }
+    qCInfo(lcBar) << "the bar was rearranged by hand; that is the arrangement now";
+    m_arrangements.record(merged);
+    if (!placements.isEmpty())
+        m_s.preferences.setPlacements(placements);
+}
+
+// A start, a wake or a display change: what the system reordered or reset goes back where
+// the record has it. Where items cannot be moved, the panel says which moved.
+void StatusBarController::restoreArrangement(const QString& occasion)
+{
+    if (!keepsArrangement() || revealUnderWay() || m_restoring)
+        return;
+    const std::optional<BarArrangement> recorded = m_arrangements.recorded();
+    if (!recorded) {
+        noticeArrangement();
+        return;
+    }
+    const BarArrangement seen = seenArrangement();
+    const BarArrangement wanted = BarArrangement::restored(*recorded, seen);
+    const std::vector<ArrangementMove> moves =
+        ArrangementPlanner::movesFrom(seen.sequence(), wanted.sequence());
+    m_movedBySystem.clear();
+    if (moves.empty()) {
+        m_arrangements.record(BarArrangement::merged(*recorded, seen));
+        return;
+    }
+    if (!m_s.system.techniques().canMoveItems()) {
+        for (const ArrangementMove& move : moves)
+            m_movedBySystem.append(move.key);
+        qCWarning(lcBar).noquote() << "after" << occasion << "the system moved"
+                                   << m_movedBySystem.join(QStringLiteral(", "))
+                                   << "- items cannot be moved here; the panel says so";
+        return;
+    }
+    qCInfo(lcBar).noquote() << "after" << occasion << "the system moved" << moves.size()
+                            << "items; putting them back";
+    m_restoring = true;
+    shrinkOwnItems();
+    for (const ArrangementMove& move : moves)
+        performMove(move);
+    restoreOwnItems();
+    m_restoring = false;
+    const BarArrangement after = seenArrangement();
+    if (BarArrangement::restored(*recorded, after) != after) {
+        const std::vector<ArrangementMove> left =
+            ArrangementPlanner::movesFrom(after.sequence(), wanted.sequence());
+        for (const ArrangementMove& move : left)
+            m_movedBySystem.append(move.key);
+        qCWarning(lcBar).noquote() << "could not put back" << m_movedBySystem.join(u", ");
+    }
+}
+
+// The item goes next to its anchor. Once it leaves its place the row, which grows leftwards
+// from the right edge, closes up: whatever stood left of it moves its width to the right.
+void StatusBarController::performMove(const ArrangementMove& move)
+{
+    const std::vector<CaptureEngine::Raw> raws = m_s.capture.scanAll();
+    const QHash<std::int64_t, QString> keys = keysOf(raws);
+    std::optional<CaptureEngine::Raw> item;
+    std::optional<double> anchorX, anchorMaxX;
+    for (const CaptureEngine::Raw& raw : raws) {
+        const QString key = keys.value(std::int64_t(raw.id));
+        if (key == move.key)
+            item = raw;
+        if (key == move.anchor) {
+            anchorX = raw.x;
+            anchorMaxX = raw.x + raw.w;
+        }
+    }
+    if (move.anchor == BarArrangement::hiddenMarker ||
+        move.anchor == BarArrangement::alwaysMarker) {
+        const StatusItem* separator =
+            move.anchor == BarArrangement::hiddenMarker ? m_hiddenSep.get() : m_alwaysSep.get();
+        if (const std::optional<ScreenRect> frame = frameOf(separator)) {
+            anchorX = frame->x;
+            anchorMaxX = frame->maxX();
+        }
+    }
+    if (!item || !anchorX)
+        return;
+    const double shift = item->x > *anchorX ? item->w : 0;
+    const double centre = (move.rightOfAnchor ? *anchorMaxX : *anchorX) + shift - item->w / 2.0;
+    m_s.moveEngine.move(item->id, item->pid, centre, item->info().centerY());
+}
+
+} // namespace ravlin
