@@ -14,6 +14,8 @@ namespace ravlin {
 struct ScreenInfo {
     ScreenRect frame;
     ScreenRect visibleFrame;
+    // The part of the menu bar the camera housing covers, on a display with a notch.
+    std::optional<ScreenRect> notch;
 };
 
 class Screens {

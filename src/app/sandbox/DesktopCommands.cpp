@@ -63,13 +63,17 @@ void screenCommand(CommandContext& c)
         return;
     }
     const auto options = c.options(3);
-    rejectUnknown(c, options, {QStringLiteral("menubar")});
+    rejectUnknown(c, options, {QStringLiteral("menubar"), QStringLiteral("notch")});
     SimScreen screen;
     screen.width = number(c, c.need(1, QStringLiteral("the width")), QStringLiteral("screen"));
     screen.height = number(c, c.need(2, QStringLiteral("the height")), QStringLiteral("screen"));
     if (options.contains(QStringLiteral("menubar")))
         screen.menuBarHeight =
             number(c, options.value(QStringLiteral("menubar")), QStringLiteral("menubar"));
+    if (options.contains(QStringLiteral("notch")))
+        screen.notch = number(c, options.value(QStringLiteral("notch")), QStringLiteral("notch"));
+    if (screen.notch < 0 || screen.notch >= screen.width)
+        c.fail(QStringLiteral("a notch is narrower than its screen"));
     if (screen.width <= 0 || screen.height <= screen.menuBarHeight)
         c.fail(QStringLiteral("a screen needs a positive size taller than its menu bar"));
     if (!c.session.started()) {
@@ -299,7 +303,13 @@ void clickCommand(CommandContext& c)
     click.point = clickPoint(c, next);
     for (qsizetype i = next; i < c.wordCount(); ++i) {
         const QString w = c.word(i);
-        if (w == u"left")
+        if (w.startsWith(QStringLiteral("display="))) {
+            // The same item in another display's menu bar.
+            const std::int64_t display = integer(c, w.mid(8), QStringLiteral("display"));
+            if (display < 0 || display >= std::int64_t(c.session.desktop().screens().size()))
+                c.fail(QStringLiteral("there is no display %1").arg(display));
+            click.point = c.session.desktop().onDisplay(click.point, std::size_t(display));
+        } else if (w == u"left")
             click.button = MouseButton::Left;
         else if (w == u"right")
             click.button = MouseButton::Right;
@@ -308,7 +318,7 @@ void clickCommand(CommandContext& c)
         else if (w == u"cmd")
             click.flags |= EventFlag::command;
         else
-            c.fail(QStringLiteral("click takes left, right, ctrl or cmd, not %1").arg(w));
+            c.fail(QStringLiteral("click takes left, right, ctrl, cmd or display=N, not %1").arg(w));
     }
     c.session.desktop().userClick(click);
     c.session.scheduler().runDue();

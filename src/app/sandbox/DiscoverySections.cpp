@@ -40,6 +40,7 @@ QJsonValue barSection(SandboxSession& s, bool)
             {QStringLiteral("height"), p.frame.height},
             {QStringLiteral("onScreen"), p.onScreen},
             {QStringLiteral("inOverflow"), p.inOverflow},
+            {QStringLiteral("behindNotch"), p.behindNotch},
         });
     }
     return bar;

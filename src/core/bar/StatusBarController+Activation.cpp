@@ -2,6 +2,7 @@
 // on screen and opened for the user, and the bar hides itself again afterwards.
 #include "StatusBarController.h"
 
+#include "MenuBarDisplays.h"
 #include "MoveEngine.h"
 #include "TilePanel.h"
 #include "core/discovery/AXResolver.h"
@@ -103,8 +104,18 @@ void StatusBarController::closeTile()
 
 ScreenRect StatusBarController::toggleScreenRect() const
 {
-    if (auto frame = frameOf(m_mainItem.get()))
+    if (auto frame = frameOf(m_mainItem.get())) {
+        // Clicked in another display's menu bar: the panel opens under the chevron there.
+        const std::vector<ScreenInfo> screens = m_s.screens.screens();
+        const ScreenPoint pointer = m_s.screens.mouseLocation();
+        const std::optional<ScreenInfo> clicked = MenuBarDisplays::displayAt(pointer, screens);
+        const std::optional<ScreenInfo> home = MenuBarDisplays::displayAt(
+            {frame->x + frame->width / 2, frame->y + frame->height / 2}, screens);
+        if (clicked && home && clicked->frame != home->frame &&
+            MenuBarDisplays::inMenuBar(pointer, *clicked))
+            return MenuBarDisplays::onDisplay(*frame, *home, *clicked);
         return *frame;
+    }
     // No window: the top right corner of the main screen, where the item would stand.
     const std::optional<ScreenInfo> screen = m_s.screens.mainScreen();
     const ScreenRect f = screen ? screen->frame : ScreenRect{0, 0, 1440, 900};

@@ -3,6 +3,7 @@
 #include "StatusBarController.h"
 
 #include "MenuBarHideEngine.h"
+#include "MenuBarDisplays.h"
 #include "MoveEngine.h"
 #include "TilePanel.h"
 #include "core/discovery/CaptureEngine.h"
@@ -275,11 +276,36 @@ std::vector<MenuBarItemInfo> StatusBarController::hiddenCandidates(double limit)
 {
     // An item that touches the separator still counts as hidden: two points of slack.
     std::vector<MenuBarItemInfo> candidates;
+    QSet<std::int64_t> listed;
     for (const MenuBarItemInfo& info : m_s.scanner.scan()) {
-        if (info.owner != u"Ravlin" && info.x + info.width <= limit + 2.0)
+        if (info.owner != u"Ravlin" && info.x + info.width <= limit + 2.0) {
             candidates.push_back(info);
+            listed.insert(info.id);
+        }
     }
+    // So does an item the camera housing covers, wherever it stands.
+    for (const MenuBarItemInfo& info : itemsBehindNotch())
+        if (!listed.contains(info.id))
+            candidates.push_back(info);
+    std::stable_sort(candidates.begin(), candidates.end(),
+                     [](const MenuBarItemInfo& a, const MenuBarItemInfo& b) { return a.x < b.x; });
     return candidates;
+}
+
+std::vector<MenuBarItemInfo> StatusBarController::itemsBehindNotch() const
+{
+    std::vector<MenuBarItemInfo> covered;
+    const std::vector<ScreenInfo> screens = m_s.screens.screens();
+    if (std::none_of(screens.begin(), screens.end(),
+                     [](const ScreenInfo& s) { return s.notch.has_value(); }))
+        return covered;
+    const double mainHeight = screens.front().frame.height;
+    for (const CaptureEngine::Raw& raw : m_s.capture.scanAll()) {
+        const MenuBarItemInfo info = raw.info();
+        if (MenuBarDisplays::behindNotch(Geometry::toScreen(info.frame(), mainHeight), screens))
+            covered.push_back(info);
+    }
+    return covered;
 }
 
 void StatusBarController::applyItemFilter()

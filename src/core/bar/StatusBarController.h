@@ -183,6 +183,8 @@ public:
     void rebuildFullCache();
     void invisibleRefresh();
     std::vector<MenuBarItemInfo> hiddenCandidates() const;
+    // Items the camera housing of a notched display covers: hidden, whatever the separators do.
+    std::vector<MenuBarItemInfo> itemsBehindNotch() const;
     void applyItemFilter();
     void applyEngineAllowList();
     void setItemPinned(const QString& key, bool pinned);

@@ -115,6 +115,24 @@ WindowServerRect SimDesktop::screenFrame(std::size_t index) const
     return {x, 0, s.width, s.height};
 }
 
+std::optional<WindowServerRect> SimDesktop::notchFrame(std::size_t index) const
+{
+    const std::vector<SimScreen> all = screens();
+    if (index >= all.size() || all[index].notch <= 0)
+        return std::nullopt;
+    const WindowServerRect frame = screenFrame(index);
+    const double width = all[index].notch;
+    return WindowServerRect{frame.x + (frame.width - width) / 2, 0, width,
+                            all[index].menuBarHeight > 0 ? all[index].menuBarHeight : 24};
+}
+
+WindowServerPoint SimDesktop::onDisplay(WindowServerPoint mainBarPoint, std::size_t index) const
+{
+    const WindowServerRect display = screenFrame(index);
+    const double fromRightEdge = screenFrame(0).maxX() - mainBarPoint.x;
+    return {display.maxX() - fromRightEdge, mainBarPoint.y};
+}
+
 std::int32_t SimDesktop::addApp(SimApp app, bool keepPid)
 {
     if (!keepPid || app.pid < 0) {

@@ -73,6 +73,11 @@ public:
     std::vector<SimScreen> screens() const; // one 1440×900 display when none was added
     SimScreen mainScreen() const { return screens().front(); }
     WindowServerRect screenFrame(std::size_t index) const;
+    // The part of a display's menu bar its notch covers, if it has one.
+    std::optional<WindowServerRect> notchFrame(std::size_t index) const;
+    // Where the same point of the bar stands on another display's menu bar: the bar
+    // shows the same items on every display, at the same distance from its right edge.
+    WindowServerPoint onDisplay(WindowServerPoint mainBarPoint, std::size_t index) const;
 
     // Applications. A pid of 0 or less is assigned unless `keepPid` asks for it as given.
     std::int32_t addApp(SimApp app, bool keepPid = false);

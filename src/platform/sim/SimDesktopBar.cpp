@@ -65,6 +65,12 @@ std::vector<SimPlacedItem> SimDesktop::bar() const
                 item, app(item.bundleId)->pid, {x, 0, item.width, itemHeight(item)}, x >= 0};
             // Where the bar keeps no long items, what has no room waits in the overflow menu.
             p.inOverflow = !p.onScreen && !itemsAreWindows();
+            // The camera housing covers whatever stands under it.
+            if (const std::optional<WindowServerRect> notch = notchFrame(0);
+                p.onScreen && notch && p.frame.x < notch->maxX() && p.frame.maxX() > notch->x) {
+                p.onScreen = false;
+                p.behindNotch = true;
+            }
             placed.push_back(p);
         }
     };
@@ -100,8 +106,16 @@ std::optional<SimPlacedItem> SimDesktop::itemAt(WindowServerPoint point) const
     const WindowServerRect displays = screenFrame(screens().size() - 1);
     if (point.x < 0 || point.x >= displays.maxX() || point.y < 0)
         return std::nullopt;
+    // Another display's bar shows the same items at the same distance from its right edge.
+    for (std::size_t i = 1; i < screens().size(); ++i) {
+        const WindowServerRect display = screenFrame(i);
+        if (point.x >= display.x && point.x < display.maxX()) {
+            point.x = screenFrame(0).maxX() - (display.maxX() - point.x);
+            break;
+        }
+    }
     for (const SimPlacedItem& p : bar()) {
-        if (p.frame.contains(point))
+        if (p.frame.contains(point) && !p.behindNotch)
             return p;
     }
     return std::nullopt;
@@ -115,7 +129,7 @@ std::optional<WindowServerRect> SimDesktop::visibleStretch(std::int64_t window) 
     const WindowServerRect screen = screenFrame(0);
     const double left = std::max(p->frame.x, screen.x);
     const double right = std::min(p->frame.maxX(), screen.maxX());
-    if (right <= left)
+    if (right <= left || p->behindNotch)
         return std::nullopt;
     return WindowServerRect{left, p->frame.y, right - left, p->frame.height};
 }

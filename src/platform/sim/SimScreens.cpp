@@ -19,8 +19,11 @@ std::vector<ScreenInfo> SimScreens::screens()
         // Every display shows the menu bar along its top edge.
         const WindowServerRect visible{frame.x, frame.y + all[i].menuBarHeight, frame.width,
                                        frame.height - all[i].menuBarHeight};
-        result.push_back(
-            {Geometry::toScreen(frame, mainHeight), Geometry::toScreen(visible, mainHeight)});
+        ScreenInfo info{Geometry::toScreen(frame, mainHeight), Geometry::toScreen(visible, mainHeight),
+                        std::nullopt};
+        if (const std::optional<WindowServerRect> notch = m_desktop.notchFrame(i))
+            info.notch = Geometry::toScreen(*notch, mainHeight);
+        result.push_back(info);
     }
     return result;
 }

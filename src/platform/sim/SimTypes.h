@@ -19,6 +19,7 @@ struct SimScreen {
     double width = 1440;
     double height = 900;
     double menuBarHeight = 24;
+    double notch = 0; // the camera housing's width, centred in the menu bar; 0: none
 };
 
 // Whether an application's accessibility element has an extras-menu-bar element.
@@ -77,7 +78,8 @@ struct SimPlacedItem {
     std::int32_t pid = 0;
     WindowServerRect frame;
     bool onScreen = false;
-    bool inOverflow = false; // in the system's overflow menu rather than in the bar
+    bool inOverflow = false;  // in the system's overflow menu rather than in the bar
+    bool behindNotch = false; // where the camera housing covers the menu bar
 };
 
 // What the desktop was asked to do with the pointer.
