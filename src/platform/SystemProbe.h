@@ -30,6 +30,8 @@ struct MemoryUsage {
 struct PowerSource {
     std::optional<std::int64_t> currentCapacity;
     std::optional<std::int64_t> maxCapacity;
+    // Whether the machine draws on this battery now rather than on external power.
+    std::optional<bool> discharging;
 };
 
 // The capacity of the start-up volume, in bytes; either value may be unknown.

@@ -36,8 +36,92 @@ void DesktopRenderer::paint(QPainter& painter, const DesktopScene& scene) const
     }
     for (const auto& item : scene.items)
         statusItem(painter, item);
+    for (const auto& d : scene.displays)
+        notch(painter, d);
     for (QWidget* w : scene.windows)
         window(painter, w);
+    for (const auto& m : scene.menusOpen)
+        menu(painter, m);
+}
+
+void DesktopRenderer::notch(QPainter& p, const DesktopScene::Display& d) const
+{
+    if (d.notch <= 0)
+        return;
+    const QRectF housing(d.frame.center().x() - d.notch / 2, d.frame.top() - 8, d.notch,
+                         d.menuBarHeight + 8);
+    p.save();
+    p.setPen(Qt::NoPen);
+    p.setBrush(Qt::black);
+    p.drawRoundedRect(housing, 8, 8);
+    p.restore();
+}
+
+namespace {
+
+constexpr double menuRow = 22, menuSeparator = 11, menuPadding = 5, menuWidthMin = 200;
+
+QFont menuFont()
+{
+    return Theme::font(13);
+}
+
+} // namespace
+
+QSizeF DesktopRenderer::menuSize(const DesktopScene::Menu& menu)
+{
+    const QFontMetricsF metrics(menuFont());
+    double width = menuWidthMin, height = 2 * menuPadding;
+    for (const auto& row : menu.rows) {
+        height += row.separator ? menuSeparator : menuRow;
+        width = std::max(width, metrics.horizontalAdvance(row.title) + 64);
+    }
+    return {width, height};
+}
+
+// A light menu as the system draws one: a rounded translucent sheet with a soft shadow,
+// check marks in the leading margin, submenu arrows at the trailing end, the entry under
+// the pointer in the accent colour.
+void DesktopRenderer::menu(QPainter& p, const DesktopScene::Menu& m) const
+{
+    const QRectF sheet(m.origin, menuSize(m));
+    p.save();
+    p.setPen(Qt::NoPen);
+    for (int i = 10; i >= 1; --i) {
+        p.setBrush(QColor(0, 0, 0, 6));
+        p.drawRoundedRect(sheet.adjusted(-i, -i + 4, i, i + 4), 8 + i, 8 + i);
+    }
+    p.setBrush(QColor(246, 246, 248, 246));
+    p.setPen(QPen(QColor(0, 0, 0, 40), 0.5));
+    p.drawRoundedRect(sheet, 8, 8);
+    p.setFont(menuFont());
+    double y = sheet.top() + menuPadding;
+    for (const auto& row : m.rows) {
+        if (row.separator) {
+            p.fillRect(QRectF(sheet.left() + 10, y + menuSeparator / 2, sheet.width() - 20, 1),
+                       QColor(0, 0, 0, 28));
+            y += menuSeparator;
+            continue;
+        }
+        const QRectF line(sheet.left() + 5, y, sheet.width() - 10, menuRow);
+        QColor text(28, 28, 30);
+        if (row.highlighted) {
+            p.setPen(Qt::NoPen);
+            p.setBrush(QColor(10, 110, 230));
+            p.drawRoundedRect(line, 4, 4);
+            text = Qt::white;
+        }
+        p.setPen(text);
+        if (row.checked)
+            p.drawText(QRectF(line.left() + 6, y, 14, menuRow), Qt::AlignVCenter, QStringLiteral("✓"));
+        p.drawText(QRectF(line.left() + 22, y, line.width() - 44, menuRow),
+                   Qt::AlignVCenter | Qt::AlignLeft, row.title);
+        if (row.hasSubmenu)
+            p.drawText(QRectF(line.right() - 18, y, 12, menuRow), Qt::AlignVCenter | Qt::AlignRight,
+                       QStringLiteral("›"));
+        y += menuRow;
+    }
+    p.restore();
 }
 
 void DesktopRenderer::wallpaper(QPainter& p, const DesktopScene::Display& d) const

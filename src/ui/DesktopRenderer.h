@@ -16,6 +16,7 @@ struct DesktopScene {
     struct Display {
         QRectF frame;
         double menuBarHeight = 24;
+        double notch = 0; // the camera housing's width, centred in the menu bar
     };
     // One status item in the menu bar: an image, a symbol, or our separator's mark.
     struct StatusItem {
@@ -25,6 +26,19 @@ struct DesktopScene {
         bool separator = false;
     };
 
+    // An open menu: where its top left corner stands, and its rows.
+    struct Menu {
+        struct Row {
+            QString title;
+            bool separator = false;
+            bool checked = false;
+            bool hasSubmenu = false;
+            bool highlighted = false;
+        };
+        QPointF origin;
+        std::vector<Row> rows;
+    };
+
     std::vector<Display> displays;
     std::vector<StatusItem> items;
     QString activeApplication = QStringLiteral("Desktop");
@@ -32,6 +46,8 @@ struct DesktopScene {
                          QStringLiteral("Window"), QStringLiteral("Help")};
     // The application's visible windows, front last, each drawn by its own widgets where it stands.
     std::vector<QWidget*> windows;
+    // The status menu and the submenus open beside it, outermost first.
+    std::vector<Menu> menusOpen;
 };
 
 // Paints a calm desktop: wallpaper, a translucent menu bar with an application
@@ -48,6 +64,12 @@ private:
                  bool main) const;
     void statusItem(QPainter& p, const DesktopScene::StatusItem& item) const;
     void window(QPainter& p, QWidget* w) const;
+    void notch(QPainter& p, const DesktopScene::Display& d) const;
+    void menu(QPainter& p, const DesktopScene::Menu& menu) const;
+
+public:
+    // The size a menu takes, so that a submenu can stand beside it.
+    static QSizeF menuSize(const DesktopScene::Menu& menu);
 };
 
 } // namespace ravlin

@@ -123,6 +123,11 @@ RavlinBarView* RavlinBar::makeView(const std::vector<BarGroup>& groups, ItemCall
     view->setLayoutDirection(m_s.language.isRTL() ? Qt::RightToLeft : Qt::LeftToRight);
     view->onActivate = std::move(onActivate);
     view->onStat = std::move(onStat);
+    if (onFootnote)
+        view->onFootnote = [this] {
+            if (onFootnote)
+                onFootnote();
+        };
     view->onWeather = [this] { openWeather(); };
     view->onPermission = [this](const QString& key) { askForPermission(key); };
     return view;

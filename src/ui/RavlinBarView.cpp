@@ -143,11 +143,18 @@ std::optional<QString> RavlinBarView::keyAt(const QPointF& point) const
     if (!rect().contains(point.toPoint()))
         return std::nullopt;
     const PanelLayout::PlacedTile* p = m_layout.tileAt(toContent(point));
+    if (!p && onFootnote && m_layout.footnote && m_layout.footnote->contains(toContent(point)))
+        return footnoteKey;
     return p ? std::optional(tileOf(*p).key) : std::nullopt;
 }
 
 bool RavlinBarView::clickTile(const QString& key)
 {
+    if (key == footnoteKey && onFootnote && m_layout.footnote) {
+        const std::function<void()> told = onFootnote; // the callback may close the panel
+        told();
+        return true;
+    }
     const PanelTile* found = tile(key);
     if (!found)
         return false;

@@ -40,6 +40,9 @@ public:
                   QWidget* parent = nullptr);
 
     std::function<void(const BarItem&)> onActivate;
+    std::function<void()> onFootnote;
+    // The key under which the line under the tiles answers clicks.
+    static inline const QString footnoteKey = QStringLiteral("footnote");
     std::function<void(const Stat&)> onStat;
     std::function<void()> onWeather;
     std::function<void(const QString& permissionKey)> onPermission;

@@ -270,8 +270,23 @@ void TilePainter::tile(const PanelTile& tile, const QRectF& rect, const TileStat
             break;
         }
     }
+    if (tile.isNew)
+        newMark(rect, radius);
     m_p.restore();
     m_c.painted = nullptr;
+}
+
+// A small blue dot in the tile's top trailing corner, clear of the rounding: the item
+// arrived in the bar within the last day.
+void TilePainter::newMark(const QRectF& rect, double radius)
+{
+    const double inset = std::max(5.0, radius * 0.45);
+    const double side = 7;
+    const double x = m_rtl ? rect.left() + inset : rect.right() - inset - side;
+    const QRectF dot(x, rect.top() + inset, side, side);
+    m_p.setPen(QPen(QColor(0, 0, 0, 70), 1));
+    m_p.setBrush(Theme::systemBlue());
+    m_p.drawEllipse(dot);
 }
 
 void TilePainter::header(const QString& title, const QRectF& rect)

@@ -48,6 +48,7 @@ private:
     void gridCell(const PanelTile& tile, const QRectF& rect);
     void stripRow(const PanelTile& tile, const QRectF& rect);
     double cornerRadius(const PanelTile& tile, const QRectF& rect) const;
+    void newMark(const QRectF& rect, double radius);
 
     QPainter& m_p;
     Canvas m_c;

@@ -20,6 +20,7 @@ namespace {
 const QSet<QString> notSymbols = {
     QStringLiteral("sys.cpu"),  QStringLiteral("sys.ram"), QStringLiteral("sys.disk"),
     QStringLiteral("sys.batt"), QStringLiteral("sys.net"), QStringLiteral("n.a"),
+    QStringLiteral("ravlin.layout"), // the format name of an exported layout
 };
 
 bool isBundleIdentifier(const QString& name)

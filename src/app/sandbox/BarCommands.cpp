@@ -103,12 +103,20 @@ void menuCommand(CommandContext& c)
         bar.closeMenu();
         return;
     }
+    // "menu point TITLE…": the pointer rests on an entry, and its submenu opens.
+    const bool pointing = first == u"point" && c.wordCount() > 2;
     QStringList path;
-    for (qsizetype i = 1; i < c.wordCount(); ++i) {
+    for (qsizetype i = pointing ? 2 : 1; i < c.wordCount(); ++i) {
         const QString w = c.word(i);
         path.append(w.startsWith(QStringLiteral("text:"))
                         ? c.session.app().languageManager().L(w.mid(5))
                         : w);
+    }
+    if (pointing) {
+        if (!bar.point(path))
+            c.fail(QStringLiteral("the open menu has no submenu %1")
+                       .arg(path.join(QStringLiteral(" > "))));
+        return;
     }
     switch (bar.choose(path)) {
     case SimStatusBar::Choice::NoMenu:

@@ -176,6 +176,7 @@ void registerAll(ScriptRunner& runner)
     registerSysinfoCommands(runner);
     registerDiscoveryCommands(runner);
     registerBarCommands(runner);
+    registerLayoutCommands(runner);
     registerPanelCommands(runner);
     registerSettingsWindowCommands(runner);
     registerPendingCommands(runner);

@@ -45,6 +45,7 @@ QJsonValue preferencesSection(SandboxSession& s, bool)
         {QStringLiteral("hiddenBundleIDs"), sortedArray(p.hiddenBundleIDs())},
         {QStringLiteral("hiddenSystemItemIDs"), systemIDs},
         {QStringLiteral("hideSpotlight"), p.hideSpotlight()},
+        {QStringLiteral("newItemPlacement"), itemPlacementName(p.newItemPlacement())},
     };
 }
 

@@ -92,6 +92,22 @@ screenshot FOLDER/10-settings-language.png
 settings tab 3
 screenshot FOLDER/11-settings-about.png
 settings close
+# An application starts for the first time: its item goes to the panel, marked as new.
+launch com.example.paste
+advance 2
+click main
+advance 1.5
+screenshot FOLDER/14-panel-new-item.png
+click main
+advance 0.3
+# Layouts saved under a name, switched from the status menu.
+layout save Work
+placement "n:Tunes Mini" off
+layout save Presenting
+click main right
+menu point text:menu.layouts
+screenshot FOLDER/15-menu-layouts.png
+menu close
 dump controller process
 )");
     return sampleDesktopForMachine() + inFolder(tour, folder);

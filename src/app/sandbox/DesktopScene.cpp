@@ -24,6 +24,55 @@ DesktopScene::StatusItem ownItem(const SimStatusItem& item, const WindowServerRe
     return shown;
 }
 
+DesktopScene::Menu menuOf(const std::vector<MenuEntry>& entries, const QString& pointed)
+{
+    DesktopScene::Menu menu;
+    for (const MenuEntry& e : entries)
+        menu.rows.push_back({e.title, e.separator, e.checked, !e.submenu.empty(),
+                             !pointed.isEmpty() && e.title == pointed});
+    return menu;
+}
+
+// The status menu hangs below its item; each submenu the pointer opened stands beside the
+// entry that holds it, on the left when there is no room on the right.
+void openMenus(const SimStatusBar& bar, DesktopScene& scene)
+{
+    const std::optional<MenuModel>& open = bar.openMenu();
+    const std::optional<WindowServerRect> anchor = bar.menuAnchor();
+    if (!open || !anchor)
+        return;
+    const double right = scene.displays.empty() ? 1440 : scene.displays.front().frame.right();
+    const QStringList path = bar.pointedPath();
+    const std::vector<MenuEntry>* entries = &open->entries;
+    QPointF origin(anchor->x, anchor->maxY() + 2);
+    for (qsizetype depth = 0;; ++depth) {
+        DesktopScene::Menu menu = menuOf(*entries, path.value(depth));
+        menu.origin = origin;
+        const QSizeF size = DesktopRenderer::menuSize(menu);
+        if (menu.origin.x() + size.width() > right - 4)
+            menu.origin.setX(right - 4 - size.width());
+        scene.menusOpen.push_back(menu);
+        if (depth >= path.size())
+            return;
+        double y = menu.origin.y() + 5;
+        const MenuEntry* holder = nullptr;
+        for (const MenuEntry& e : *entries) {
+            if (!e.separator && e.title == path[depth]) {
+                holder = &e;
+                break;
+            }
+            y += e.separator ? 11 : 22;
+        }
+        if (!holder)
+            return;
+        const QSizeF sub = DesktopRenderer::menuSize(menuOf(holder->submenu, QString()));
+        const double beside = menu.origin.x() + size.width() - 2;
+        origin = QPointF(beside + sub.width() > right ? menu.origin.x() - sub.width() + 2 : beside,
+                         y - 5);
+        entries = &holder->submenu;
+    }
+}
+
 } // namespace
 
 DesktopScene desktopScene(SandboxSession& s, bool withWindows)
@@ -33,7 +82,8 @@ DesktopScene desktopScene(SandboxSession& s, bool withWindows)
     const auto screens = desktop.screens();
     for (std::size_t i = 0; i < screens.size(); ++i) {
         const WindowServerRect f = desktop.screenFrame(i);
-        scene.displays.push_back({QRectF(f.x, f.y, f.width, f.height), screens[i].menuBarHeight});
+        scene.displays.push_back({QRectF(f.x, f.y, f.width, f.height), screens[i].menuBarHeight,
+                                  screens[i].notch});
     }
     for (const SimPlacedItem& placed : desktop.bar()) {
         if (!placed.onScreen)
@@ -53,6 +103,7 @@ DesktopScene desktopScene(SandboxSession& s, bool withWindows)
         for (QWidget* window : s.visibleWindows())
             scene.windows.push_back(window);
     }
+    openMenus(s.statusBar(), scene);
     return scene;
 }
 

@@ -128,6 +128,7 @@ QJsonObject tileJson(const RavlinBarView& view, const PanelTile& t)
             {QStringLiteral("w"), r.width()},
             {QStringLiteral("h"), r.height()},
             {QStringLiteral("visible"), view.isTileVisible(t.key)},
+            {QStringLiteral("new"), t.isNew},
             {QStringLiteral("painted"), QJsonArray::fromStringList(view.paintedTexts(t.key))}};
 }
 

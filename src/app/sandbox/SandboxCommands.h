@@ -23,6 +23,8 @@ void registerDiscoverySections(ScriptRunner& runner);
 void registerBarCommands(ScriptRunner& runner);
 // tile, panel, screenshot; the section panel.
 void registerPanelCommands(ScriptRunner& runner);
+// layout; the sections layouts and newItems.
+void registerLayoutCommands(ScriptRunner& runner);
 // settings (open, close and the window's controls); the section settings.
 void registerSettingsWindowCommands(ScriptRunner& runner);
 // Every command of the script language that a later part of the sandbox brings.

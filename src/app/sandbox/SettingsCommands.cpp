@@ -93,6 +93,11 @@ void setPreference(CommandContext& c)
             c.fail(QStringLiteral(
                 "tileStyle takes \"dashboard\", \"capsules\", \"grid\" or \"strip\""));
         p.setTileStyle(*style);
+    } else if (name == u"newItemPlacement") {
+        const auto placement = itemPlacementFromName(v.asString().value_or(QString()));
+        if (!placement)
+            c.fail(QStringLiteral("newItemPlacement takes \"bar\", \"panel\" or \"off\""));
+        p.setNewItemPlacement(*placement);
     } else if (name == u"hiddenSystemItemIDs") {
         std::set<std::int64_t> ids;
         const PlistArray* array = v.asArray();

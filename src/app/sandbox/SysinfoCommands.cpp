@@ -57,6 +57,17 @@ std::int64_t needInteger(CommandContext& c, qsizetype i, const QString& what)
     return value;
 }
 
+// "battery": drawing on it; "ac": on external power; nothing: the state is not told.
+std::optional<bool> batteryState(CommandContext& c, qsizetype i)
+{
+    const QString state = c.word(i);
+    if (state.isEmpty())
+        return std::nullopt;
+    if (state != u"battery" && state != u"ac")
+        c.fail(QStringLiteral("the power state is battery or ac, not %1").arg(state));
+    return state == u"battery";
+}
+
 double needReal(CommandContext& c, qsizetype i, const QString& what)
 {
     bool ok = false;
@@ -121,7 +132,8 @@ void probeCommand(CommandContext& c)
             probe->setBattery(std::nullopt);
         else
             probe->setBattery(PowerSource{needInteger(c, 2, QStringLiteral("CURRENT")),
-                                          needInteger(c, 3, QStringLiteral("MAX"))});
+                                          needInteger(c, 3, QStringLiteral("MAX")),
+                                          batteryState(c, 4)});
     } else if (what == u"disk") {
         const std::int64_t total = needInteger(c, 2, QStringLiteral("TOTALBYTES"));
         probe->setVolume(

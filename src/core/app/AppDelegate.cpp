@@ -1,5 +1,7 @@
 #include "AppDelegate.h"
 
+#include "platform/SystemProbe.h"
+
 #include "MenuBarServices.h"
 #include "SettingsPresenter.h"
 #include "core/bar/MenuBarHideEngine.h"
@@ -21,6 +23,7 @@
 #include "platform/Accessibility.h"
 #include "platform/ApplicationControl.h"
 #include "platform/Platform.h"
+#include "platform/SystemProbe.h"
 #include "platform/Workspace.h"
 
 #include <QPointer>
@@ -52,6 +55,20 @@ AppDelegate::~AppDelegate()
 void AppDelegate::setLogDirectory(const QString& directory)
 {
     m_logs->setDirectory(directory);
+}
+
+std::function<std::optional<bool>()> AppDelegate::onBatteryReader()
+{
+    return [probe = m_platform.systemProbe.get()]() -> std::optional<bool> {
+        const std::optional<QList<PowerSource>> sources = probe ? probe->powerSources()
+                                                                : std::nullopt;
+        if (!sources)
+            return std::nullopt;
+        for (const PowerSource& source : *sources)
+            if (source.discharging)
+                return source.discharging;
+        return std::nullopt;
+    };
 }
 
 bool AppDelegate::anotherInstanceIsRunning()
@@ -112,7 +129,8 @@ void AppDelegate::applicationDidFinishLaunching(const QStringList& arguments)
                                                                 m_windows.panel,
                                                                 m_windows.guide,
                                                                 m_windows.settings,
-                                                                m_platform.bundleIdentifier});
+                                                                m_platform.bundleIdentifier,
+                                                                onBatteryReader()});
     if (m_preferences->showWeather())
         m_weather->refreshIfStale();
     // A first reading at launch primes the sampler; the tile panel starts it again when it shows

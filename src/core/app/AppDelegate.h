@@ -3,7 +3,9 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
+#include <optional>
 
 namespace ravlin {
 
@@ -68,6 +70,8 @@ public:
 
 private:
     bool anotherInstanceIsRunning();
+    // Whether the Mac runs on battery now, read from the system's power sources.
+    std::function<std::optional<bool>()> onBatteryReader();
     void runHideEngineSelfTest();
     void showSettings(int tab);
 

@@ -88,7 +88,7 @@ void StatusBarController::presentTile()
             if (auto a = alive.lock(); a && *a)
                 activateStat(stat);
         };
-        m_s.panel->show(m_cachedGroups, toggleScreenRect(), onItem, onStat);
+        m_s.panel->show(markedNew(m_cachedGroups), toggleScreenRect(), onItem, onStat);
     }
     m_tileOpen = true;
 }

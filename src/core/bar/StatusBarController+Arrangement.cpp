@@ -113,8 +113,12 @@ void StatusBarController::noticeArrangement()
             m_s.preferences.placement(key) != wanted)
             placements.insert(key, wanted);
     }
-    qCInfo(lcBar) << "the bar was rearranged by hand; that is the arrangement now";
+    if (merged.restrictedTo(recorded->allKeys()) == recorded->restrictedTo(merged.allKeys()))
+        qCInfo(lcBar) << "items new to the arrangement join it where they stand";
+    else
+        qCInfo(lcBar) << "the bar was rearranged by hand; that is the arrangement now";
     m_arrangements.record(merged);
+    m_movedBySystem.clear(); // what the user arranged is no longer "moved by the system"
     if (!placements.isEmpty())
         m_s.preferences.setPlacements(placements);
 }
@@ -133,7 +137,7 @@ void StatusBarController::restoreArrangement(const QString& occasion)
     const BarArrangement seen = seenArrangement();
     const BarArrangement wanted = BarArrangement::restored(*recorded, seen);
     const std::vector<ArrangementMove> moves =
-        ArrangementPlanner::movesFrom(seen.sequence(), wanted.sequence());
+        movesBetween(seen, wanted);
     m_movedBySystem.clear();
     if (moves.empty()) {
         m_arrangements.record(BarArrangement::merged(*recorded, seen));
@@ -158,11 +162,25 @@ void StatusBarController::restoreArrangement(const QString& occasion)
     const BarArrangement after = seenArrangement();
     if (BarArrangement::restored(*recorded, after) != after) {
         const std::vector<ArrangementMove> left =
-            ArrangementPlanner::movesFrom(after.sequence(), wanted.sequence());
+            movesBetween(after, wanted);
         for (const ArrangementMove& move : left)
             m_movedBySystem.append(move.key);
         qCWarning(lcBar).noquote() << "could not put back" << m_movedBySystem.join(u", ");
     }
+}
+
+// Without an always-hidden separator its marker stands for nothing in the bar: an item
+// cannot be put next to it.
+std::vector<ArrangementMove> StatusBarController::movesBetween(const BarArrangement& seen,
+                                                               const BarArrangement& wanted) const
+{
+    auto tokens = [this](const BarArrangement& a) {
+        QStringList sequence = a.sequence();
+        if (!m_alwaysSep)
+            sequence.removeAll(BarArrangement::alwaysMarker);
+        return sequence;
+    };
+    return ArrangementPlanner::movesFrom(tokens(seen), tokens(wanted));
 }
 
 // The item goes next to its anchor. Once it leaves its place the row, which grows leftwards
@@ -191,10 +209,15 @@ void StatusBarController::performMove(const ArrangementMove& move)
             anchorMaxX = frame->maxX();
         }
     }
-    if (!item || !anchorX)
+    if (!item || !anchorX) {
+        qCDebug(lcBar).noquote() << "cannot move" << move.key << "next to" << move.anchor
+                                 << (item ? "- the anchor is not in the bar" : "- not in the bar");
         return;
+    }
     const double shift = item->x > *anchorX ? item->w : 0;
     const double centre = (move.rightOfAnchor ? *anchorMaxX : *anchorX) + shift - item->w / 2.0;
+    qCDebug(lcBar).noquote() << "moving" << move.key << (move.rightOfAnchor ? "right of" : "left of")
+                             << move.anchor << "- from x" << item->x << "to" << centre;
     m_s.moveEngine.move(item->id, item->pid, centre, item->info().centerY());
 }
 

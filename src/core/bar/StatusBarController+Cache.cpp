@@ -189,6 +189,7 @@ void StatusBarController::rebuildFullCache()
             applyLayout();
             if (!rebuilt.items.empty()) {
                 publishDetected(std::move(rebuilt.items));
+                noticeNewItems(m_s.scannerModel.detected());
                 applyItemFilter();
             }
             m_lastBarSignature = rebuilt.signature;
@@ -251,6 +252,7 @@ void StatusBarController::invisibleRefresh()
         }
     }
     publishDetected(mergeDetected(std::move(fresh)));
+    noticeNewItems(m_s.scannerModel.detected());
     applyItemFilter();
     // An item placed off is hidden wherever it turns up, also when its application starts
     // (unless the end of a reveal is about to look, once the bar has settled).

@@ -116,7 +116,7 @@ void StatusBarController::putBack(const HiddenSide& side)
     const BarArrangement wanted = BarArrangement::restored(*recorded, seen);
     shrinkOwnItems();
     for (const ArrangementMove& move :
-         ArrangementPlanner::movesFrom(seen.sequence(), wanted.sequence())) {
+         movesBetween(seen, wanted)) {
         if (movedKeys.contains(move.key)) {
             qCInfo(lcBar).noquote() << "putting" << move.key << "back";
             performMove(move);

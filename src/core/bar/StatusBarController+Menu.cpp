@@ -63,6 +63,9 @@ MenuModel StatusBarController::buildMenu()
         design.submenu.push_back(std::move(choice));
     }
     e.push_back(std::move(design));
+    e.push_back(layoutsEntry());
+    if (std::optional<MenuEntry> fresh = newItemsEntry())
+        e.push_back(std::move(*fresh));
     e.push_back(MenuEntry::separatorEntry());
     appendApplicationEntries(e);
     return menu;
@@ -76,6 +79,10 @@ MenuModel StatusBarController::buildEngineMenu()
     e.push_back(
         entry(lm.L(engineShowsAll() ? QStringLiteral("menu.hide") : QStringLiteral("menu.show")),
               weakly([this] { menuEngineToggle(); })));
+    e.push_back(MenuEntry::separatorEntry());
+    e.push_back(layoutsEntry());
+    if (std::optional<MenuEntry> fresh = newItemsEntry())
+        e.push_back(std::move(*fresh));
     e.push_back(MenuEntry::separatorEntry());
     appendApplicationEntries(e);
     return menu;

@@ -3,6 +3,8 @@
 // a collapsed separator stays shorter and is spread over as many items as span the bar.
 #include "StatusBarController.h"
 
+#include "MenuBarDisplays.h"
+
 #include "core/discovery/MenuBarReader.h"
 #include "core/discovery/MenuBarSystem.h"
 #include "core/settings/LanguageManager.h"
@@ -38,10 +40,46 @@ std::optional<ScreenRect> StatusBarController::frameOf(const StatusItem* item) c
 // overflow menu rather than off screen: the panel says where they are.
 QString StatusBarController::panelFootnote() const
 {
+    if (!m_movedBySystem.isEmpty()) {
+        QStringList names;
+        for (const QString& key : m_movedBySystem)
+            names.append(itemName(key));
+        return m_s.language.L(m_s.system.techniques().canMoveItems()
+                                  ? QStringLiteral("bar.movedNote")
+                                  : QStringLiteral("bar.movedNote.arrange"),
+                              names.join(QStringLiteral(", ")));
+    }
     if (m_usesEngine ||
         m_s.system.techniques().hiding != MenuBarTechniques::Hiding::ShortSeparators)
         return {};
     return m_s.language.L(QStringLiteral("bar.overflowNote"));
+}
+
+// The one button of the note on moved items: put them back, or where nothing can be moved
+// by Ravlin, open arrange mode so that the user can.
+void StatusBarController::footnoteClicked()
+{
+    if (m_movedBySystem.isEmpty())
+        return;
+    closeTile();
+    if (m_s.system.techniques().canMoveItems())
+        restoreArrangement(QStringLiteral("the user's request"));
+    else
+        enterArrangeMode();
+}
+
+// The chevron is what the user clicks: never under the camera housing. The bar puts an item
+// asked for the rightmost place right of everything else, so it is made anew there.
+void StatusBarController::keepChevronClearOfNotch()
+{
+    const std::optional<ScreenRect> frame = frameOf(m_mainItem.get());
+    if (!frame || MenuBarDisplays::rightOfNotch(*frame, m_s.screens.screens()))
+        return;
+    qCInfo(lcBar) << "Ravlin's icon stood under the notch; it goes to the right end of the bar";
+    m_s.preferences.defaults().set(QStringLiteral("NSStatusItem Preferred Position ") + mainName,
+                                   0);
+    m_mainItem = m_s.statusBar.createItem(normalLength, mainName);
+    configureToggleButton();
 }
 
 void StatusBarController::displaysChanged()
@@ -49,12 +87,14 @@ void StatusBarController::displaysChanged()
     qCInfo(lcBar) << "the displays changed; looking at the menu bar again";
     m_s.system.displaysChanged();
     lookAtSystem();
-    if (m_usesEngine)
-        return;
-    fillSpans();
-    applyLayout();
-    verifyCollapse();
-    restoreArrangement(QStringLiteral("a display change"));
+    keepChevronClearOfNotch();
+    if (!m_usesEngine) {
+        fillSpans();
+        applyLayout();
+        verifyCollapse();
+        restoreArrangement(QStringLiteral("a display change"));
+    }
+    switchForDisplays();
 }
 
 double StatusBarController::collapsedSeparatorLength() const

@@ -12,13 +12,16 @@
 namespace ravlin {
 
 StatusBarController::StatusBarController(StatusBarServices services)
-    : m_s(std::move(services)), m_arrangements(m_s.preferences.defaults())
+    : m_s(std::move(services)), m_arrangements(m_s.preferences.defaults()),
+      m_newItems(m_s.preferences.defaults()), m_layouts(m_s.preferences.defaults())
 {
     m_usesEngine = m_s.hideEngine.isAvailable();
     buildItems();
     lookAtSystem();
     m_screensToken = m_s.screens.addChangeObserver(weakly([this] { displaysChanged(); }));
     setupHover();
+    m_displayCount = int(m_s.screens.screens().size());
+    armPowerWatch();
     m_prefsToken =
         m_s.notifications.addObserver(ravlinPrefsChanged, weakly([this] { prefsChanged(); }));
 
@@ -42,16 +45,21 @@ StatusBarController::StatusBarController(StatusBarServices services)
             const auto a = alive.lock();
             return a && *a ? panelFootnote() : QString();
         };
+        m_s.panel->onFootnote = weakly([this] { footnoteClicked(); });
     }
     // After a sleep the system may have laid the bar out anew; a moment later it has settled.
     m_wakeToken = m_s.workspace.addObserver(
         WorkspaceNotification::DidWake,
         [wake = weakly([this] {
-             later(1.0, [this] { restoreArrangement(QStringLiteral("a wake")); });
+             later(1.0, [this] {
+                 restoreArrangement(QStringLiteral("a wake"));
+                 checkPower();
+             });
          })](const RunningApplication&) { wake(); });
     later(0.7, [this] {
         // By now the bar has laid the items out: a second look sees where they stand.
         lookAtSystem();
+        keepChevronClearOfNotch();
         fillSpans();
         refreshCache();
         collapseToResting();
@@ -74,6 +82,7 @@ StatusBarController::~StatusBarController()
     if (m_s.panel) {
         m_s.panel->onClose = nullptr;
         m_s.panel->footnote = nullptr;
+        m_s.panel->onFootnote = nullptr;
     }
     if (m_s.guide)
         m_s.guide->onDone = nullptr;
@@ -138,10 +147,24 @@ std::unique_ptr<StatusItem> StatusBarController::makeSeparator(const QString& au
     return item;
 }
 
-void StatusBarController::addAlwaysSeparator()
+void StatusBarController::addAlwaysSeparator(bool whileRunning)
 {
-    if (!m_alwaysSep)
+    if (m_alwaysSep)
+        return;
+    if (!m_hiddenSep || !whileRunning) {
         m_alwaysSep = makeSeparator(alwaysName, true);
+        return;
+    }
+    // Switched on later: the bar places a new item by its preferred position, its distance
+    // from the right end. Measured while the hidden separator is narrow, just past it is just
+    // left of it, whatever length the collapse gives it.
+    DefaultsStore& defaults = m_s.preferences.defaults();
+    const QString prefix = QStringLiteral("NSStatusItem Preferred Position ");
+    const std::int64_t hiddenAt = defaults.integerForKey(prefix + hiddenName);
+    shrinkOwnItems();
+    defaults.set(prefix + alwaysName, hiddenAt + 1);
+    m_alwaysSep = makeSeparator(alwaysName, true);
+    restoreOwnItems();
 }
 
 void StatusBarController::removeAlwaysSeparator()
@@ -154,7 +177,9 @@ void StatusBarController::updateChevron()
 {
     // Open whenever nothing is hidden: revealed, refused by the engine, or a collapse that
     // did not take.
-    const bool open = m_usesEngine ? engineShowsAll() : m_expanded || !m_collapseHolds;
+    // Items behind a notch are hidden however far the bar is open.
+    const bool open = (m_usesEngine ? engineShowsAll() : m_expanded || !m_collapseHolds) &&
+                      itemsBehindNotch().empty();
     const QString symbol = open ? QStringLiteral("chevron.right") : QStringLiteral("chevron.left");
     if (m_s.statusBar.symbolExists(symbol)) {
         m_mainItem->setTitle(QString());
@@ -280,7 +305,7 @@ void StatusBarController::prefsChanged()
         return;
     }
     if (m_s.preferences.enableAlwaysHidden())
-        addAlwaysSeparator();
+        addAlwaysSeparator(true);
     else
         removeAlwaysSeparator();
     setupHover();

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "ArrangementStore.h"
+#include "LayoutLibrary.h"
+#include "NewItemTracker.h"
 #include "core/discovery/CaptureEngine.h"
 #include "core/discovery/MenuBarItemInfo.h"
 #include "core/tiles/BarGroup.h"
@@ -78,6 +80,8 @@ struct StatusBarServices {
     ArrangeGuide* guide = nullptr;
     SettingsPresenter* settings = nullptr;
     QString bundleIdentifier;
+    // Whether the Mac runs on battery now (absent: unknown, or no battery).
+    std::function<std::optional<bool>()> onBattery;
 };
 
 // The spine of the application: owns its status items, decides the separators'
@@ -132,7 +136,8 @@ public:
     void ensureCollapsed();
     void showInBar();
     void toggleAlwaysReveal();
-    void addAlwaysSeparator();
+    // Switched on while running, it is placed just left of the hidden separator.
+    void addAlwaysSeparator(bool whileRunning = false);
     void removeAlwaysSeparator();
     void shrinkOwnItems();
     void restoreOwnItems();
@@ -164,6 +169,29 @@ public:
     const QStringList& movedBySystem() const { return m_movedBySystem; }
     const ArrangementStore& arrangements() const { return m_arrangements; }
 
+    // Items seen for the first time.
+    void noticeNewItems(const std::vector<BarItem>& items);
+    std::vector<BarGroup> markedNew(std::vector<BarGroup> groups) const;
+    std::optional<MenuEntry> newItemsEntry();
+    void openItemByKey(const QString& key);
+    QString itemName(const QString& key) const;
+    const NewItemTracker& newItems() const { return m_newItems; }
+
+    // Named layouts.
+    SavedLayout currentLayout(const QString& name);
+    bool saveLayout(const QString& name);
+    bool switchLayout(const QString& name, const QString& occasion);
+    bool deleteLayout(const QString& name);
+    bool exportLayout(const QString& name, const QString& path, QString* error = nullptr);
+    // The imported layout's name.
+    std::optional<QString> importLayout(const QString& path, QString* error = nullptr);
+    LayoutLibrary& layouts() { return m_layouts; }
+    const LayoutLibrary& layouts() const { return m_layouts; }
+    void switchForDisplays();
+    void armPowerWatch();
+    void checkPower();
+    MenuEntry layoutsEntry();
+
     // The running system's menu bar.
     void lookAtSystem();
     void displaysChanged();
@@ -171,6 +199,8 @@ public:
     std::optional<ScreenRect> frameOf(const StatusItem* item) const;
     // What the panel says under its tiles about where the rest of the items are.
     QString panelFootnote() const;
+    void footnoteClicked();
+    void keepChevronClearOfNotch();
 
     // The cache of the bar.
     QString barSignature() const;
@@ -235,11 +265,17 @@ private:
     bool keepsArrangement() const;
     QHash<std::int64_t, QString> keysOf(const std::vector<CaptureEngine::Raw>& raws) const;
     void performMove(const ArrangementMove& move);
+    std::vector<ArrangementMove> movesBetween(const BarArrangement& seen,
+                                              const BarArrangement& wanted) const;
     void seedDefaultPositionsIfNeeded();
     void configureToggleButton();
     std::unique_ptr<StatusItem> makeSeparator(const QString& autosaveName, bool dimmed);
     void prefsChanged();
     void appendApplicationEntries(std::vector<MenuEntry>& entries);
+    void placeNewItem(const QString& key);
+    void occasionBegins(const QString& layout, const QString& occasion);
+    void bringPlacedInBar(const SavedLayout& layout);
+    void occasionEnds(const QString& layout, const QString& occasion);
     // Layout: what stood on the hidden side when a reveal began goes back there afterwards;
     // nothing else moves but items placed off.
     struct HiddenSide {
@@ -280,6 +316,11 @@ private:
     std::vector<std::unique_ptr<StatusItem>> m_alwaysSpan;
     bool m_collapseHolds = true;
     ArrangementStore m_arrangements;
+    NewItemTracker m_newItems;
+    LayoutLibrary m_layouts;
+    int m_displayCount = 0;
+    Timer m_powerTimer;
+    std::optional<bool> m_onBattery;
     QStringList m_movedBySystem;
     bool m_restoring = false;
     Screens::ObserverToken m_screensToken;

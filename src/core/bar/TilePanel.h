@@ -31,6 +31,8 @@ public:
     std::function<void()> onClose;
     // Asked on every show for a line to put under everything else (empty: none).
     std::function<QString()> footnote;
+    // Told when the user clicks that line.
+    std::function<void()> onFootnote;
 };
 
 } // namespace ravlin

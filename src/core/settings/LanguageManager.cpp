@@ -6,6 +6,8 @@
 #include "foundation/Logging.h"
 #include "foundation/ResourceBundle.h"
 
+#include <QFileInfo>
+
 namespace ravlin {
 
 LanguageManager::LanguageManager(const Resources& resources, DefaultsStore& defaults,
@@ -34,6 +36,14 @@ void LanguageManager::apply(const QString& code, bool persist)
     if (persist)
         m_preferences.setAppLanguage(code);
     Q_EMIT willChange();
+}
+
+QString LanguageManager::effectiveCode() const
+{
+    if (!m_activeCode.isEmpty() || !m_bundle)
+        return m_activeCode;
+    QString folder = QFileInfo(m_bundle->path()).fileName();
+    return folder.endsWith(QStringLiteral(".lproj")) ? folder.chopped(6) : QString();
 }
 
 void LanguageManager::applyStored()

@@ -26,6 +26,8 @@ public:
     void applyStored();
 
     QString activeCode() const { return m_activeCode; }
+    // The language texts come in now, also when the system's language was chosen ("" above).
+    QString effectiveCode() const;
     bool isRTL() const;
     const ResourceBundle* bundle() const { return m_bundle.get(); }
 

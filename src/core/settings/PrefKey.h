@@ -19,6 +19,7 @@ inline const QString barPinnedItems = QStringLiteral("barPinnedItems");
 inline const QString hiddenBundleIDs = QStringLiteral("hiddenBundleIDs");
 inline const QString hiddenSystemItems = QStringLiteral("hiddenSystemItemIDs");
 inline const QString hideSpotlight = QStringLiteral("hideSpotlight");
+inline const QString newItemPlacement = QStringLiteral("newItemPlacement");
 
 // Keys kept beside the settings.
 inline const QString appleLanguages = QStringLiteral("AppleLanguages");

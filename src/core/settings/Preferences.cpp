@@ -54,6 +54,7 @@ void Preferences::registerDefaults()
         {PrefKey::tileStyle, tileStyleRawValue(TileStyle::Dashboard)},
         {PrefKey::showSystemTiles, true},
         {PrefKey::showWeather, true},
+        {PrefKey::newItemPlacement, itemPlacementName(ItemPlacement::Panel)},
     });
 }
 
@@ -151,6 +152,23 @@ TileStyle Preferences::tileStyle() const
 void Preferences::setTileStyle(TileStyle style)
 {
     m_defaults.set(PrefKey::tileStyle, tileStyleRawValue(style));
+    changed();
+}
+
+ItemPlacement Preferences::newItemPlacement() const
+{
+    const QString raw = m_defaults.stringForKey(PrefKey::newItemPlacement).value_or(QString());
+    const std::optional<ItemPlacement> placement = itemPlacementFromName(raw);
+    if (!placement)
+        qCWarning(lcDefaults).noquote()
+            << PrefKey::newItemPlacement << "holds" << raw
+            << "- not bar, panel or off; new items go to the panel";
+    return placement.value_or(ItemPlacement::Panel);
+}
+
+void Preferences::setNewItemPlacement(ItemPlacement placement)
+{
+    m_defaults.set(PrefKey::newItemPlacement, itemPlacementName(placement));
     changed();
 }
 

@@ -80,6 +80,9 @@ public:
     void setPlacement(const QString& key, ItemPlacement placement);
     // Several placements at once, written and announced once (nothing when empty).
     void setPlacements(const QHash<QString, ItemPlacement>& placements);
+    // Where an item seen for the first time goes (the panel unless the user said otherwise).
+    ItemPlacement newItemPlacement() const;
+    void setNewItemPlacement(ItemPlacement placement);
 
     DefaultsStore& defaults() const { return m_defaults; }
 

@@ -20,6 +20,8 @@ struct BarItem {
     QString label;
     bool isApple = false;
     QString key;
+    // First seen in the bar within the last day: the panel marks it.
+    bool isNew = false;
 
     const QString& id() const { return key; }
     bool operator==(const BarItem& other) const;

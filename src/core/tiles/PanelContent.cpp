@@ -130,6 +130,7 @@ std::vector<PanelTile> PanelContent::itemTiles(const BarGroup& group) const
         tile.label = item.label;
         tile.symbol = item.symbolName.value_or(QString());
         tile.accent = tileAccent(item.label);
+        tile.isNew = item.isNew;
         tile.content = item;
         tiles.push_back(std::move(tile));
     }

@@ -27,6 +27,7 @@ struct PanelTile {
     std::optional<QColor> accent;
     std::optional<double> percent;      // a statistic's gauge, 0–100
     std::optional<TileContent> content; // the tiles the style arranges
+    bool isNew = false;                 // an item first seen within the last day
 };
 
 // One titled block of the panel. The weather header and the permission tiles

@@ -55,17 +55,20 @@ QByteArray textFile(const QString& path)
 // A battery's charge: capacity in percent, else energy (µWh) or charge (µAh) now against full.
 PowerSource batteryCharge(const QString& dir)
 {
+    const QByteArray status = textFile(dir + QStringLiteral("/status"));
+    const std::optional<bool> discharging =
+        status.isEmpty() ? std::nullopt : std::optional(status == "Discharging");
     if (const auto capacity = integerFile(dir + QStringLiteral("/capacity")))
-        return {*capacity, 100};
+        return {*capacity, 100, discharging};
     for (const char* kind : {"energy", "charge"}) {
         const QString prefix = dir + u'/' + QLatin1String(kind);
         const auto now = integerFile(prefix + QStringLiteral("_now"));
         const auto full = integerFile(prefix + QStringLiteral("_full"));
         if (now && full)
-            return {*now, *full};
+            return {*now, *full, discharging};
     }
     qCInfo(lcStats) << "battery without a readable charge:" << dir;
-    return {};
+    return {std::nullopt, std::nullopt, discharging};
 }
 
 } // namespace

@@ -104,6 +104,10 @@ std::optional<QList<PowerSource>> MacSystemProbe::powerSources()
                 integerOf(CFDictionaryGetValue(description, CFSTR(kIOPSCurrentCapacityKey)));
             source.maxCapacity =
                 integerOf(CFDictionaryGetValue(description, CFSTR(kIOPSMaxCapacityKey)));
+            const CFTypeRef state =
+                CFDictionaryGetValue(description, CFSTR(kIOPSPowerSourceStateKey));
+            if (state && CFGetTypeID(state) == CFStringGetTypeID())
+                source.discharging = CFEqual(state, CFSTR(kIOPSBatteryPowerValue));
         }
         sources.append(source);
     }

@@ -56,6 +56,23 @@ void SimStatusBar::clicked(std::int64_t window, const CurrentEvent& event)
     m_current = CurrentEvent{};
 }
 
+bool SimStatusBar::point(const QStringList& path)
+{
+    if (!m_openMenu)
+        return false;
+    const std::vector<MenuEntry>* entries = &m_openMenu->entries;
+    for (const QString& title : path) {
+        const auto it = std::find_if(entries->begin(), entries->end(), [&](const MenuEntry& e) {
+            return !e.separator && e.title == title && !e.submenu.empty();
+        });
+        if (it == entries->end())
+            return false;
+        entries = &it->submenu;
+    }
+    m_pointedPath = path;
+    return true;
+}
+
 SimStatusBar::Choice SimStatusBar::choose(const QStringList& path)
 {
     if (!m_openMenu)
@@ -78,7 +95,7 @@ SimStatusBar::Choice SimStatusBar::choose(const QStringList& path)
         return Choice::NoSuchEntry;
     // The menu closes before its command runs, as a real menu does.
     const std::function<void()> action = chosen->action;
-    m_openMenu.reset();
+    closeMenu();
     if (action)
         action();
     return Choice::Done;
@@ -138,6 +155,8 @@ std::optional<ScreenRect> SimStatusItem::windowFrame() const
 void SimStatusItem::popUpMenu(const MenuModel& menu)
 {
     m_bar.m_openMenu = menu;
+    m_bar.m_pointedPath.clear();
+    m_bar.m_menuAnchor = windowServerFrame();
     ++m_bar.m_menusOpened;
 }
 

@@ -39,7 +39,16 @@ public:
     const std::optional<MenuModel>& openMenu() const { return m_openMenu; }
     enum class Choice { Done, NoMenu, NoSuchEntry };
     Choice choose(const QStringList& path);
-    void closeMenu() { m_openMenu.reset(); }
+    void closeMenu()
+    {
+        m_openMenu.reset();
+        m_pointedPath.clear();
+    }
+    // The pointer rests on an entry with a submenu (a path of titles), which opens beside it.
+    bool point(const QStringList& path);
+    const QStringList& pointedPath() const { return m_pointedPath; }
+    // The frame of the item whose menu is open, in window-server coordinates.
+    std::optional<WindowServerRect> menuAnchor() const { return m_menuAnchor; }
     int menusOpened() const { return m_menusOpened; }
 
 private:
@@ -50,6 +59,8 @@ private:
     std::map<std::int64_t, SimStatusItem*> m_items;
     CurrentEvent m_current;
     std::optional<MenuModel> m_openMenu;
+    QStringList m_pointedPath;
+    std::optional<WindowServerRect> m_menuAnchor;
     int m_menusOpened = 0;
 };
 

@@ -27,6 +27,8 @@ MenuBarTab::MenuBarTab(AppDelegate& app, SettingsActions& actions, QWidget* pare
         buildEngine();
     else
         buildPlain();
+    buildNewItems();
+    buildLayouts();
     finish();
     m_shownSignature = listSignature();
     connect(&app.scannerModel(), &ScannerModel::willChange, this, &MenuBarTab::scheduleReload);
@@ -157,6 +159,9 @@ void MenuBarTab::refresh()
         m_spotlight->setCheckedQuietly(p.hideSpotlight());
     if (m_arrange)
         m_arrange->setEnabled(m_actions.canArrange());
+    if (m_newItems)
+        m_newItems->setValue(itemPlacementName(p.newItemPlacement()));
+    refreshLayouts();
 }
 
 void MenuBarTab::activated()

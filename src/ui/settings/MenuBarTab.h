@@ -7,11 +7,13 @@
 
 #include <cstdint>
 
+class QLineEdit;
 class QVBoxLayout;
 
 namespace ravlin {
 
 class AppDelegate;
+class PopupButton;
 class SegmentedControl;
 class SettingsActions;
 class SettingsColumn;
@@ -42,6 +44,13 @@ private:
     QWidget* itemRow(const BarItem& item);
     void choosePlacement(const QString& key, const QString& choice);
     void applySpacing();
+    // Both modes: new items and named layouts.
+    void buildNewItems();
+    void buildLayouts();
+    void refreshLayouts();
+    PopupButton* layoutPopup(const QString& name, bool withOff);
+    void exportLayout();
+    void importLayout();
     // Engine mode.
     void buildEngine();
     void fillApps();
@@ -66,6 +75,11 @@ private:
     QHash<QString, ToggleSwitch*> m_appSwitches;
     QHash<std::int64_t, ToggleSwitch*> m_systemSwitches;
     ToggleSwitch* m_spotlight = nullptr;
+    SegmentedControl* m_newItems = nullptr;
+    PopupButton* m_layoutChoice = nullptr;
+    PopupButton* m_layoutOnDisplay = nullptr;
+    PopupButton* m_layoutOnBattery = nullptr;
+    QLineEdit* m_layoutName = nullptr;
 };
 
 } // namespace ravlin

@@ -89,3 +89,82 @@ void SettingsActions::pickLanguage(const QString& code)
 }
 
 } // namespace ravlin
+
+namespace ravlin {
+
+void SettingsActions::setNewItemPlacement(ItemPlacement placement)
+{
+    m_app.preferences().setNewItemPlacement(placement);
+}
+
+QStringList SettingsActions::layoutNames() const
+{
+    const StatusBarController* bar = m_app.statusBar();
+    return bar ? bar->layouts().names() : QStringList();
+}
+
+QString SettingsActions::activeLayout() const
+{
+    const StatusBarController* bar = m_app.statusBar();
+    return bar ? bar->layouts().active() : QString();
+}
+
+bool SettingsActions::saveLayout(const QString& name)
+{
+    StatusBarController* bar = m_app.statusBar();
+    return bar && bar->saveLayout(name);
+}
+
+bool SettingsActions::switchLayout(const QString& name)
+{
+    StatusBarController* bar = m_app.statusBar();
+    return bar && bar->switchLayout(name, QStringLiteral("the user's choice in the settings"));
+}
+
+bool SettingsActions::deleteLayout(const QString& name)
+{
+    StatusBarController* bar = m_app.statusBar();
+    return bar && bar->deleteLayout(name);
+}
+
+bool SettingsActions::exportLayout(const QString& name, const QString& path)
+{
+    StatusBarController* bar = m_app.statusBar();
+    return bar && !path.isEmpty() && bar->exportLayout(name, path);
+}
+
+QString SettingsActions::importLayout(const QString& path)
+{
+    StatusBarController* bar = m_app.statusBar();
+    if (!bar || path.isEmpty())
+        return QString();
+    return bar->importLayout(path).value_or(QString());
+}
+
+QString SettingsActions::layoutOnDisplay() const
+{
+    const StatusBarController* bar = m_app.statusBar();
+    return bar ? bar->layouts().forDisplayConnected() : QString();
+}
+
+QString SettingsActions::layoutOnBattery() const
+{
+    const StatusBarController* bar = m_app.statusBar();
+    return bar ? bar->layouts().forBattery() : QString();
+}
+
+void SettingsActions::setLayoutOnDisplay(const QString& name)
+{
+    if (StatusBarController* bar = m_app.statusBar())
+        bar->layouts().setForDisplayConnected(name);
+}
+
+void SettingsActions::setLayoutOnBattery(const QString& name)
+{
+    if (StatusBarController* bar = m_app.statusBar()) {
+        bar->layouts().setForBattery(name);
+        bar->armPowerWatch();
+    }
+}
+
+} // namespace ravlin

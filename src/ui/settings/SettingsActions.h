@@ -3,6 +3,7 @@
 #include "core/settings/ItemPlacement.h"
 
 #include <QString>
+#include <QStringList>
 
 namespace ravlin {
 
@@ -29,6 +30,22 @@ public:
     bool applyCompactSpacing();
     void openControlCentreSettings();
     void pickLanguage(const QString& code);
+
+    // Where items seen for the first time go.
+    void setNewItemPlacement(ItemPlacement placement);
+    // Named layouts; false (with a log line) when there is no controller or no such layout.
+    QStringList layoutNames() const;
+    QString activeLayout() const;
+    bool saveLayout(const QString& name);
+    bool switchLayout(const QString& name);
+    bool deleteLayout(const QString& name);
+    bool exportLayout(const QString& name, const QString& path);
+    // The imported layout's name, empty when the file is not one.
+    QString importLayout(const QString& path);
+    QString layoutOnDisplay() const;
+    QString layoutOnBattery() const;
+    void setLayoutOnDisplay(const QString& name);
+    void setLayoutOnBattery(const QString& name);
 
 private:
     AppDelegate& m_app;

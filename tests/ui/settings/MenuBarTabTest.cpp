@@ -11,11 +11,13 @@
 #include "platform/sim/SimMenuBarSpacing.h"
 #include "platform/sim/SimStatusBar.h"
 #include "ui/settings/MenuBarTab.h"
+#include "ui/settings/PopupButton.h"
 #include "ui/settings/SegmentedControl.h"
 #include "ui/settings/SettingsRow.h"
 #include "ui/settings/TextLabel.h"
 #include "ui/settings/ToggleSwitch.h"
 
+#include <QLineEdit>
 #include <QPushButton>
 
 #include <gtest/gtest.h>
@@ -85,11 +87,16 @@ TEST_F(MenuBarTabPlain, ListsTheAppsItemsApartFromTheSystemsOwn)
         shown,
         (QStringList{QStringLiteral("Tunnel"), QStringLiteral("Chat"), QStringLiteral("Bluetooth"),
                      QStringLiteral("Wi-Fi"), QStringLiteral("Arrange the menu bar"),
-                     QStringLiteral("Item spacing"), QStringLiteral("Rescan menu bar")}));
+                     QStringLiteral("Item spacing"), QStringLiteral("Rescan menu bar"),
+                     QStringLiteral("Place new items"), QStringLiteral("Layout in use"),
+                     QStringLiteral("Save the menu bar as"), QStringLiteral("Share as a file"),
+                     QStringLiteral("When a display is connected"),
+                     QStringLiteral("On battery power")}));
     const QStringList headings =
         texts(world.window().view()->findChildren<QLabel*>(QStringLiteral("heading")));
-    EXPECT_EQ(headings,
-              (QStringList{QStringLiteral("Detected items"), QStringLiteral("System items")}));
+    EXPECT_EQ(headings, (QStringList{QStringLiteral("Detected items"),
+                                     QStringLiteral("System items"), QStringLiteral("New items"),
+                                     QStringLiteral("Layouts")}));
     EXPECT_EQ(world.find<SegmentedControl>(QStringLiteral("place:") + chat)->value(),
               QStringLiteral("panel"));
 }
@@ -177,6 +184,40 @@ TEST_F(MenuBarTabPlain, CompactSpacingIsStoredAndSaysWhenItApplies)
     EXPECT_FALSE(row->hintLabel()->isHidden());
     EXPECT_EQ(static_cast<TextLabel*>(row->hintLabel())->plainText(),
               world.app().languageManager().L(QStringLiteral("menubar.space.hint")));
+}
+
+TEST_F(MenuBarTabPlain, NewItemsAndLayoutsAreChosenWithTheirControls)
+{
+    world.find<SegmentedControl>(QStringLiteral("newItems"))->segment(QStringLiteral("bar"))->click();
+    EXPECT_EQ(prefs().newItemPlacement(), ItemPlacement::Bar);
+
+    // Nothing saved yet: the layout controls have nothing to offer.
+    auto* layouts = world.find<PopupButton>(QStringLiteral("layouts"));
+    EXPECT_FALSE(layouts->isEnabled());
+    EXPECT_FALSE(world.find<QPushButton>(QStringLiteral("exportLayout"))->isEnabled());
+
+    // A name and Save: the layout is kept and in use, and the field is ready for the next.
+    auto* name = world.find<QLineEdit>(QStringLiteral("layoutName"));
+    name->setText(QStringLiteral("Work"));
+    world.find<QPushButton>(QStringLiteral("saveLayout"))->click();
+    EXPECT_EQ(bar().layouts().names(), QStringList{QStringLiteral("Work")});
+    EXPECT_TRUE(name->text().isEmpty());
+    EXPECT_TRUE(layouts->isEnabled());
+    EXPECT_EQ(layouts->currentText(), QStringLiteral("Work"));
+    // Without a name nothing is saved.
+    world.find<QPushButton>(QStringLiteral("saveLayout"))->click();
+    EXPECT_EQ(bar().layouts().names().size(), 1);
+
+    // The occasions offer "Off" and every layout; picking one sets the rule.
+    auto* onDisplay = world.find<PopupButton>(QStringLiteral("layoutOnDisplay"));
+    ASSERT_EQ(onDisplay->count(), 2);
+    onDisplay->setCurrentIndex(1);
+    Q_EMIT onDisplay->activated(1);
+    EXPECT_EQ(bar().layouts().forDisplayConnected(), QStringLiteral("Work"));
+
+    world.find<QPushButton>(QStringLiteral("deleteLayout"))->click();
+    EXPECT_TRUE(bar().layouts().names().isEmpty());
+    EXPECT_TRUE(bar().layouts().forDisplayConnected().isEmpty());
 }
 
 TEST(MenuBarTabEmpty, SaysThatNoItemWasFound)

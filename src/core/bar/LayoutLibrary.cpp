@@ -1,0 +1,81 @@
+#include "LayoutLibrary.h"
+
+#include "foundation/DefaultsStore.h"
+#include "foundation/Logging.h"
+
+#include <algorithm>
+
+namespace ravlin {
+
+QStringList LayoutLibrary::names() const
+{
+    QStringList names;
+    const std::optional<PlistDict> stored = m_defaults.dictionaryForKey(layoutsKey);
+    if (!stored)
+        return names;
+    for (auto it = stored->begin(); it != stored->end(); ++it)
+        if (SavedLayout::fromPlist(it.value()))
+            names.append(it.key());
+    std::sort(names.begin(), names.end(), [](const QString& a, const QString& b) {
+        return a.compare(b, Qt::CaseInsensitive) < 0;
+    });
+    return names;
+}
+
+std::optional<SavedLayout> LayoutLibrary::layout(const QString& name) const
+{
+    const std::optional<PlistDict> stored = m_defaults.dictionaryForKey(layoutsKey);
+    if (!stored || !stored->contains(name))
+        return std::nullopt;
+    QString why;
+    std::optional<SavedLayout> layout = SavedLayout::fromPlist(stored->value(name), &why);
+    if (!layout) {
+        qCWarning(lcBar).noquote() << "the saved layout" << name << "cannot be read:" << why;
+        return std::nullopt;
+    }
+    layout->name = name;
+    return layout;
+}
+
+void LayoutLibrary::save(const SavedLayout& layout)
+{
+    PlistDict stored = m_defaults.dictionaryForKey(layoutsKey).value_or(PlistDict{});
+    stored.insert(layout.name, layout.toPlist());
+    m_defaults.set(layoutsKey, stored);
+}
+
+bool LayoutLibrary::remove(const QString& name)
+{
+    PlistDict stored = m_defaults.dictionaryForKey(layoutsKey).value_or(PlistDict{});
+    if (!stored.remove(name))
+        return false;
+    m_defaults.set(layoutsKey, stored);
+    for (const QString& key : {activeKey, onDisplayKey, onBatteryKey, beforeKey})
+        if (text(key) == name)
+            m_defaults.remove(key);
+    return true;
+}
+
+QString LayoutLibrary::text(const QString& key) const
+{
+    return m_defaults.stringForKey(key).value_or(QString());
+}
+
+void LayoutLibrary::setText(const QString& key, const QString& value)
+{
+    if (value.isEmpty())
+        m_defaults.remove(key);
+    else
+        m_defaults.set(key, value);
+}
+
+QString LayoutLibrary::active() const { return text(activeKey); }
+void LayoutLibrary::setActive(const QString& name) { setText(activeKey, name); }
+QString LayoutLibrary::forDisplayConnected() const { return text(onDisplayKey); }
+void LayoutLibrary::setForDisplayConnected(const QString& name) { setText(onDisplayKey, name); }
+QString LayoutLibrary::forBattery() const { return text(onBatteryKey); }
+void LayoutLibrary::setForBattery(const QString& name) { setText(onBatteryKey, name); }
+QString LayoutLibrary::before() const { return text(beforeKey); }
+void LayoutLibrary::setBefore(const QString& name) { setText(beforeKey, name); }
+
+} // namespace ravlin

@@ -1,0 +1,82 @@
+#include "SavedLayout.h"
+
+#include "foundation/PlistJson.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+
+namespace ravlin {
+namespace {
+
+const QString formatKey = QStringLiteral("format");
+const QString formatName = QStringLiteral("ravlin.layout");
+const QString nameKey = QStringLiteral("name");
+const QString arrangementKey = QStringLiteral("arrangement");
+const QString placementsKey = QStringLiteral("placements");
+
+std::optional<SavedLayout> fail(QString* error, const QString& why)
+{
+    if (error)
+        *error = why;
+    return std::nullopt;
+}
+
+} // namespace
+
+PlistValue SavedLayout::toPlist() const
+{
+    PlistDict placed;
+    for (auto it = placements.begin(); it != placements.end(); ++it)
+        if (it.value() != ItemPlacement::Panel)
+            placed.insert(it.key(), itemPlacementName(it.value()));
+    return PlistDict{{formatKey, formatName},
+                     {nameKey, name},
+                     {arrangementKey, arrangement.toPlist()},
+                     {placementsKey, placed}};
+}
+
+std::optional<SavedLayout> SavedLayout::fromPlist(const PlistValue& value, QString* error)
+{
+    if (!value.isDict())
+        return fail(error, QStringLiteral("not a layout"));
+    const std::optional<QString> format = value[formatKey].asString();
+    if (format && *format != formatName)
+        return fail(error, QStringLiteral("a file of another kind (%1)").arg(*format));
+    SavedLayout layout;
+    layout.name = value[nameKey].asString().value_or(QString()).trimmed().left(60);
+    if (layout.name.isEmpty())
+        return fail(error, QStringLiteral("a layout without a name"));
+    const std::optional<BarArrangement> arrangement =
+        BarArrangement::fromPlist(value[arrangementKey]);
+    if (!arrangement)
+        return fail(error, QStringLiteral("its arrangement is not a list of items per section"));
+    layout.arrangement = *arrangement;
+    if (const PlistDict* placed = value[placementsKey].asDict()) {
+        for (auto it = placed->begin(); it != placed->end(); ++it) {
+            const std::optional<ItemPlacement> placement =
+                itemPlacementFromName(it.value().asString().value_or(QString()));
+            if (placement && *placement != ItemPlacement::Panel && !it.key().isEmpty())
+                layout.placements.insert(it.key(), *placement);
+        }
+    } else if (!value[placementsKey].isNull()) {
+        return fail(error, QStringLiteral("its placements are not a dictionary"));
+    }
+    return layout;
+}
+
+QByteArray SavedLayout::toJson() const
+{
+    return QJsonDocument(PlistJson::toJson(toPlist()).toObject()).toJson(QJsonDocument::Indented);
+}
+
+std::optional<SavedLayout> SavedLayout::fromJson(const QByteArray& json, QString* error)
+{
+    QString parseError;
+    const std::optional<PlistValue> value =
+        PlistJson::parse(QString::fromUtf8(json), &parseError);
+    if (!value)
+        return fail(error, QStringLiteral("not JSON: %1").arg(parseError));
+    return fromPlist(*value, error);
+}
+
+} // namespace ravlin

@@ -1,0 +1,235 @@
+// Layouts the user saved under a name: switched from the status menu, taken to another Mac as
+// a file, and switched to by themselves when a display is connected or the Mac runs on battery.
+#include "StatusBarController.h"
+
+#include "ArrangementPlanner.h"
+#include "core/app/SettingsPresenter.h"
+#include "core/discovery/MenuBarSystem.h"
+#include "core/settings/LanguageManager.h"
+#include "core/settings/Preferences.h"
+#include "foundation/Logging.h"
+#include "platform/StatusBar.h"
+
+#include <QFile>
+#include <QSaveFile>
+
+namespace ravlin {
+namespace {
+
+constexpr double powerCheckInterval = 60.0;
+
+} // namespace
+
+SavedLayout StatusBarController::currentLayout(const QString& name)
+{
+    recordArrangement();
+    SavedLayout layout;
+    layout.name = name;
+    layout.arrangement = m_arrangements.recorded().value_or(BarArrangement{});
+    for (const QString& key : m_s.preferences.barPinnedKeys())
+        layout.placements.insert(key, ItemPlacement::Bar);
+    for (const QString& key : m_s.preferences.hiddenItemKeys())
+        layout.placements.insert(key, ItemPlacement::Off);
+    return layout;
+}
+
+bool StatusBarController::saveLayout(const QString& name)
+{
+    const QString trimmed = name.trimmed();
+    if (trimmed.isEmpty()) {
+        qCWarning(lcBar) << "a layout needs a name; nothing saved";
+        return false;
+    }
+    m_layouts.save(currentLayout(trimmed));
+    m_layouts.setActive(trimmed);
+    qCInfo(lcBar).noquote() << "saved the bar as the layout" << trimmed;
+    return true;
+}
+
+bool StatusBarController::switchLayout(const QString& name, const QString& occasion)
+{
+    const std::optional<SavedLayout> layout = m_layouts.layout(name);
+    if (!layout) {
+        qCWarning(lcBar).noquote() << "there is no layout" << name << "to switch to";
+        return false;
+    }
+    qCInfo(lcBar).noquote() << "switching to the layout" << name << "-" << occasion;
+    // Items the layout does not know keep their placement; the ones it knows take its.
+    QHash<QString, ItemPlacement> placements;
+    QStringList known = layout->arrangement.allKeys();
+    known.append(layout->placements.keys());
+    for (const QString& key : known) {
+        const ItemPlacement wanted = layout->placements.value(key, ItemPlacement::Panel);
+        if (m_s.preferences.placement(key) != wanted)
+            placements.insert(key, wanted);
+    }
+    m_layouts.setActive(name);
+    m_s.preferences.setPlacements(placements);
+    if (keepsArrangement()) {
+        const BarArrangement seen = seenArrangement();
+        m_arrangements.record(BarArrangement::merged(
+            layout->arrangement, BarArrangement::restored(layout->arrangement, seen)));
+        restoreArrangement(occasion);
+        if (m_s.system.techniques().canMoveItems()) {
+            bringPlacedInBar(*layout);
+            hideItemsPlacedOff(HiddenSide{});
+        }
+    }
+    applyItemFilter();
+    return true;
+}
+
+// A layout's placement "bar" wins over an arrangement that has the item hidden (a layout
+// edited by hand, or saved from a bar the user had not arranged yet).
+void StatusBarController::bringPlacedInBar(const SavedLayout& layout)
+{
+    const BarArrangement seen = seenArrangement();
+    bool moved = false;
+    for (auto it = layout.placements.begin(); it != layout.placements.end(); ++it) {
+        const std::optional<BarArrangement::Section> section = seen.sectionOf(it.key());
+        if (it.value() != ItemPlacement::Bar || !section ||
+            section == BarArrangement::Section::Visible)
+            continue;
+        if (!moved)
+            shrinkOwnItems();
+        moved = true;
+        performMove({it.key(), BarArrangement::hiddenMarker, true});
+    }
+    if (moved) {
+        restoreOwnItems();
+        recordArrangement();
+    }
+}
+
+bool StatusBarController::deleteLayout(const QString& name)
+{
+    const bool removed = m_layouts.remove(name);
+    if (removed)
+        qCInfo(lcBar).noquote() << "deleted the layout" << name;
+    return removed;
+}
+
+bool StatusBarController::exportLayout(const QString& name, const QString& path, QString* error)
+{
+    const std::optional<SavedLayout> layout =
+        name == m_layouts.active() || !m_layouts.layout(name) ? std::optional(currentLayout(name))
+                                                              : m_layouts.layout(name);
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(layout->toJson()) < 0 || !file.commit()) {
+        if (error)
+            *error = file.errorString();
+        qCWarning(lcBar).noquote() << "could not export the layout" << name << "to" << path
+                                   << "-" << file.errorString();
+        return false;
+    }
+    qCInfo(lcBar).noquote() << "exported the layout" << name << "to" << path;
+    return true;
+}
+
+std::optional<QString> StatusBarController::importLayout(const QString& path, QString* error)
+{
+    QFile file(path);
+    QString why;
+    std::optional<SavedLayout> layout;
+    if (!file.open(QIODevice::ReadOnly))
+        why = file.errorString();
+    else if (file.size() > 4 * 1024 * 1024)
+        why = QStringLiteral("the file is too large to be a layout");
+    else
+        layout = SavedLayout::fromJson(file.readAll(), &why);
+    if (!layout) {
+        qCWarning(lcBar).noquote() << "could not import a layout from" << path << "-" << why;
+        if (error)
+            *error = why;
+        return std::nullopt;
+    }
+    m_layouts.save(*layout);
+    qCInfo(lcBar).noquote() << "imported the layout" << layout->name << "from" << path;
+    return layout->name;
+}
+
+// --- occasions that switch by themselves -----------------------------------------------
+
+void StatusBarController::occasionBegins(const QString& layout, const QString& occasion)
+{
+    if (layout.isEmpty() || m_layouts.active() == layout || !m_layouts.layout(layout))
+        return;
+    m_layouts.setBefore(m_layouts.active());
+    switchLayout(layout, occasion);
+}
+
+void StatusBarController::occasionEnds(const QString& layout, const QString& occasion)
+{
+    if (layout.isEmpty() || m_layouts.active() != layout)
+        return;
+    const QString before = m_layouts.before();
+    m_layouts.setBefore(QString());
+    if (!before.isEmpty())
+        switchLayout(before, occasion);
+}
+
+void StatusBarController::switchForDisplays()
+{
+    const int count = int(m_s.screens.screens().size());
+    const int before = std::exchange(m_displayCount, count);
+    const QString layout = m_layouts.forDisplayConnected();
+    if (before == 0 || count == before)
+        return;
+    if (count > before)
+        occasionBegins(layout, QStringLiteral("a display was connected"));
+    else if (count == 1)
+        occasionEnds(layout, QStringLiteral("the extra displays are gone"));
+}
+
+void StatusBarController::armPowerWatch()
+{
+    if (m_layouts.forBattery().isEmpty() || !m_s.onBattery) {
+        m_powerTimer.invalidate();
+        m_onBattery.reset();
+        return;
+    }
+    if (!m_powerTimer.isValid())
+        m_powerTimer = m_s.scheduler.every(powerCheckInterval, weakly([this] { checkPower(); }));
+    checkPower();
+}
+
+void StatusBarController::checkPower()
+{
+    const std::optional<bool> onBattery = m_s.onBattery ? m_s.onBattery() : std::nullopt;
+    if (!onBattery || onBattery == m_onBattery)
+        return;
+    const bool first = !m_onBattery.has_value();
+    m_onBattery = onBattery;
+    const QString layout = m_layouts.forBattery();
+    if (*onBattery)
+        occasionBegins(layout, QStringLiteral("the Mac runs on battery"));
+    else if (!first)
+        occasionEnds(layout, QStringLiteral("the Mac is on power again"));
+}
+
+MenuEntry StatusBarController::layoutsEntry()
+{
+    const QStringList names = m_layouts.names();
+    MenuEntry entry;
+    entry.title = m_s.language.L(QStringLiteral("menu.layouts"));
+    const QString active = m_layouts.active();
+    for (const QString& name : names) {
+        MenuEntry choice;
+        choice.title = name;
+        choice.checked = name == active;
+        choice.action = weakly([this, name] { switchLayout(name, QStringLiteral("the user's choice")); });
+        entry.submenu.push_back(std::move(choice));
+    }
+    if (!names.isEmpty())
+        entry.submenu.push_back(MenuEntry::separatorEntry());
+    MenuEntry save;
+    save.title = m_s.language.L(QStringLiteral("menu.saveLayout"));
+    save.action = weakly([this] {
+        if (m_s.settings)
+            m_s.settings->show(1); // the menu bar tab, where layouts are named and kept
+    });
+    entry.submenu.push_back(std::move(save));
+    return entry;
+}
+
+} // namespace ravlin
