@@ -107,7 +107,7 @@ ScreenRect StatusBarController::toggleScreenRect() const
     if (auto frame = frameOf(m_mainItem.get())) {
         // Clicked in another display's menu bar: the panel opens under the chevron there.
         const std::vector<ScreenInfo> screens = m_s.screens.screens();
-        const ScreenPoint pointer = m_s.screens.mouseLocation();
+        const ScreenPoint pointer = m_clickPoint.value_or(m_s.screens.mouseLocation());
         const std::optional<ScreenInfo> clicked = MenuBarDisplays::displayAt(pointer, screens);
         const std::optional<ScreenInfo> home = MenuBarDisplays::displayAt(
             {frame->x + frame->width / 2, frame->y + frame->height / 2}, screens);

@@ -283,6 +283,9 @@ void StatusBarController::mainClicked()
 {
     if (m_arranging)
         return;
+    // Where the panel or the arrange guide will open: by the time a menu command runs, the
+    // pointer is in the menu, no longer in the bar that was clicked.
+    m_clickPoint = m_s.screens.mouseLocation();
     const CurrentEvent event = m_s.statusBar.currentEvent();
     if (event.type == CurrentEvent::RightMouseUp ||
         (event.modifierFlags & CurrentEvent::controlKeyMask)) {

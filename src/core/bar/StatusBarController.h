@@ -319,6 +319,7 @@ private:
     NewItemTracker m_newItems;
     LayoutLibrary m_layouts;
     int m_displayCount = 0;
+    std::optional<ScreenPoint> m_clickPoint; // of the last click on the chevron
     Timer m_powerTimer;
     std::optional<bool> m_onBattery;
     QStringList m_movedBySystem;
