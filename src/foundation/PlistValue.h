@@ -25,8 +25,10 @@ public:
 
     PlistValue() = default;
     PlistValue(bool b) : m_v(b) {}
+    // int64_t is long on Linux and long long on Apple: naming the three standard types covers
+    // both without declaring one of them twice.
     PlistValue(int i) : m_v(std::int64_t(i)) {}
-    PlistValue(std::int64_t i) : m_v(i) {}
+    PlistValue(long i) : m_v(std::int64_t(i)) {}
     PlistValue(long long i) : m_v(std::int64_t(i)) {}
     PlistValue(double d) : m_v(d) {}
     PlistValue(const char*) = delete; // say QStringLiteral or u"…"_s: no implicit ASCII casts

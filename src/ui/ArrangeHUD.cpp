@@ -48,6 +48,8 @@ void ArrangeHUD::makePanel()
             onDone();
     };
     layout->addWidget(m_view);
+    // The panel style must be in place before the window is first shown.
+    NativeWindow::makeMenuBarPanel(m_panel.get());
 }
 
 void ArrangeHUD::show(const ScreenRect& anchor)

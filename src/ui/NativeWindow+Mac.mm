@@ -7,11 +7,13 @@
 namespace ravlin::NativeWindow {
 namespace {
 
-NSString* const hudIdentifier = @"de.vexa.Ravlin.hud";
-
+// The window stays Qt's own: only its NSWindow's traits are changed, never its content view,
+// so Qt can still show, move, resize and hide it. winId() creates the native window when
+// there is none yet, which lets the traits be set before the window is first shown.
 NSWindow* nativeWindow(QWidget* window)
 {
-    auto* view = reinterpret_cast<NSView*>(window->winId());
+    // winId() is the window's NSView, which Qt owns: a plain bridge under ARC.
+    auto* view = (__bridge NSView*)reinterpret_cast<void*>(window->winId());
     return view.window;
 }
 
@@ -31,36 +33,25 @@ void makeMenuBarPanel(QWidget* window)
     if ([native isKindOfClass:NSPanel.class]) {
         auto* panel = (NSPanel*)native;
         panel.floatingPanel = YES;
-        panel.styleMask |= NSWindowStyleMaskNonactivatingPanel;
+        // The window server only takes the non-activating style into account when it is set
+        // before the panel is first ordered in; callers therefore come here before show().
+        if (!(panel.styleMask & NSWindowStyleMaskNonactivatingPanel))
+            panel.styleMask |= NSWindowStyleMaskNonactivatingPanel;
     }
 }
 
 bool addHudBackground(QWidget* window, double cornerRadius)
 {
+    (void)cornerRadius;
     NSWindow* native = nativeWindow(window);
     if (!native)
         return false;
+    // A clear window: the container paints the rounded glass itself and the shadow follows
+    // its shape. Putting a material view in place of Qt's content view would take the
+    // window away from Qt.
     native.opaque = NO;
     native.backgroundColor = NSColor.clearColor;
-    NSView* content = native.contentView;
-    if ([content.identifier isEqualToString:hudIdentifier])
-        return true;
-    // The material becomes the content view and Qt's view sits on it, resizing with it.
-    auto* effect = [[NSVisualEffectView alloc] initWithFrame:content.frame];
-    effect.identifier = hudIdentifier;
-    effect.material = NSVisualEffectMaterialHUDWindow;
-    effect.blendingMode = NSVisualEffectBlendingModeBehindWindow;
-    effect.state = NSVisualEffectStateActive;
-    effect.wantsLayer = YES;
-    effect.layer.cornerRadius = cornerRadius;
-    effect.layer.masksToBounds = YES;
-    effect.layer.borderWidth = 1;
-    effect.layer.borderColor = [NSColor colorWithWhite:1 alpha:0.08].CGColor;
-    native.contentView = effect;
-    content.frame = effect.bounds;
-    content.autoresizingMask = NSViewWidthSizable | NSViewHeightSizable;
-    [effect addSubview:content];
-    return true;
+    return false;
 }
 
 } // namespace ravlin::NativeWindow

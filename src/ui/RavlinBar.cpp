@@ -45,6 +45,8 @@ void RavlinBar::makePanel()
 {
     m_panel = std::make_unique<PanelWindow>();
     m_panel->onResignKey = [this] { resignKey(); };
+    // The panel style must be in place before the window is first shown.
+    NativeWindow::makeMenuBarPanel(m_panel.get());
 }
 
 void RavlinBar::show(const std::vector<BarGroup>& groups, const ScreenRect& anchor,

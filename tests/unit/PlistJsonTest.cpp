@@ -22,6 +22,21 @@ TEST(PlistJson, NumbersWithoutFractionAreIntegersOthersReals)
     EXPECT_TRUE((*list->asArray()->at(3).asDict())[QStringLiteral("k")].isArray());
 }
 
+// int64_t is long on Linux and long long on Apple: every standard signed integer type must
+// build an integer value, on both, without an ambiguous or duplicated constructor.
+TEST(PlistValue, EverySignedIntegerTypeBecomesAnInteger)
+{
+    const long long big = 5'000'000'000LL;
+    for (const PlistValue& v : {PlistValue(int(-3)), PlistValue(long(-3)), PlistValue(-3LL),
+                                PlistValue(std::int64_t(-3)), PlistValue(qint64(-3))}) {
+        EXPECT_TRUE(v.isInteger());
+        EXPECT_EQ(v.asInteger(), -3);
+    }
+    EXPECT_EQ(PlistValue(std::int64_t(big)).asInteger(), big);
+    EXPECT_EQ(PlistValue(big), PlistValue(std::int64_t(big)));
+    EXPECT_TRUE(PlistValue(true).isBool());
+}
+
 TEST(PlistJson, RejectsBrokenTextWithAReason)
 {
     for (const char16_t* bad : {u"", u"[1,", u"{\"a\" 1}", u"tru", u"\"open", u"1 2", u"[1] x"}) {

@@ -3,32 +3,39 @@
 #import <AppKit/AppKit.h>
 #include <objc/runtime.h>
 
+#include <string>
+
 namespace ravlin::ReopenHandler {
 namespace {
 
-std::function<void()>& storedHandler()
+// The method's type encoding as the delegate protocol declares it. BOOL is a signed char on
+// x86_64 ('c') but a bool on arm64 ('B'), so a fixed string would be wrong on one of them.
+const char* reopenTypes(SEL selector)
 {
-    static std::function<void()> handler; // set once at start-up, from the main thread
-    return handler;
-}
-
-BOOL shouldHandleReopen(id, SEL, NSApplication*, BOOL)
-{
-    if (storedHandler())
-        storedHandler()();
-    return YES;
+    const objc_method_description description =
+        protocol_getMethodDescription(@protocol(NSApplicationDelegate), selector, NO, YES);
+    if (description.types)
+        return description.types;
+    static const std::string built = std::string(@encode(BOOL)) + @encode(id) + @encode(SEL) +
+                                     @encode(NSApplication*) + @encode(BOOL);
+    return built.c_str();
 }
 
 } // namespace
 
 void install(std::function<void()> handler)
 {
-    storedHandler() = std::move(handler);
     id delegate = NSApp.delegate;
     if (!delegate)
         return;
     SEL selector = @selector(applicationShouldHandleReopen:hasVisibleWindows:);
-    class_replaceMethod([delegate class], selector, (IMP)shouldHandleReopen, "c@:@c");
+    // The block keeps its own copy of the handler, so nothing global holds it.
+    IMP implementation = imp_implementationWithBlock(^BOOL(id, NSApplication*, BOOL) {
+      if (handler)
+          handler();
+      return YES;
+    });
+    class_replaceMethod([delegate class], selector, implementation, reopenTypes(selector));
 }
 
 } // namespace ravlin::ReopenHandler

@@ -17,7 +17,10 @@ const QStringList& AXResolver::wantedActions()
 AXResolver::AXResolver(Accessibility& accessibility, Workspace& workspace,
                        const PermissionManager& permissions)
     : m_accessibility(accessibility), m_workspace(workspace), m_permissions(permissions)
-{}
+{
+    // The default for every element from now on, also for the elements other parts find.
+    m_accessibility.setMessagingTimeout(m_accessibility.systemWideElement(), messagingTimeout);
+}
 
 std::optional<AXElement> AXResolver::hitTest(double x, double y)
 {

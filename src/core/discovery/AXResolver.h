@@ -19,6 +19,9 @@ class AXResolver {
 public:
     // Presses try at most the element that was hit and this many of its parents.
     static constexpr int maxParents = 5;
+    // How long an application may take to answer: set on the system-wide element, it is
+    // the default for every element, so one hung application cannot freeze Ravlin.
+    static constexpr float messagingTimeout = 0.25f;
     static const QStringList& wantedActions();
 
     AXResolver(Accessibility& accessibility, Workspace& workspace,

@@ -144,6 +144,7 @@ QMap<QString, QString> BarItemFactory::labelCache() const
 
 std::optional<QString> BarItemFactory::cachedLabel(const QString& key) const
 {
+    const QMutexLocker lock(&m_labelMutex);
     const QMap<QString, QString> cache = labelCache();
     auto it = cache.constFind(key);
     if (it == cache.cend())
@@ -153,6 +154,7 @@ std::optional<QString> BarItemFactory::cachedLabel(const QString& key) const
 
 void BarItemFactory::cacheLabel(const QString& key, const QString& label)
 {
+    const QMutexLocker lock(&m_labelMutex);
     QMap<QString, QString> cache = labelCache();
     auto it = cache.constFind(key);
     if (it != cache.cend() && *it == label)

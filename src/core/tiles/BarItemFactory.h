@@ -3,6 +3,8 @@
 #include "BarItem.h"
 #include "core/discovery/ResolvedItem.h"
 
+#include <QMutex>
+
 #include <optional>
 
 namespace ravlin {
@@ -62,6 +64,9 @@ private:
     const MenuBarReader* m_reader = nullptr;
     const MenuBarSystem* m_system = nullptr;
     Workspace* m_workspace = nullptr;
+    // Full rebuilds make items on a background thread while the main thread makes them too:
+    // the label cache's read and its read-modify-write go through this lock.
+    mutable QMutex m_labelMutex;
 };
 
 } // namespace ravlin

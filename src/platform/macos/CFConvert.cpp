@@ -50,7 +50,8 @@ PlistValue toPlist(CFTypeRef value)
     if (type == CFDictionaryGetTypeID()) {
         auto dict = CFDictionaryRef(value);
         const CFIndex n = CFDictionaryGetCount(dict);
-        std::vector<const void*> keys(size_t(n)), values(size_t(n));
+        const auto count = static_cast<size_t>(n);
+        std::vector<const void*> keys(count), values(count);
         CFDictionaryGetKeysAndValues(dict, keys.data(), values.data());
         PlistDict out;
         for (CFIndex i = 0; i < n; ++i) {

@@ -27,6 +27,33 @@ bool isElement(CFTypeRef value)
     return value && CFGetTypeID(value) == AXUIElementGetTypeID();
 }
 
+// AXPosition and AXSize come as boxed CGPoint and CGSize (positions already in
+// window-server coordinates, origin top left).
+bool readGeometry(CFTypeRef value, AXValue& out)
+{
+    auto boxed = AXValueRef(value);
+    switch (AXValueGetType(boxed)) {
+    case kAXValueTypeCGPoint: {
+        CGPoint point{};
+        if (!AXValueGetValue(boxed, kAXValueTypeCGPoint, &point))
+            return false;
+        out.kind = AXValue::Kind::Point;
+        out.point = QPointF(point.x, point.y);
+        return true;
+    }
+    case kAXValueTypeCGSize: {
+        CGSize size{};
+        if (!AXValueGetValue(boxed, kAXValueTypeCGSize, &size))
+            return false;
+        out.kind = AXValue::Kind::Size;
+        out.size = QSizeF(size.width, size.height);
+        return true;
+    }
+    default:
+        return false;
+    }
+}
+
 AXValue toValue(CFTypeRef value)
 {
     AXValue v;
@@ -39,6 +66,8 @@ AXValue toValue(CFTypeRef value)
     } else if (isElement(value)) {
         v.kind = AXValue::Kind::Element;
         v.element = wrap(AXUIElementRef(CFRetain(value)));
+    } else if (type == AXValueGetTypeID()) {
+        readGeometry(value, v);
     } else if (type == CFArrayGetTypeID()) {
         auto array = CFArrayRef(value);
         v.kind = AXValue::Kind::ElementList;

@@ -9,6 +9,7 @@ class MacApplicationControl final : public ApplicationControl {
 public:
     Policy activationPolicy() const override;
     void setActivationPolicy(Policy policy) override;
+    void activate() override;
     void terminate() override;
     void exit(int status) override;
 };

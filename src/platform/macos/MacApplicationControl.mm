@@ -1,5 +1,7 @@
 #include "MacApplicationControl.h"
 
+#include "MacActivation.h"
+
 #import <AppKit/AppKit.h>
 
 #include <QCoreApplication>
@@ -17,7 +19,12 @@ void MacApplicationControl::setActivationPolicy(Policy policy)
     [NSApp setActivationPolicy:policy == Policy::Regular ? NSApplicationActivationPolicyRegular
                                                          : NSApplicationActivationPolicyAccessory];
     if (policy == Policy::Regular)
-        [NSApp activateIgnoringOtherApps:YES];
+        MacActivation::activateSelf();
+}
+
+void MacApplicationControl::activate()
+{
+    MacActivation::activateSelf();
 }
 
 void MacApplicationControl::terminate()

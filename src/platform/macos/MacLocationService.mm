@@ -1,5 +1,7 @@
 #include "MacLocationService.h"
 
+#include "MacActivation.h"
+
 #import <CoreLocation/CoreLocation.h>
 
 namespace ravlin {
@@ -104,6 +106,9 @@ LocationAuthorization MacLocationService::authorizationStatus() const
 
 void MacLocationService::requestWhenInUseAuthorization()
 {
+    // The system shows its prompt only for the active application, and an agent like
+    // Ravlin is usually not active: without this the request is silently dropped.
+    MacActivation::activateSelf();
     [d->manager requestWhenInUseAuthorization];
 }
 

@@ -29,8 +29,11 @@
 - (void)chosen:(id)sender
 {
     (void)sender;
-    if (self.action && *self.action)
-        (*self.action)();
+    if (!self.action || !*self.action)
+        return;
+    // A copy runs: the action may open the next menu, which replaces the entries.
+    const std::function<void()> run = *self.action;
+    run();
 }
 @end
 
@@ -83,6 +86,10 @@ public:
     {
         m_item = [NSStatusBar.systemStatusBar statusItemWithLength:length];
         m_item.autosaveName = autosaveName.toNSString();
+        // The core finds its own items in the menu bar's accessibility tree by this name
+        // (on systems where status items have no windows of their own).
+        m_item.button.identifier = autosaveName.toNSString();
+        m_item.button.accessibilityIdentifier = autosaveName.toNSString();
         m_target = [[RavlinStatusTarget alloc] init];
         m_target.action = &m_action;
         m_item.button.target = m_target;
@@ -97,7 +104,7 @@ public:
     void setImage(const QString& symbolName, bool isTemplate) override
     {
         NSImage* image = symbolImage(symbolName);
-        image.template = isTemplate;
+        [image setTemplate:isTemplate]; // `template` is a keyword in Objective-C++
         m_item.button.image = image;
     }
     void setTitle(const QString& title) override { m_item.button.title = title.toNSString(); }
@@ -117,18 +124,24 @@ public:
     }
     void popUpMenu(const MenuModel& model) override
     {
-        // The entries' actions are referenced by the menu targets while the menu is open.
-        const MenuModel keep = model;
-        NSMutableArray* targets = [NSMutableArray array];
-        m_item.menu = buildMenu(keep.entries, targets);
-        [m_item.button performClick:nil]; // returns when the menu closes
-        m_item.menu = nil;
+        // A menu item holds its target weakly: the item keeps the targets (and the model
+        // whose actions they point to) until the next menu, not just until the local
+        // variables' last use, which is all ARC promises for a local.
+        m_menuModel = std::make_unique<MenuModel>(model);
+        m_menuTargets = [NSMutableArray array];
+        // An action may remove this very item: the status item is held locally for the end.
+        NSStatusItem* item = m_item;
+        item.menu = buildMenu(m_menuModel->entries, m_menuTargets);
+        [item.button performClick:nil]; // returns when the menu closes
+        item.menu = nil;
     }
 
 private:
     NSStatusItem* m_item = nil;
     RavlinStatusTarget* m_target = nil;
     std::function<void()> m_action;
+    std::unique_ptr<MenuModel> m_menuModel;
+    NSMutableArray* m_menuTargets = nil;
 };
 
 } // namespace

@@ -6,14 +6,16 @@
 #include <CoreFoundation/CoreFoundation.h>
 #include <IOKit/ps/IOPSKeys.h>
 #include <IOKit/ps/IOPowerSources.h>
-#include <ifaddrs.h>
 #include <mach/mach.h>
 #include <net/if.h>
+#include <net/if_dl.h>
 #include <net/if_var.h>
+#include <net/route.h>
 #include <sys/socket.h>
 #include <sys/sysctl.h>
 
 #include <memory>
+#include <vector>
 
 namespace ravlin {
 namespace {
@@ -127,22 +129,36 @@ std::optional<VolumeCapacity> MacSystemProbe::rootVolume()
     return volume;
 }
 
+// The interface list with 64-bit counters (NET_RT_IFLIST2). The if_data that getifaddrs
+// hands out counts in 32 bits and wraps every 4 GiB, which a busy link does in minutes.
 std::optional<QList<InterfaceBytes>> MacSystemProbe::interfaces()
 {
-    ifaddrs* raw = nullptr;
-    if (getifaddrs(&raw) != 0)
+    int request[] = {CTL_NET, PF_ROUTE, 0, 0, NET_RT_IFLIST2, 0};
+    size_t length = 0;
+    if (sysctl(request, 6, nullptr, &length, nullptr, 0) != 0)
         return std::nullopt;
-    const std::unique_ptr<ifaddrs, decltype(&freeifaddrs)> list(raw, &freeifaddrs);
+    std::vector<char> buffer(length);
+    if (sysctl(request, 6, buffer.data(), &length, nullptr, 0) != 0)
+        return std::nullopt;
     QList<InterfaceBytes> interfaces;
-    for (const ifaddrs* entry = list.get(); entry; entry = entry->ifa_next) {
-        if (!entry->ifa_addr || entry->ifa_addr->sa_family != AF_LINK || !entry->ifa_data ||
-            !entry->ifa_name)
+    for (size_t offset = 0; offset + sizeof(if_msghdr) <= length;) {
+        const auto* header = reinterpret_cast<const if_msghdr*>(buffer.data() + offset);
+        if (header->ifm_msglen == 0)
+            break;
+        const size_t messageEnd = offset + header->ifm_msglen;
+        offset = messageEnd;
+        if (header->ifm_type != RTM_IFINFO2 || messageEnd > length ||
+            header->ifm_msglen < sizeof(if_msghdr2) + sizeof(sockaddr_dl))
             continue;
-        const auto* data = static_cast<const if_data*>(entry->ifa_data);
-        const QString name = QString::fromUtf8(entry->ifa_name);
+        const auto* info = reinterpret_cast<const if_msghdr2*>(header);
+        const auto* link = reinterpret_cast<const sockaddr_dl*>(info + 1);
+        if (link->sdl_family != AF_LINK)
+            continue;
+        const QString name = QString::fromUtf8(link->sdl_data, link->sdl_nlen);
         // Ethernet and Wi-Fi are the "en" interfaces; loopback, tunnels and bridges are not
         // counted.
-        interfaces.append({name, data->ifi_ibytes, data->ifi_obytes, name.startsWith(u"en")});
+        interfaces.append({name, info->ifm_data.ifi_ibytes, info->ifm_data.ifi_obytes,
+                           name.startsWith(u"en")});
     }
     return interfaces;
 }

@@ -6,8 +6,8 @@
 
 namespace ravlin {
 
-// NSWorkspace: running applications, their launch and termination, opening
-// URLs and applications. Objective-C stays in the .mm file.
+// NSWorkspace: running applications, their launch and termination, the machine's wake,
+// opening URLs and applications. Objective-C stays in the .mm file.
 class MacWorkspace final : public Workspace {
 public:
     MacWorkspace();
@@ -21,6 +21,7 @@ public:
     bool openApplication(const QString& applicationURL, bool activates) override;
     bool activate(std::int32_t pid) override;
     void terminateSelf() override;
+    QImage applicationIcon(std::int32_t pid) override;
 
 private:
     struct Impl;

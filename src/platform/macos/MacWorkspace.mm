@@ -2,6 +2,9 @@
 
 #include "MacWorkspace.h"
 
+#include "CFRef.h"
+#include "CGImageConvert.h"
+
 #import <AppKit/AppKit.h>
 
 namespace ravlin {
@@ -45,6 +48,14 @@ MacWorkspace::MacWorkspace() : d(std::make_unique<Impl>())
             WorkspaceNotification::DidLaunchApplication);
     observe(NSWorkspaceDidTerminateApplicationNotification,
             WorkspaceNotification::DidTerminateApplication);
+    // A wake names no application; the core only needs to know that it happened.
+    id wake = [center addObserverForName:NSWorkspaceDidWakeNotification
+                                  object:nil
+                                   queue:NSOperationQueue.mainQueue
+                              usingBlock:^(NSNotification*) {
+                                notify(WorkspaceNotification::DidWake, RunningApplication{});
+                              }];
+    [d->observers addObject:wake];
 }
 
 MacWorkspace::~MacWorkspace()
@@ -112,6 +123,30 @@ bool MacWorkspace::activate(std::int32_t pid)
 void MacWorkspace::terminateSelf()
 {
     [NSApp terminate:nil];
+}
+
+QImage MacWorkspace::applicationIcon(std::int32_t pid)
+{
+    NSRunningApplication* app = [NSRunningApplication runningApplicationWithProcessIdentifier:pid];
+    NSImage* icon = app.icon;
+    if (!icon && app.bundleURL)
+        icon = [NSWorkspace.sharedWorkspace iconForFile:app.bundleURL.path];
+    if (!icon)
+        return {};
+    // 32 points at the main display's backing scale, as the tiles draw it.
+    constexpr CGFloat points = 32;
+    const CGFloat scale = NSScreen.mainScreen ? NSScreen.mainScreen.backingScaleFactor : 2.0;
+    NSRect proposed = NSMakeRect(0, 0, points * scale, points * scale);
+    CGImageRef cgImage = [icon CGImageForProposedRect:&proposed context:nil hints:nil];
+    QImage image = CGImageConvert::toQImage(cgImage); // cgImage is not ours to release
+    if (image.isNull())
+        return {};
+    // The representation picked may be a larger one than asked for.
+    const int pixels = int(points * scale);
+    if (image.width() != pixels || image.height() != pixels)
+        image = image.scaled(pixels, pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    image.setDevicePixelRatio(double(scale));
+    return image;
 }
 
 } // namespace ravlin

@@ -29,11 +29,14 @@ void SettingsWindowController::show(int tab)
     if (!m_view)
         makeWindow();
     m_view->setCurrentTab(tab);
-    if (ApplicationControl* application = m_app.platform().application.get())
+    ApplicationControl* application = m_app.platform().application.get();
+    if (application)
         application->setActivationPolicy(ApplicationControl::Policy::Regular);
     if (opening)
         placeOnScreen();
     m_view->show();
+    if (application)
+        application->activate();
     WindowActivation::bringToFront(m_view.get());
 }
 

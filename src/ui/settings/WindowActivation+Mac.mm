@@ -8,10 +8,9 @@ namespace ravlin::WindowActivation {
 
 void bringToFront(QWidget* window)
 {
-    [NSApp activateIgnoringOtherApps:YES];
     window->raise();
     window->activateWindow();
-    auto* view = reinterpret_cast<NSView*>(window->winId());
+    auto* view = (__bridge NSView*)reinterpret_cast<void*>(window->winId());
     [view.window makeKeyAndOrderFront:nil];
 }
 
