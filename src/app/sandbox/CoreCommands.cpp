@@ -178,6 +178,7 @@ void registerAll(ScriptRunner& runner)
     registerBarCommands(runner);
     registerPanelCommands(runner);
     registerSettingsWindowCommands(runner);
+    registerKeyboardCommands(runner);
     registerPendingCommands(runner);
 }
 

@@ -25,6 +25,8 @@ void registerBarCommands(ScriptRunner& runner);
 void registerPanelCommands(ScriptRunner& runner);
 // settings (open, close and the window's controls); the section settings.
 void registerSettingsWindowCommands(ScriptRunner& runner);
+// key, type, hotkey; the section shortcuts.
+void registerKeyboardCommands(ScriptRunner& runner);
 // Every command of the script language that a later part of the sandbox brings.
 void registerPendingCommands(ScriptRunner& runner);
 

@@ -4,6 +4,7 @@
 
 #include <QImage>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -20,6 +21,9 @@ struct BarItem {
     QString label;
     bool isApple = false;
     QString key;
+    // More names a search finds the item by: its application's, its accessibility
+    // title and description.
+    QStringList searchTerms;
 
     const QString& id() const { return key; }
     bool operator==(const BarItem& other) const;
