@@ -5,6 +5,7 @@
 #include "AssessmentMode.h"
 #include "EventMonitors.h"
 #include "Events.h"
+#include "HotKeys.h"
 #include "LoginItems.h"
 #include "MenuBarSpacing.h"
 #include "Permissions.h"

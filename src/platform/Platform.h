@@ -13,6 +13,7 @@ class EventMonitors;
 class StatusBar;
 class DefaultsStore;
 class Geocoder;
+class HotKeys;
 class HttpClient;
 class LocationService;
 class LoginItems;
@@ -57,6 +58,8 @@ struct Platform {
     std::unique_ptr<ApplicationControl> application;
     // The gaps between status items; may stay empty where they cannot be changed.
     std::unique_ptr<MenuBarSpacing> menuBarSpacing;
+    // System-wide keyboard shortcuts; may stay empty where there are none.
+    std::unique_ptr<HotKeys> hotKeys;
     // The system's preferred interface languages, most wanted first (tags such as "de-DE").
     QStringList preferredLanguages;
     // This application's bundle identifier ("de.vexa.Ravlin"); empty without one.

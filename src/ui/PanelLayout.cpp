@@ -88,6 +88,22 @@ public:
         m_y += footnoteHeight;
     }
 
+    void searchField(PanelLayout& out)
+    {
+        out.searchField = QRectF(x0(), m_y, m_inner, PanelLayout::searchFieldHeight);
+        m_y += PanelLayout::searchFieldHeight;
+        m_started = true;
+    }
+
+    void settingsButton(PanelLayout& out)
+    {
+        m_y += m_started ? PanelLayout::headerGap : 0;
+        m_started = true;
+        const double size = PanelLayout::settingsButtonSize;
+        out.settingsButton = QRectF(x0() + m_inner - size, m_y, size, size);
+        m_y += size;
+    }
+
     double height() const
     {
         return m_started ? m_y + PanelLayout::padding : 2 * PanelLayout::padding;
@@ -155,10 +171,13 @@ QRectF mirrored(const QRectF& r, double width)
 } // namespace
 
 PanelLayout PanelLayout::make(const std::vector<PanelSection>& sections, TileStyle style,
-                              double width, bool rightToLeft, bool noteEmpty, bool withFootnote)
+                              double width, bool rightToLeft, bool noteEmpty, bool withFootnote,
+                              bool withSearchField, bool withSettingsButton)
 {
     PanelLayout out;
     Builder builder(style, width);
+    if (withSearchField)
+        builder.searchField(out);
     bool notePlaced = false;
     for (std::size_t s = 0; s < sections.size(); ++s) {
         // The note stands where the item sections would, above the permission tiles.
@@ -173,6 +192,8 @@ PanelLayout PanelLayout::make(const std::vector<PanelSection>& sections, TileSty
         builder.emptyNote(out);
     if (withFootnote)
         builder.footnote(out);
+    if (withSettingsButton)
+        builder.settingsButton(out);
     out.height = builder.height();
     if (rightToLeft) {
         for (PlacedTile& t : out.tiles)
@@ -181,8 +202,10 @@ PanelLayout PanelLayout::make(const std::vector<PanelSection>& sections, TileSty
             h.rect = mirrored(h.rect, width);
         if (out.emptyNote)
             out.emptyNote = mirrored(*out.emptyNote, width);
-        if (out.footnote)
-            out.footnote = mirrored(*out.footnote, width);
+        for (std::optional<QRectF>* part :
+             {&out.footnote, &out.searchField, &out.settingsButton})
+            if (*part)
+                *part = mirrored(**part, width);
     }
     return out;
 }

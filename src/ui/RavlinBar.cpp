@@ -7,6 +7,7 @@
 #include "core/discovery/PermissionManager.h"
 #include "core/settings/LanguageManager.h"
 #include "core/settings/Preferences.h"
+#include "core/sysinfo/RateText.h"
 #include "core/sysinfo/SystemStats.h"
 #include "core/sysinfo/WeatherService.h"
 #include "core/tiles/PanelPlacement.h"
@@ -61,13 +62,20 @@ void RavlinBar::show(const std::vector<BarGroup>& groups, const ScreenRect& anch
     const bool wasVisible = isVisible();
     // Content refilled while the panel is open keeps the place the user scrolled to.
     const double keptScroll = wasVisible && view() ? view()->scrollOffset() : 0;
+    // So does what the user typed, and where the focus ring stood.
+    const QString keptQuery = wasVisible && view() ? view()->query() : QString();
+    const std::optional<QString> keptFocus =
+        wasVisible && view() ? view()->focusedKey() : std::nullopt;
     RavlinBarView* view = makeView(groups, std::move(onActivate), std::move(onStat));
+    view->setQuery(keptQuery);
     m_anchor = anchor;
     if (!m_panel)
         makePanel();
     replaceContent(view);
     placePanel();
     view->setScrollOffset(keptScroll);
+    if (keptFocus)
+        view->setFocusedKey(keptFocus);
     if (!wasVisible && m_animated)
         m_panel->setWindowOpacity(0);
     m_panel->show();
@@ -120,7 +128,9 @@ RavlinBarView* RavlinBar::makeView(const std::vector<BarGroup>& groups, ItemCall
     if (footnote)
         request.footnote = footnote();
     const RavlinBarView::Sources sources{m_content, m_s.tiles, m_s.stats, m_s.weather,
-                                         m_s.language.L(QStringLiteral("bar.empty"))};
+                                         m_s.language.L(QStringLiteral("bar.empty")),
+                                         m_s.language.L(QStringLiteral("search.noMatches")),
+                                         m_s.language.L(QStringLiteral("a11y.settings"))};
     auto* view = new RavlinBarView(sources, std::move(request), m_s.preferences.tileStyle());
     view->setLayoutDirection(m_s.language.isRTL() ? Qt::RightToLeft : Qt::LeftToRight);
     view->onActivate = std::move(onActivate);
@@ -132,6 +142,16 @@ RavlinBarView* RavlinBar::makeView(const std::vector<BarGroup>& groups, ItemCall
         };
     view->onWeather = [this] { openWeather(); };
     view->onPermission = [this](const QString& key) { askForPermission(key); };
+    // The settings window comes forward; the panel gives way to it.
+    view->onSettings = [this] {
+        dismiss();
+        if (onSettings)
+            onSettings();
+    };
+    view->onDismiss = [this] { dismiss(); };
+    view->onContentHeightChanged = [this] { resizeToFit(); };
+    view->accessibleNamer = [this](const PanelTile& tile) { return accessibleName(tile); };
+    view->setAccessibleName(m_s.language.L(QStringLiteral("a11y.panel")));
     return view;
 }
 
@@ -234,6 +254,36 @@ std::optional<ScreenRect> RavlinBar::frame() const
     if (!m_panel)
         return std::nullopt;
     return m_frame;
+}
+
+// What a screen reader says for a tile: the item's name; a statistic with its value in
+// words ("CPU 23 percent"); the weather with its place and temperature.
+QString RavlinBar::accessibleName(const PanelTile& tile) const
+{
+    switch (tile.kind) {
+    case TileKind::Stat:
+        if (tile.percent)
+            return tile.label + u' ' +
+                   m_s.language.L(QStringLiteral("a11y.percent"), qRound(*tile.percent));
+        return tile.label;
+    case TileKind::Network:
+        if (tile.content && std::holds_alternative<NetworkRates>(*tile.content)) {
+            const NetworkRates& rates = std::get<NetworkRates>(*tile.content);
+            return tile.label + QStringLiteral(", ") +
+                   m_s.language.L(QStringLiteral("a11y.network"), rateText(rates.down),
+                                  rateText(rates.up));
+        }
+        return tile.label;
+    case TileKind::Weather: {
+        QStringList parts{tile.label, tile.subtitle, tile.note};
+        parts.removeAll(QString());
+        return parts.join(QStringLiteral(", "));
+    }
+    case TileKind::Item:
+    case TileKind::Permission:
+        break;
+    }
+    return tile.label;
 }
 
 void RavlinBar::openWeather()

@@ -62,6 +62,8 @@ public:
 
     // The window lost key status (the user clicked elsewhere).
     void resignKey();
+    // Escape with nothing typed: the panel closes as when it loses key status.
+    void dismiss() { resignKey(); }
     // Off, fades and resizes happen at once (virtual time has no animation frames).
     void setAnimated(bool animated) { m_animated = animated; }
 
@@ -85,6 +87,7 @@ private:
     void openWeather();
     void askForPermission(const QString& key);
     double mainDisplayHeight() const;
+    QString accessibleName(const PanelTile& tile) const;
 
     RavlinBarServices m_s;
     PanelContent m_content;

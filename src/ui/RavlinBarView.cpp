@@ -1,11 +1,13 @@
 #include "RavlinBarView.h"
 
+#include "RavlinBarAccessible.h"
 #include "TilePainter.h"
 #include "core/sysinfo/SystemStats.h"
 #include "core/sysinfo/WeatherService.h"
 #include "core/tiles/PanelPlacement.h"
 #include "core/tiles/TileModel.h"
 
+#include <QAccessible>
 #include <QEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -31,8 +33,14 @@ constexpr double pageOverlap = 40;
 RavlinBarView::RavlinBarView(const Sources& sources, PanelRequest request, TileStyle style,
                              QWidget* parent)
     : QWidget(parent), m_content(sources.content), m_tiles(sources.tiles),
-      m_request(std::move(request)), m_style(style), m_emptyText(sources.emptyText)
+      m_request(std::move(request)), m_style(style), m_emptyText(sources.emptyText),
+      m_noMatchText(sources.noMatchText), m_settingsName(sources.settingsName)
 {
+    static const bool accessibleInstalled = [] {
+        QAccessible::installFactory(&RavlinBarAccessible::factory);
+        return true;
+    }();
+    Q_UNUSED(accessibleInstalled);
     setAttribute(Qt::WA_TranslucentBackground);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
@@ -52,6 +60,78 @@ void RavlinBarView::rebuild()
 {
     m_sections = m_content.sections(m_request);
     relayout();
+    if (m_focus && *m_focus != settingsKey && !placed(*m_focus)) {
+        m_focus.reset();
+        m_focusShown = false;
+    }
+}
+
+QString RavlinBarView::emptyText() const
+{
+    return m_request.query.isEmpty() ? m_emptyText : m_noMatchText;
+}
+
+void RavlinBarView::setQuery(const QString& query)
+{
+    if (query == m_request.query)
+        return;
+    const double before = m_layout.height;
+    m_request.query = query;
+    m_focusShown = false;
+    m_focus.reset();
+    m_scroll = 0;
+    rebuild();
+    update();
+    if (m_layout.height != before && onContentHeightChanged)
+        onContentHeightChanged();
+}
+
+QStringList RavlinBarView::tileKeys() const
+{
+    QStringList keys;
+    for (const PanelLayout::PlacedTile& p : m_layout.tiles)
+        keys.append(tileOf(p).key);
+    return keys;
+}
+
+void RavlinBarView::setFocusedKey(const std::optional<QString>& key)
+{
+    if (key && *key != settingsKey && !placed(*key))
+        return;
+    m_focus = key;
+    m_focusShown = key.has_value();
+    if (key && QAccessible::isActive()) {
+        const int index = int(tileKeys().indexOf(*key));
+        QAccessibleEvent moved(this, QAccessible::Focus);
+        moved.setChild(index >= 0 ? index : int(tileKeys().size()));
+        QAccessible::updateAccessibility(&moved);
+    }
+    if (key) {
+        if (const std::optional<QRectF> r =
+                *key == settingsKey ? m_layout.settingsButton : tileRect(*key))
+            scrollIntoView(*r);
+    }
+    update();
+}
+
+void RavlinBarView::scrollIntoView(const QRectF& rect)
+{
+    constexpr double margin = 6;
+    if (rect.top() - margin < m_scroll)
+        setScrollOffset(rect.top() - margin);
+    else if (rect.bottom() + margin > m_scroll + height())
+        setScrollOffset(rect.bottom() + margin - height());
+}
+
+void RavlinBarView::pressSettings()
+{
+    if (onSettings)
+        onSettings();
+}
+
+QString RavlinBarView::accessibleNameOf(const PanelTile& tile) const
+{
+    return accessibleNamer ? accessibleNamer(tile) : tile.label;
 }
 
 void RavlinBarView::relayout()
@@ -90,8 +170,10 @@ bool RavlinBarView::isTileVisible(const QString& key) const
 
 PanelLayout RavlinBarView::layoutFor(double width) const
 {
-    return PanelLayout::make(m_sections, m_style, width, isRightToLeft(), m_request.groups.empty(),
-                             !m_request.footnote.isEmpty());
+    const bool searching = !m_request.query.isEmpty();
+    const bool noteEmpty = searching ? m_sections.empty() : m_request.groups.empty();
+    return PanelLayout::make(m_sections, m_style, width, isRightToLeft(), noteEmpty,
+                             !m_request.footnote.isEmpty(), searching, true);
 }
 
 QSize RavlinBarView::sizeHint() const
@@ -143,13 +225,21 @@ std::optional<QString> RavlinBarView::keyAt(const QPointF& point) const
     if (!rect().contains(point.toPoint()))
         return std::nullopt;
     const PanelLayout::PlacedTile* p = m_layout.tileAt(toContent(point));
-    if (!p && onFootnote && m_layout.footnote && m_layout.footnote->contains(toContent(point)))
+    if (p)
+        return tileOf(*p).key;
+    if (m_layout.settingsButton && m_layout.settingsButton->contains(toContent(point)))
+        return settingsKey;
+    if (onFootnote && m_layout.footnote && m_layout.footnote->contains(toContent(point)))
         return footnoteKey;
-    return p ? std::optional(tileOf(*p).key) : std::nullopt;
+    return std::nullopt;
 }
 
 bool RavlinBarView::clickTile(const QString& key)
 {
+    if (key == settingsKey) {
+        pressSettings();
+        return true;
+    }
     if (key == footnoteKey && onFootnote && m_layout.footnote) {
         const std::function<void()> told = onFootnote; // the callback may close the panel
         told();
@@ -262,31 +352,150 @@ void RavlinBarView::wheelEvent(QWheelEvent* event)
 
 void RavlinBarView::keyPressEvent(QKeyEvent* event)
 {
-    const double page = std::max(arrowStep, height() - pageOverlap);
-    switch (event->key()) {
-    case Qt::Key_Down:
-        scrollBy(arrowStep);
-        break;
-    case Qt::Key_Up:
-        scrollBy(-arrowStep);
-        break;
-    case Qt::Key_PageDown:
-        scrollBy(page);
-        break;
-    case Qt::Key_PageUp:
-        scrollBy(-page);
-        break;
-    case Qt::Key_Home:
-        setScrollOffset(0);
-        break;
-    case Qt::Key_End:
-        setScrollOffset(maximumScroll());
-        break;
-    default:
-        QWidget::keyPressEvent(event);
+    if (navigationKey(event) || typeKey(event)) {
+        event->accept();
         return;
     }
-    event->accept();
+    QWidget::keyPressEvent(event);
+}
+
+// Keys that move, open, close or scroll. Qt's Control modifier is the Command key on a Mac.
+bool RavlinBarView::navigationKey(QKeyEvent* event)
+{
+    const bool command = event->modifiers() & Qt::ControlModifier;
+    const double page = std::max(arrowStep, height() - pageOverlap);
+    switch (event->key()) {
+    case Qt::Key_Comma:
+        if (!command)
+            return false;
+        pressSettings();
+        return true;
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+        moveFocus(event->key());
+        return true;
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        tabFocus(event->key() == Qt::Key_Backtab || (event->modifiers() & Qt::ShiftModifier));
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        activateFocused();
+        return true;
+    case Qt::Key_Space:
+        // A blank belongs to the search unless the focus ring shows.
+        if (!m_focusShown)
+            return false;
+        activateFocused();
+        return true;
+    case Qt::Key_Escape:
+        if (!m_request.query.isEmpty())
+            setQuery(QString());
+        else if (onDismiss)
+            onDismiss();
+        return true;
+    case Qt::Key_Backspace:
+        if (m_request.query.isEmpty())
+            return true;
+        setQuery(m_request.query.chopped(1));
+        return true;
+    case Qt::Key_PageDown:
+        scrollBy(page);
+        return true;
+    case Qt::Key_PageUp:
+        scrollBy(-page);
+        return true;
+    case Qt::Key_Home:
+        setScrollOffset(0);
+        return true;
+    case Qt::Key_End:
+        setScrollOffset(maximumScroll());
+        return true;
+    default:
+        return false;
+    }
+}
+
+// Printable text goes into the search; a chord with Command or Control is not typing.
+bool RavlinBarView::typeKey(QKeyEvent* event)
+{
+    if (event->modifiers() & (Qt::ControlModifier | Qt::MetaModifier))
+        return false;
+    QString text = event->text();
+    text.removeIf([](QChar c) { return !c.isPrint(); });
+    if (text.isEmpty())
+        return false;
+    // A search does not begin with blanks.
+    if (m_request.query.isEmpty() && text.trimmed().isEmpty())
+        return true;
+    setQuery(m_request.query + text);
+    return true;
+}
+
+// Return opens the focused tile; with no ring showing, the only tile a search left.
+bool RavlinBarView::activateFocused()
+{
+    if (m_focusShown && m_focus)
+        return clickTile(*m_focus);
+    const QStringList keys = tileKeys();
+    if (!m_request.query.isEmpty() && keys.size() == 1)
+        return clickTile(keys.first());
+    return false;
+}
+
+void RavlinBarView::moveFocus(int key)
+{
+    const QStringList keys = tileKeys();
+    if (keys.isEmpty())
+        return;
+    if (!m_focusShown || !m_focus || *m_focus == settingsKey) {
+        setFocusedKey(keys.first());
+        return;
+    }
+    if (const std::optional<QString> next = neighbour(*m_focus, key))
+        setFocusedKey(*next);
+}
+
+// Left and right step through the reading order (mirrored right to left); up and
+// down go to the nearest tile of the line above or below.
+std::optional<QString> RavlinBarView::neighbour(const QString& from, int key) const
+{
+    const QStringList keys = tileKeys();
+    const qsizetype at = keys.indexOf(from);
+    if (key == Qt::Key_Left || key == Qt::Key_Right) {
+        const bool forward = (key == Qt::Key_Right) != isRightToLeft();
+        const qsizetype next = at + (forward ? 1 : -1);
+        return next >= 0 && next < keys.size() ? std::optional(keys[next]) : std::nullopt;
+    }
+    const QRectF here = *tileRect(from);
+    const bool down = key == Qt::Key_Down;
+    std::optional<QString> best;
+    double bestRow = 0, bestColumn = 0;
+    for (const PanelLayout::PlacedTile& p : m_layout.tiles) {
+        const double dy = p.rect.center().y() - here.center().y();
+        if (down ? dy <= 1 : dy >= -1)
+            continue;
+        const double row = std::abs(dy);
+        const double column = std::abs(p.rect.center().x() - here.center().x());
+        if (!best || row < bestRow - 1 || (std::abs(row - bestRow) <= 1 && column < bestColumn)) {
+            best = tileOf(p).key;
+            bestRow = row;
+            bestColumn = column;
+        }
+    }
+    return best;
+}
+
+void RavlinBarView::tabFocus(bool backwards)
+{
+    const QStringList keys = tileKeys();
+    const bool onGear = m_focusShown && m_focus == settingsKey;
+    if (onGear && !keys.isEmpty())
+        setFocusedKey(backwards ? keys.last() : keys.first());
+    else
+        setFocusedKey(settingsKey);
 }
 
 void RavlinBarView::leaveEvent(QEvent*)
@@ -319,8 +528,17 @@ void RavlinBarView::paintEvent(QPaintEvent*)
     for (const PanelLayout::PlacedHeader& h : m_layout.headers)
         if (h.rect.intersects(inSight))
             tiles.header(m_sections[h.section].title.value_or(QString()), h.rect);
+    if (m_layout.searchField && m_layout.searchField->intersects(inSight))
+        tiles.searchField(m_request.query, *m_layout.searchField, &m_painted[QStringLiteral("search")]);
     if (m_layout.emptyNote && m_layout.emptyNote->intersects(inSight))
-        tiles.emptyNote(m_emptyText, *m_layout.emptyNote);
+        tiles.emptyNote(emptyText(), *m_layout.emptyNote);
+    if (m_layout.settingsButton && m_layout.settingsButton->intersects(inSight)) {
+        TileState gear;
+        gear.hovered = m_hover == settingsKey;
+        gear.pressed = m_pressed == settingsKey && gear.hovered;
+        gear.focused = m_focusShown && m_focus == settingsKey;
+        tiles.settingsButton(*m_layout.settingsButton, gear);
+    }
     if (m_layout.footnote && m_layout.footnote->intersects(inSight))
         tiles.footnote(m_request.footnote, *m_layout.footnote);
     const std::optional<QString> under = m_dragging ? keyAt(m_pointer) : std::nullopt;
@@ -334,6 +552,7 @@ void RavlinBarView::paintEvent(QPaintEvent*)
         state.lifted = m_dragging && m_pressed == t.key;
         state.dropTarget =
             m_dragging && under == t.key && t.kind == TileKind::Item && m_pressed != t.key;
+        state.focused = m_focusShown && m_focus == t.key && !m_dragging;
         tiles.tile(t, p.rect, state, &m_painted[t.key]);
     }
     if (m_dragging)

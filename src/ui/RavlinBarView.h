@@ -25,15 +25,25 @@ struct Stat;
 // item tile of its own section is moved in front of it. When the panel is shorter
 // than its content (a crowded bar on a small screen) the view scrolls, with the
 // wheel, the trackpad and the keyboard; the sections keep their order.
+//
+// The keyboard works the whole panel: typing filters the tiles at once (a search
+// field appears with the first key; Escape clears it, a second Escape closes the
+// panel), the arrows move a focus ring through the tiles in reading order, Return
+// or Space opens the focused tile as a click does, Tab reaches the settings gear.
 class RavlinBarView : public QWidget {
     Q_OBJECT
 public:
+    // The settings gear, where keys of tiles are expected (focus, the sandbox).
+    static inline const QString settingsKey = QStringLiteral("panel.settings");
+
     struct Sources {
         const PanelContent& content;
         TileModel& tiles;
         const SystemStats& stats;
         const WeatherService& weather;
         QString emptyText; // shown when there are no hidden items
+        QString noMatchText; // shown when nothing matches what the user typed
+        QString settingsName; // the gear's name for screen readers
     };
 
     RavlinBarView(const Sources& sources, PanelRequest request, TileStyle style,
@@ -46,6 +56,12 @@ public:
     std::function<void(const Stat&)> onStat;
     std::function<void()> onWeather;
     std::function<void(const QString& permissionKey)> onPermission;
+    // The gear or ⌘, asks for the settings window.
+    std::function<void()> onSettings;
+    // Escape with nothing typed: the panel should close.
+    std::function<void()> onDismiss;
+    // The content's height changed while showing (a search narrowed or widened it).
+    std::function<void()> onContentHeightChanged;
 
     TileStyle style() const { return m_style; }
     bool isRightToLeft() const { return layoutDirection() == Qt::RightToLeft; }
@@ -59,6 +75,24 @@ public:
     // when there is no such tile or the drop is not allowed.
     bool clickTile(const QString& key);
     bool dropTile(const QString& dragged, const QString& onto);
+    // What the gear does.
+    void pressSettings();
+
+    // The search: what the user typed; setting it filters the tiles at once.
+    const QString& query() const { return m_request.query; }
+    void setQuery(const QString& query);
+    // The keys of the tiles shown, in reading order.
+    QStringList tileKeys() const;
+    // The tile (or settingsKey) the focus ring stands on, while it shows.
+    std::optional<QString> focusedKey() const { return m_focusShown ? m_focus : std::nullopt; }
+    void setFocusedKey(const std::optional<QString>& key);
+    // A line that stands where nothing matched, or where there are no hidden items.
+    QString emptyText() const;
+    // The accessible name of a tile, as a screen reader speaks it.
+    QString accessibleNameOf(const PanelTile& tile) const;
+    std::function<QString(const PanelTile&)> accessibleNamer;
+    std::optional<QRectF> settingsRect() const { return m_layout.settingsButton; }
+    const QString& settingsName() const { return m_settingsName; }
 
     QSize sizeHint() const override;
     bool hasHeightForWidth() const override { return true; }
@@ -87,8 +121,17 @@ protected:
     void leaveEvent(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    // Tab stays inside the panel: it moves between the tiles and the gear.
+    bool focusNextPrevChild(bool) override { return false; }
 
 private:
+    bool typeKey(QKeyEvent* event);
+    bool navigationKey(QKeyEvent* event);
+    void moveFocus(int key);
+    void tabFocus(bool backwards);
+    bool activateFocused();
+    void scrollIntoView(const QRectF& rect);
+    std::optional<QString> neighbour(const QString& from, int key) const;
     void rebuild();
     void relayout();
     PanelLayout layoutFor(double width) const;
@@ -107,6 +150,10 @@ private:
     PanelRequest m_request;
     TileStyle m_style;
     QString m_emptyText;
+    QString m_noMatchText;
+    QString m_settingsName;
+    std::optional<QString> m_focus;
+    bool m_focusShown = false;
     std::vector<PanelSection> m_sections;
     PanelLayout m_layout;
 

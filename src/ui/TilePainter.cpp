@@ -3,6 +3,7 @@
 #include "SymbolRenderer.h"
 #include "Theme.h"
 
+#include <QFontMetricsF>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -273,6 +274,8 @@ void TilePainter::tile(const PanelTile& tile, const QRectF& rect, const TileStat
     if (tile.isNew)
         newMark(rect, radius);
     m_p.restore();
+    if (state.focused)
+        focusRing(rect, radius);
     m_c.painted = nullptr;
 }
 
@@ -287,6 +290,60 @@ void TilePainter::newMark(const QRectF& rect, double radius)
     m_p.setPen(QPen(QColor(0, 0, 0, 70), 1));
     m_p.setBrush(Theme::systemBlue());
     m_p.drawEllipse(dot);
+}
+
+// The system's keyboard focus ring: the accent colour, a little outside the shape.
+void TilePainter::focusRing(const QRectF& rect, double radius)
+{
+    constexpr double gap = 1.5, width = 2.5;
+    const QRectF outer = rect.adjusted(-gap - width, -gap - width, gap + width, gap + width);
+    const QRectF inner = rect.adjusted(-gap, -gap, gap, gap);
+    QPainterPath ring;
+    ring.addRoundedRect(outer, radius + gap + width, radius + gap + width);
+    ring.addRoundedRect(inner, radius + gap, radius + gap);
+    m_p.save();
+    m_p.setRenderHint(QPainter::Antialiasing);
+    m_p.fillPath(ring, QColor(10, 132, 255, 210));
+    m_p.restore();
+}
+
+void TilePainter::searchField(const QString& query, const QRectF& rect, QStringList* painted)
+{
+    m_c.painted = painted;
+    m_p.save();
+    const double radius = rect.height() / 2;
+    m_p.setPen(Qt::NoPen);
+    m_p.setBrush(glass(rect, 26));
+    m_p.drawRoundedRect(rect, radius, radius);
+    const Box b{rect, m_rtl};
+    SymbolRenderer::paint(m_p, b.at(10, 7, 14, 14), QStringLiteral("magnifyingglass"),
+                          Theme::hudSecondaryText());
+    const QFont font = Theme::font(13);
+    const QRectF textRect = b.span(30, 0, 12, rect.height());
+    text(m_c, textRect, query, font, Theme::hudPrimaryText(), b.lead());
+    // The caret stands after the text, on the side the text runs to.
+    const double advance =
+        std::min(QFontMetricsF(font).horizontalAdvance(query), textRect.width());
+    const double caretX = m_rtl ? textRect.right() - advance - 2 : textRect.left() + advance + 1;
+    m_p.fillRect(QRectF(caretX, rect.top() + 7, 1.5, rect.height() - 14), Theme::systemBlue());
+    m_p.restore();
+    m_c.painted = nullptr;
+}
+
+void TilePainter::settingsButton(const QRectF& rect, const TileState& state)
+{
+    m_p.save();
+    const int fill = state.pressed ? 44 : state.hovered ? 32 : 0;
+    if (fill > 0) {
+        m_p.setPen(Qt::NoPen);
+        m_p.setBrush(glass(rect, fill));
+        m_p.drawEllipse(rect);
+    }
+    SymbolRenderer::paint(m_p, rect.adjusted(4, 4, -4, -4), QStringLiteral("gearshape"),
+                          state.hovered ? Theme::hudPrimaryText() : Theme::hudSecondaryText());
+    m_p.restore();
+    if (state.focused)
+        focusRing(rect, rect.height() / 2);
 }
 
 void TilePainter::header(const QString& title, const QRectF& rect)

@@ -17,6 +17,7 @@ struct TileState {
     bool dropTarget = false; // a dragged tile would land in front of this one
     bool lifted = false;     // this tile is being dragged away from here
     bool floating = false;   // the dragged copy under the pointer
+    bool focused = false;    // the keyboard's focus ring
 };
 
 // Paints the parts of the tile panel, one tile at a time, in the panel's dark
@@ -39,6 +40,13 @@ public:
     void header(const QString& title, const QRectF& rect);
     void emptyNote(const QString& text, const QRectF& rect);
     void footnote(const QString& text, const QRectF& rect);
+    // The field that shows what the user typed, with its caret; the text is noted.
+    void searchField(const QString& query, const QRectF& rect, QStringList* painted = nullptr);
+    // The small gear that opens the settings window.
+    void settingsButton(const QRectF& rect, const TileState& state);
+    // The keyboard's focus ring around a part of the panel with that corner radius.
+    void focusRing(const QRectF& rect, double radius);
+    double cornerRadius(const PanelTile& tile, const QRectF& rect) const;
 
 private:
     void weather(const PanelTile& tile, const QRectF& rect);
@@ -47,7 +55,6 @@ private:
     void capsule(const PanelTile& tile, const QRectF& rect);
     void gridCell(const PanelTile& tile, const QRectF& rect);
     void stripRow(const PanelTile& tile, const QRectF& rect);
-    double cornerRadius(const PanelTile& tile, const QRectF& rect) const;
     void newMark(const QRectF& rect, double radius);
 
     QPainter& m_p;

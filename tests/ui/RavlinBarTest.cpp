@@ -63,7 +63,7 @@ TEST_F(PanelTest, IsNeverLowerThan120Points)
 {
     world.preferences().setShowWeather(false);
     world.preferences().setShowSystemTiles(false);
-    show(PanelWorld::groups(1, false));
+    show(PanelWorld::groups(0, false)); // the note that nothing is hidden, and the gear
     EXPECT_EQ(bar->frame()->height, 120);
     EXPECT_FALSE(world.stats().isSampling());
 }

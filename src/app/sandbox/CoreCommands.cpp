@@ -179,6 +179,7 @@ void registerAll(ScriptRunner& runner)
     registerLayoutCommands(runner);
     registerPanelCommands(runner);
     registerSettingsWindowCommands(runner);
+    registerKeyboardCommands(runner);
     registerPendingCommands(runner);
 }
 

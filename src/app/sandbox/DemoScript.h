@@ -77,6 +77,19 @@ tile click "n:Tunnel VPN"
 dump activations
 click desktop
 advance 0.5
+# ⌃⌥⌘M opens the panel from any application; typing keeps what matches and the arrows
+# move the focus ring.
+prefs set tileStyle "dashboard"
+key ctrl+opt+cmd+M
+advance 1.5
+type "s"
+key Right
+key Right
+screenshot FOLDER/06b-panel-search.png
+dump panel
+key Escape
+key Escape
+advance 0.3
 # Arrange mode opens every section and explains how to move items.
 click main right
 menu "Menüleiste anordnen…"

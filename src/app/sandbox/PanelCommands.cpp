@@ -14,6 +14,7 @@
 #include "ui/RavlinBar.h"
 #include "ui/RavlinBarView.h"
 
+#include <QAccessible>
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
@@ -38,6 +39,11 @@ void tileCommand(CommandContext& c)
     RavlinBarView& view = openPanel(c);
     if (what == u"click") {
         const QString key = c.need(2, QStringLiteral("the tile's key"));
+        if (key == RavlinBarView::settingsKey) {
+            view.clickTile(key);
+            c.session.scheduler().runDue();
+            return;
+        }
         if (!view.tile(key))
             c.fail(QStringLiteral("the open panel has no tile %1").arg(key));
         // A person can only click what is in sight.
@@ -68,11 +74,20 @@ void panelCommand(CommandContext& c)
         if (!ok)
             c.fail(QStringLiteral("panel scroll takes a number of points, not %1").arg(c.word(2)));
         openPanel(c).scrollBy(delta);
+    } else if (c.word(1) == u"press" && c.wordCount() == 3) {
+        // A screen reader's press action on the entry of that tile.
+        RavlinBarView& view = openPanel(c);
+        QAccessibleInterface* list = QAccessible::queryAccessibleInterface(&view);
+        const qsizetype index = view.tileKeys().indexOf(c.word(2));
+        QAccessibleInterface* entry = list && index >= 0 ? list->child(int(index)) : nullptr;
+        if (!entry || !entry->actionInterface())
+            c.fail(QStringLiteral("the open panel lists no tile %1").arg(c.word(2)));
+        entry->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     } else if (c.word(1) == u"resign" && c.wordCount() == 2) {
         if (RavlinBar* bar = c.session.tilePanel())
             bar->resignKey();
     } else {
-        c.fail(QStringLiteral("panel knows: panel resign, panel scroll DY"));
+        c.fail(QStringLiteral("panel knows: panel resign, panel scroll DY, panel press KEY"));
     }
     c.session.scheduler().runDue();
 }
@@ -146,6 +161,27 @@ QJsonArray sectionsJson(const RavlinBarView& view)
     return sections;
 }
 
+// The panel as a screen reader reads it: its role and name, and each entry's.
+QJsonObject accessibleJson(const RavlinBarView& view)
+{
+    QAccessibleInterface* list =
+        QAccessible::queryAccessibleInterface(const_cast<RavlinBarView*>(&view));
+    if (!list)
+        return {};
+    QJsonArray entries;
+    for (int i = 0; i < list->childCount(); ++i) {
+        QAccessibleInterface* entry = list->child(i);
+        entries.append(QJsonObject{
+            {QStringLiteral("role"), entry->role() == QAccessible::Button ? QStringLiteral("button")
+                                                                          : QStringLiteral("listItem")},
+            {QStringLiteral("name"), entry->text(QAccessible::Name)}});
+    }
+    return {{QStringLiteral("role"),
+             list->role() == QAccessible::List ? QStringLiteral("list") : QStringLiteral("other")},
+            {QStringLiteral("name"), list->text(QAccessible::Name)},
+            {QStringLiteral("entries"), entries}};
+}
+
 QJsonValue panelSection(SandboxSession& s, bool)
 {
     RavlinBar* bar = s.tilePanel();
@@ -165,7 +201,16 @@ QJsonValue panelSection(SandboxSession& s, bool)
         {QStringLiteral("footnote"), text(view.footnote())},
         {QStringLiteral("scroll"), QJsonObject{{QStringLiteral("offset"), view.scrollOffset()},
                                                {QStringLiteral("maximum"), view.maximumScroll()}}},
-        {QStringLiteral("sections"), sectionsJson(view)}};
+        {QStringLiteral("sections"), sectionsJson(view)},
+        {QStringLiteral("search"), text(view.query())},
+        {QStringLiteral("searchPainted"),
+         QJsonArray::fromStringList(view.paintedTexts(QStringLiteral("search")))},
+        {QStringLiteral("emptyNote"),
+         view.panelLayout().emptyNote ? QJsonValue(view.emptyText()) : QJsonValue()},
+        {QStringLiteral("focus"),
+         view.focusedKey() ? QJsonValue(*view.focusedKey()) : QJsonValue()},
+        {QStringLiteral("keyFocus"), bar->isVisible() && bar->window()->focusWidget() == &view},
+        {QStringLiteral("accessible"), accessibleJson(view)}};
 }
 
 } // namespace

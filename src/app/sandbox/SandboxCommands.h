@@ -27,6 +27,8 @@ void registerPanelCommands(ScriptRunner& runner);
 void registerLayoutCommands(ScriptRunner& runner);
 // settings (open, close and the window's controls); the section settings.
 void registerSettingsWindowCommands(ScriptRunner& runner);
+// key, type, hotkey; the section shortcuts.
+void registerKeyboardCommands(ScriptRunner& runner);
 // Every command of the script language that a later part of the sandbox brings.
 void registerPendingCommands(ScriptRunner& runner);
 

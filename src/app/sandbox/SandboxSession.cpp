@@ -13,6 +13,10 @@
 #include "ui/RavlinBar.h"
 #include "ui/settings/SettingsView.h"
 #include "ui/settings/SettingsWindowController.h"
+#include "ui/settings/ShortcutField.h"
+#include "core/settings/KeyChord.h"
+#include "platform/sim/SimHotKeys.h"
+#include "ui/RavlinBarView.h"
 
 #include "foundation/ResourceBundle.h"
 #include "platform/linux/LinuxServices.h"
@@ -29,6 +33,7 @@
 #include <QPushButton>
 
 #include <QCoreApplication>
+#include <QKeyEvent>
 
 namespace ravlin::sandbox {
 
@@ -157,6 +162,43 @@ SettingsWindowController& SandboxSession::settingsWindow()
 {
     app();
     return *m_settingsWindow;
+}
+
+SimHotKeys& SandboxSession::hotKeys()
+{
+    return static_cast<SimHotKeys&>(*m_platform.hotKeys);
+}
+
+QWidget* SandboxSession::keyTarget()
+{
+    if (m_ravlinBar && m_ravlinBar->isVisible() && m_ravlinBar->view())
+        return m_ravlinBar->view();
+    if (!m_settingsWindow || !m_settingsWindow->isVisible() || !m_settingsWindow->view())
+        return nullptr;
+    QWidget* view = m_settingsWindow->view();
+    for (ShortcutField* field : view->findChildren<ShortcutField*>())
+        if (field->isRecording())
+            return field;
+    return view->focusWidget() ? view->focusWidget() : view;
+}
+
+QString SandboxSession::pressKey(const KeyChord& chord)
+{
+    if (hotKeys().press(chord.virtualKeyCode(), chord.hotKeyModifiers()))
+        return QStringLiteral("shortcut");
+    QWidget* target = keyTarget();
+    if (!target)
+        return QString();
+    const auto modifiers = Qt::KeyboardModifiers(chord.qtModifiers());
+    // Command and Control chords type nothing.
+    const QString text = modifiers & (Qt::ControlModifier | Qt::MetaModifier) ? QString()
+                                                                               : chord.typedText();
+    QKeyEvent press(QEvent::KeyPress, chord.qtKey(), modifiers, text);
+    QCoreApplication::sendEvent(target, &press);
+    QKeyEvent release(QEvent::KeyRelease, chord.qtKey(), modifiers, text);
+    QCoreApplication::sendEvent(target, &release);
+    return m_ravlinBar && target == m_ravlinBar->view() ? QStringLiteral("panel")
+                                                         : QStringLiteral("settings");
 }
 
 SimMenuBarSpacing& SandboxSession::menuBarSpacing()

@@ -32,6 +32,8 @@ class SimStatusBar;
 class SimLoginItems;
 class SimMenuBarSpacing;
 class SimSystemProbe;
+class SimHotKeys;
+struct KeyChord;
 } // namespace ravlin
 
 namespace ravlin::sandbox {
@@ -80,6 +82,14 @@ public:
     bool pressArrangeDone();
     SettingsWindowController& settingsWindow();
     SimMenuBarSpacing& menuBarSpacing();
+    SimHotKeys& hotKeys();
+    // A person presses the chord: a registered global shortcut takes it first, as the
+    // system does; otherwise it goes to the key window (the open panel, or the settings
+    // window's shortcut field that is recording, or its focused control). Answers where it
+    // went: "shortcut", "panel", "settings" or "" (nowhere this application hears).
+    QString pressKey(const KeyChord& chord);
+    // The window that receives typing now, if any.
+    QWidget* keyTarget();
     QString defaultsPath() const { return m_defaultsPath; }
     QString logDir() const { return m_options.logDir; }
 

@@ -13,10 +13,13 @@
 #include "ui/settings/SettingsToolbar.h"
 #include "ui/settings/SettingsView.h"
 #include "ui/settings/SettingsWindowController.h"
+#include "ui/settings/SettingsRow.h"
+#include "ui/settings/ShortcutField.h"
 #include "ui/settings/ToggleSwitch.h"
 
 #include <QAbstractButton>
 #include <QJsonArray>
+#include <QLabel>
 #include <QJsonObject>
 #include <QPushButton>
 #include <QSpinBox>
@@ -128,6 +131,13 @@ void settingsCommand(CommandContext& c)
         setValue(c);
     } else if (verb == u"language") {
         pickLanguage(c);
+    } else if (verb == u"record" || verb == u"clear") {
+        auto* field = control<ShortcutField>(c, c.need(2, QStringLiteral("the shortcut's name")),
+                                             QStringLiteral("shortcut field"));
+        if (verb == u"record")
+            field->startRecording();
+        else
+            field->clear();
     } else if (verb == u"press") {
         control<QPushButton>(c, c.need(2, QStringLiteral("the button's name")),
                              QStringLiteral("button"))
@@ -149,6 +159,31 @@ QJsonArray placements(const SettingsView& view)
                                      {QStringLiteral("placement"), s->value()}});
     }
     return items;
+}
+
+// The label marks the text's direction for the screen; the words are what counts.
+QString withoutDirectionMarks(QString text)
+{
+    text.remove(QChar(0x200E));
+    text.remove(QChar(0x200F));
+    return text;
+}
+
+QJsonArray shortcutFields(const SettingsView& view)
+{
+    QJsonArray list;
+    for (const ShortcutField* f : view.findChildren<ShortcutField*>()) {
+        const auto* row = qobject_cast<const SettingsRow*>(f->parentWidget());
+        const QLabel* hint = row ? row->hintLabel() : nullptr;
+        list.append(QJsonObject{
+            {QStringLiteral("name"), f->objectName()},
+            {QStringLiteral("shown"), f->shownText()},
+            {QStringLiteral("recording"), f->isRecording()},
+            {QStringLiteral("hint"), hint && !hint->isHidden()
+                                         ? QJsonValue(withoutDirectionMarks(hint->text()))
+                                         : QJsonValue()}});
+    }
+    return list;
 }
 
 QJsonArray switches(const SettingsView& view, const QString& prefix, const QString& idName)
@@ -187,6 +222,7 @@ QJsonValue settingsSection(SandboxSession& s, bool)
         {QStringLiteral("language"),
          picker ? QJsonValue(picker->currentData().toString()) : QJsonValue()},
         {QStringLiteral("items"), placements(*view)},
+        {QStringLiteral("shortcuts"), shortcutFields(*view)},
         {QStringLiteral("apps"),
          switches(*view, QStringLiteral("bundle:"), QStringLiteral("bundleID"))},
         {QStringLiteral("systemItems"),

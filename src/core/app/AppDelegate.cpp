@@ -1,7 +1,6 @@
 #include "AppDelegate.h"
 
-#include "platform/SystemProbe.h"
-
+#include "GlobalShortcuts.h"
 #include "MenuBarServices.h"
 #include "SettingsPresenter.h"
 #include "core/bar/MenuBarHideEngine.h"
@@ -49,6 +48,9 @@ AppDelegate::AppDelegate(Platform& platform, Scheduler& scheduler, const Resourc
 
 AppDelegate::~AppDelegate()
 {
+    m_shortcuts.reset();
+    if (m_windows.panel && m_launched)
+        m_windows.panel->onSettings = nullptr;
     m_statusBar.reset(); // before the services it borrows
 }
 
@@ -131,6 +133,7 @@ void AppDelegate::applicationDidFinishLaunching(const QStringList& arguments)
                                                                 m_windows.settings,
                                                                 m_platform.bundleIdentifier,
                                                                 onBatteryReader()});
+    makeShortcuts();
     if (m_preferences->showWeather())
         m_weather->refreshIfStale();
     // A first reading at launch primes the sampler; the tile panel starts it again when it shows
@@ -148,6 +151,27 @@ void AppDelegate::applicationDidFinishLaunching(const QStringList& arguments)
         LaunchAtLogin::setEnabled(*m_platform.loginItems, true);
     if (arguments.contains(QStringLiteral("--settings")))
         showSettings(0);
+}
+
+void AppDelegate::makeShortcuts()
+{
+    if (m_windows.panel)
+        m_windows.panel->onSettings = [this] { showSettings(0); };
+    GlobalShortcuts::Actions actions;
+    actions.togglePanel = [this] {
+        if (m_statusBar && !m_statusBar->arranging())
+            m_statusBar->toggleTile();
+    };
+    actions.toggleHiddenSection = [this] {
+        if (!m_statusBar || m_statusBar->arranging())
+            return;
+        if (m_statusBar->usesEngine())
+            m_statusBar->engineToggle();
+        else
+            m_statusBar->menuToggle();
+    };
+    m_shortcuts = std::make_unique<GlobalShortcuts>(m_platform.hotKeys.get(), *m_preferences,
+                                                    *m_notifications, std::move(actions));
 }
 
 bool AppDelegate::applicationShouldHandleReopen(bool)

@@ -11,6 +11,7 @@ namespace ravlin {
 
 class ArrangeGuide;
 class DiagnosticLogs;
+class GlobalShortcuts;
 class LanguageManager;
 class MenuBarHideEngine;
 class MenuBarServices;
@@ -64,6 +65,8 @@ public:
     MenuBarHideEngine& hideEngine() const { return *m_hideEngine; }
     // Absent until start-up made it (and never made by a second copy or the self-test).
     StatusBarController* statusBar() const { return m_statusBar.get(); }
+    // The system-wide shortcuts; absent until start-up made them, like the status bar.
+    GlobalShortcuts* shortcuts() const { return m_shortcuts.get(); }
     // Where the self-tests write their reports (empty: the default folder).
     void setLogDirectory(const QString& directory);
     bool launched() const { return m_launched; }
@@ -74,6 +77,7 @@ private:
     std::function<std::optional<bool>()> onBatteryReader();
     void runHideEngineSelfTest();
     void showSettings(int tab);
+    void makeShortcuts();
 
     Platform& m_platform;
     Scheduler& m_scheduler;
@@ -88,6 +92,7 @@ private:
     std::unique_ptr<TileModel> m_tileModel;
     std::unique_ptr<MenuBarHideEngine> m_hideEngine;
     std::unique_ptr<StatusBarController> m_statusBar;
+    std::unique_ptr<GlobalShortcuts> m_shortcuts;
     AppWindows m_windows;
     QString m_hideLog;
     bool m_launched = false;

@@ -29,6 +29,8 @@ public:
 
     // Told when the panel closes because it lost key status.
     std::function<void()> onClose;
+    // Told when the user asks the panel for the settings window (its gear, ⌘,).
+    std::function<void()> onSettings;
     // Asked on every show for a line to put under everything else (empty: none).
     std::function<QString()> footnote;
     // Told when the user clicks that line.

@@ -84,6 +84,7 @@ ResolvedItem AXResolver::describe(const AXElement& element, std::optional<QStrin
 {
     ResolvedItem item;
     item.title = std::move(title);
+    item.description = string(element, QStringLiteral("AXDescription"));
     const AXResult<std::int32_t> pid = m_accessibility.pid(element);
     item.pid = pid.ok() ? pid.value : 0;
     if (item.pid > 0) {

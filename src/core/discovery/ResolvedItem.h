@@ -13,6 +13,8 @@ struct ResolvedItem {
     std::optional<QString> bundleId;
     std::optional<QString> appName;
     std::int32_t pid = 0; // 0 when it could not be read
+    // The element's description when it has one beside its title.
+    std::optional<QString> description;
 
     bool operator==(const ResolvedItem&) const = default;
 };

@@ -20,6 +20,8 @@ inline const QString hiddenBundleIDs = QStringLiteral("hiddenBundleIDs");
 inline const QString hiddenSystemItems = QStringLiteral("hiddenSystemItemIDs");
 inline const QString hideSpotlight = QStringLiteral("hideSpotlight");
 inline const QString newItemPlacement = QStringLiteral("newItemPlacement");
+inline const QString panelShortcut = QStringLiteral("panelShortcut");
+inline const QString hiddenSectionShortcut = QStringLiteral("hiddenSectionShortcut");
 
 // Keys kept beside the settings.
 inline const QString appleLanguages = QStringLiteral("AppleLanguages");

@@ -209,6 +209,64 @@ void Preferences::writeStringSet(const QString& key, const QSet<QString>& set)
     changed();
 }
 
+std::optional<KeyChord> Preferences::defaultShortcut(Shortcut which) const
+{
+    if (which == Shortcut::Panel)
+        return ShortcutRules::defaultPanelChord();
+    return std::nullopt;
+}
+
+static const QString& shortcutKey(Shortcut which)
+{
+    return which == Shortcut::Panel ? PrefKey::panelShortcut : PrefKey::hiddenSectionShortcut;
+}
+
+// Absent: the default; empty text: none; anything else must be a chord the rules accept.
+std::optional<KeyChord> Preferences::storedShortcut(Shortcut which) const
+{
+    const QString& key = shortcutKey(which);
+    const PlistValue stored = m_defaults.persistentValue(key);
+    if (stored.isNull())
+        return defaultShortcut(which);
+    const std::optional<QString> text = stored.asString();
+    if (text && text->trimmed().isEmpty())
+        return std::nullopt;
+    std::optional<KeyChord> chord = text ? KeyChord::parse(*text) : std::nullopt;
+    std::optional<QString> refused;
+    if (chord)
+        refused = ShortcutRules::refusal(*chord, std::nullopt);
+    if (chord && !refused)
+        return chord;
+    const QString seen = text ? QStringLiteral("\"%1\"").arg(*text) : QStringLiteral("a value");
+    if (m_reportedShortcuts.value(key) != seen) {
+        m_reportedShortcuts.insert(key, seen);
+        const QString why = !text   ? QStringLiteral("not text")
+                            : chord ? QStringLiteral("not allowed (%1)").arg(*refused)
+                                    : QStringLiteral("not a key chord");
+        const std::optional<KeyChord> fallback = defaultShortcut(which);
+        qCWarning(lcDefaults).noquote()
+            << QStringLiteral("the setting %1 holds %2, which is %3; Ravlin uses %4")
+                   .arg(key, seen, why,
+                        fallback ? fallback->storedText() : QStringLiteral("none"));
+    }
+    return defaultShortcut(which);
+}
+
+std::optional<KeyChord> Preferences::shortcut(Shortcut which) const
+{
+    std::optional<KeyChord> chord = storedShortcut(which);
+    // Both the same, by a hand-edited file: the panel keeps it.
+    if (which == Shortcut::HiddenSection && chord && chord == storedShortcut(Shortcut::Panel))
+        return std::nullopt;
+    return chord;
+}
+
+void Preferences::setShortcut(Shortcut which, const std::optional<KeyChord>& chord)
+{
+    m_defaults.set(shortcutKey(which), chord ? chord->storedText() : QString());
+    changed();
+}
+
 QSet<QString> Preferences::hiddenItemKeys() const
 {
     return stringSet(PrefKey::hiddenItems);

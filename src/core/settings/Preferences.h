@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ItemPlacement.h"
+#include "ShortcutRules.h"
 #include "TileStyle.h"
 
 #include <QHash>
@@ -54,6 +55,12 @@ public:
     void setShowWeather(bool on);
     bool hideSpotlight() const;
     void setHideSpotlight(bool on);
+    // A global shortcut, or nothing when the user chose none. The panel's is ⌃⌥⌘M until
+    // changed, the hidden section's none; a stored value that is not a chord, or one the
+    // rules refuse, reads as that default (with a log line).
+    std::optional<KeyChord> shortcut(Shortcut which) const;
+    // Stores the chord as it is given (nothing: none); the settings window checks it first.
+    void setShortcut(Shortcut which, const std::optional<KeyChord>& chord);
 
     QSet<QString> hiddenItemKeys() const;
     void setHiddenItemKeys(const QSet<QString>& keys);
@@ -98,7 +105,11 @@ private:
     DefaultsStore& m_defaults;
     NotificationCenter& m_center;
     LoginItems* m_loginItems;
+    std::optional<KeyChord> storedShortcut(Shortcut which) const;
+    std::optional<KeyChord> defaultShortcut(Shortcut which) const;
+
     mutable std::optional<std::int64_t> m_reportedInterval; // the stored value last logged
+    mutable QHash<QString, QString> m_reportedShortcuts;     // stored texts already logged
 };
 
 } // namespace ravlin

@@ -4,6 +4,7 @@
 
 #include <QImage>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -22,6 +23,9 @@ struct BarItem {
     QString key;
     // First seen in the bar within the last day: the panel marks it.
     bool isNew = false;
+    // More names a search finds the item by: its application's, its accessibility
+    // title and description.
+    QStringList searchTerms;
 
     const QString& id() const { return key; }
     bool operator==(const BarItem& other) const;

@@ -102,6 +102,12 @@ std::optional<BarItem> BarItemFactory::makeItem(const MenuBarItemInfo& info)
     if (item.isApple && hasOwnTile(item.label))
         return std::nullopt;
 
+    if (resolved) {
+        for (const std::optional<QString>& term :
+             {resolved->appName, resolved->title, resolved->description})
+            if (term && !term->isEmpty() && !item.searchTerms.contains(*term))
+                item.searchTerms.append(*term);
+    }
     item.image = icon(info, resolved, item.isApple);
     item.imageIsApplicationIcon =
         item.image && m_system && !m_system->techniques().canCaptureItems();

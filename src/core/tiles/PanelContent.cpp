@@ -1,5 +1,6 @@
 #include "PanelContent.h"
 
+#include "SearchText.h"
 #include "TileAccent.h"
 #include "TileModel.h"
 #include "foundation/SystemColor.h"
@@ -72,9 +73,38 @@ std::vector<PanelSection> PanelContent::sections(const PanelRequest& request) co
         result.push_back({group.title, itemTiles(group), true});
     std::vector<PanelTile> permissions =
         permissionTiles(request.hasScreenRecording, request.hasAccessibility);
-    if (!permissions.empty())
+    if (!permissions.empty() && request.query.trimmed().isEmpty())
         result.push_back({std::nullopt, std::move(permissions), false});
-    return result;
+    return filtered(std::move(result), request.query);
+}
+
+QStringList PanelContent::searchTexts(const PanelTile& tile)
+{
+    QStringList texts{tile.label};
+    if (tile.kind == TileKind::Weather)
+        texts << tile.note;
+    if (tile.kind == TileKind::Item && tile.content) {
+        const BarItem& item = std::get<BarItem>(*tile.content);
+        texts << item.info.owner << item.info.name << item.searchTerms;
+    }
+    return texts;
+}
+
+// Matching tiles keep their order; sections left without tiles go.
+std::vector<PanelSection> PanelContent::filtered(std::vector<PanelSection> sections,
+                                                 const QString& query)
+{
+    const SearchText search(query);
+    if (search.isEmpty())
+        return sections;
+    std::vector<PanelSection> kept;
+    for (PanelSection& section : sections) {
+        std::erase_if(section.tiles,
+                      [&](const PanelTile& t) { return !search.matches(searchTexts(t)); });
+        if (!section.tiles.empty())
+            kept.push_back(std::move(section));
+    }
+    return kept;
 }
 
 PanelTile PanelContent::weatherTile() const

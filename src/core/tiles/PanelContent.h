@@ -22,6 +22,8 @@ struct PanelRequest {
     bool hasAccessibility = true;
     // A line under everything else, when there is something to explain (empty: none).
     QString footnote;
+    // What the user typed to find a tile (empty: everything shows).
+    QString query;
 };
 
 // Decides the panel's sections top to bottom: the weather header, the "System"
@@ -41,6 +43,9 @@ public:
                  const LanguageManager& language);
 
     std::vector<PanelSection> sections(const PanelRequest& request) const;
+    // The texts a search looks for in a tile: its names, and for an item also its
+    // application's name, its title and its accessibility title and description.
+    static QStringList searchTexts(const PanelTile& tile);
 
     PanelTile weatherTile() const;
     std::vector<PanelTile> statisticsTiles() const;
@@ -55,6 +60,9 @@ public:
     static QString rangeText(std::optional<double> high, std::optional<double> low);
 
 private:
+    static std::vector<PanelSection> filtered(std::vector<PanelSection> sections,
+                                              const QString& query);
+
     const SystemStats& m_stats;
     const WeatherService& m_weather;
     const TileModel& m_tiles;

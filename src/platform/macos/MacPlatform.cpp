@@ -7,6 +7,7 @@
 #include "MacEventMonitors.h"
 #include "MacEvents.h"
 #include "MacGeocoder.h"
+#include "MacHotKeys.h"
 #include "MacLocationService.h"
 #include "MacMenuBarSpacing.h"
 #include "MacPermissions.h"
@@ -41,6 +42,7 @@ Platform makePlatform(Scheduler& scheduler)
     platform.assessmentMode = std::make_unique<MacAssessmentMode>();
     platform.application = std::make_unique<MacApplicationControl>();
     platform.menuBarSpacing = std::make_unique<MacMenuBarSpacing>();
+    platform.hotKeys = std::make_unique<MacHotKeys>();
     platform.preferredLanguages = MacSystem::preferredLanguages();
     platform.bundleIdentifier = MacSystem::bundleIdentifier();
     return platform;

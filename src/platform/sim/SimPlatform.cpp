@@ -3,6 +3,7 @@
 #include "SimApplicationControl.h"
 #include "SimAssessmentMode.h"
 #include "SimEventMonitors.h"
+#include "SimHotKeys.h"
 #include "SimMenuBarSpacing.h"
 #include "SimStatusBar.h"
 #include "platform/ApplicationControl.h"
@@ -39,6 +40,7 @@ void installSimBarServices(Platform& platform, SimDesktop& desktop, Scheduler& s
     platform.assessmentMode = std::make_unique<SimAssessmentMode>(desktop, scheduler);
     platform.application = std::make_unique<SimApplicationControl>();
     platform.menuBarSpacing = std::make_unique<SimMenuBarSpacing>();
+    platform.hotKeys = std::make_unique<SimHotKeys>();
 }
 
 } // namespace ravlin

@@ -6,8 +6,10 @@
 #include "SettingsGroup.h"
 #include "SettingsRow.h"
 #include "SettingsStyle.h"
+#include "ShortcutField.h"
 #include "ToggleSwitch.h"
 #include "core/app/AppDelegate.h"
+#include "core/app/GlobalShortcuts.h"
 #include "core/settings/LanguageManager.h"
 #include "core/settings/Preferences.h"
 
@@ -28,6 +30,7 @@ GeneralTab::GeneralTab(AppDelegate& app, SettingsActions& actions, QWidget* pare
     buildStartup();
     buildHiding();
     buildPanel();
+    buildShortcuts();
     finish();
     refresh();
 }
@@ -123,6 +126,68 @@ void GeneralTab::buildPanel()
     group->addRow(row);
 }
 
+void GeneralTab::buildShortcuts()
+{
+    const LanguageManager& lm = m_app.languageManager();
+    SettingsGroup* group = addSection(lm.L(QStringLiteral("general.section.shortcuts")));
+    const QString panelTitleKey = QStringLiteral("shortcut.panel");
+    const QString hiddenTitleKey = QStringLiteral("shortcut.hiddenSection");
+    addShortcutRow(group, Shortcut::Panel, QStringLiteral("panelShortcut"), panelTitleKey);
+    addShortcutRow(group, Shortcut::HiddenSection, QStringLiteral("hiddenSectionShortcut"),
+                   hiddenTitleKey);
+}
+
+void GeneralTab::addShortcutRow(SettingsGroup* group, Shortcut which, const QString& name,
+                                const QString& titleKey)
+{
+    const LanguageManager& lm = m_app.languageManager();
+    ShortcutRow& r = shortcutRow(which);
+    r.row = new SettingsRow(lm.L(titleKey), lm.L(titleKey + QStringLiteral(".desc")));
+    r.field = new ShortcutField({lm.L(QStringLiteral("shortcut.record")),
+                                 lm.L(QStringLiteral("shortcut.recording")),
+                                 lm.L(QStringLiteral("shortcut.none"))});
+    r.field->setObjectName(name);
+    r.field->onRecorded = [this, which](const std::optional<KeyChord>& chord) {
+        recorded(which, chord);
+    };
+    // While a field records, the chords it hears must not set off the shortcuts.
+    r.field->onRecordingChanged = [this](bool recording) {
+        if (m_app.shortcuts())
+            m_app.shortcuts()->setSuspended(recording);
+    };
+    r.row->addTrailing(r.field);
+    group->addRow(r.row);
+}
+
+// A chord the rules refuse is not stored: the row says why, and the old one stays.
+void GeneralTab::recorded(Shortcut which, const std::optional<KeyChord>& chord)
+{
+    ShortcutRow& r = shortcutRow(which);
+    r.refusal.clear();
+    if (chord) {
+        const Shortcut other =
+            which == Shortcut::Panel ? Shortcut::HiddenSection : Shortcut::Panel;
+        if (const std::optional<QString> refusal =
+                ShortcutRules::refusal(*chord, m_app.preferences().shortcut(other))) {
+            r.refusal = *refusal;
+            showProblem(which);
+            return;
+        }
+    }
+    m_app.preferences().setShortcut(which, chord);
+    // The system's answer came after the page was refreshed for the change.
+    showProblem(which);
+}
+
+void GeneralTab::showProblem(Shortcut which)
+{
+    ShortcutRow& r = shortcutRow(which);
+    QString key = r.refusal;
+    if (key.isEmpty() && m_app.shortcuts())
+        key = m_app.shortcuts()->problem(which).value_or(QString());
+    r.row->setHint(key.isEmpty() ? QString() : m_app.languageManager().L(key), !key.isEmpty());
+}
+
 void GeneralTab::refresh()
 {
     const Preferences& p = m_app.preferences();
@@ -135,6 +200,10 @@ void GeneralTab::refresh()
     m_systemTiles->setCheckedQuietly(p.showSystemTiles());
     m_weather->setCheckedQuietly(p.showWeather());
     m_style->setCurrentDataQuietly(tileStyleRawValue(p.tileStyle()));
+    for (Shortcut which : {Shortcut::Panel, Shortcut::HiddenSection}) {
+        shortcutRow(which).field->setChord(p.shortcut(which));
+        showProblem(which);
+    }
 }
 
 } // namespace ravlin

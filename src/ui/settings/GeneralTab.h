@@ -1,14 +1,17 @@
 #pragma once
 
 #include "SettingsPage.h"
+#include "core/settings/ShortcutRules.h"
 
 namespace ravlin {
 
 class AppDelegate;
 class NumberField;
 class PopupButton;
+class SettingsGroup;
 class SettingsActions;
 class SettingsRow;
+class ShortcutField;
 class ToggleSwitch;
 
 // Start-up, hiding and the panel: the switches of the settings store, the
@@ -24,6 +27,11 @@ private:
     void buildStartup();
     void buildHiding();
     void buildPanel();
+    void buildShortcuts();
+    void addShortcutRow(SettingsGroup* group, Shortcut which, const QString& name,
+                        const QString& titleKey);
+    void recorded(Shortcut which, const std::optional<KeyChord>& chord);
+    void showProblem(Shortcut which);
     QWidget* intervalControl();
 
     AppDelegate& m_app;
@@ -37,6 +45,22 @@ private:
     ToggleSwitch* m_systemTiles = nullptr;
     ToggleSwitch* m_weather = nullptr;
     PopupButton* m_style = nullptr;
+    struct ShortcutRow {
+        SettingsRow* row = nullptr;
+        ShortcutField* field = nullptr;
+        QString refusal; // the text key of the last chord refused, until the next recording
+    };
+    ShortcutRow m_panelShortcut;
+    ShortcutRow m_hiddenShortcut;
+    ShortcutRow& shortcutRow(Shortcut which)
+    {
+        return which == Shortcut::Panel ? m_panelShortcut : m_hiddenShortcut;
+    }
+
+public:
+    // For the sandbox and tests.
+    ShortcutField* shortcutField(Shortcut which) { return shortcutRow(which).field; }
+    SettingsRow* shortcutSettingsRow(Shortcut which) { return shortcutRow(which).row; }
 };
 
 } // namespace ravlin

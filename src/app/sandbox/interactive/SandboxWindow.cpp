@@ -7,12 +7,16 @@
 #include "sandbox/SandboxSession.h"
 #include "sandbox/ScriptRunner.h"
 
+#include "core/settings/KeyChord.h"
 #include "platform/sim/SimApplicationControl.h"
 #include "platform/sim/SimAssessmentMode.h"
 #include "platform/sim/SimDesktop.h"
+#include "platform/sim/SimHotKeys.h"
 #include "platform/sim/SimStatusBar.h"
 
+#include <QApplication>
 #include <QCheckBox>
+#include <QKeyEvent>
 #include <QComboBox>
 #include <QFile>
 #include <QFileDialog>
@@ -82,10 +86,25 @@ SandboxWindow::SandboxWindow(Setup setup) : m_setup(std::move(setup))
     row->addWidget(m_canvas, 0, Qt::AlignTop | Qt::AlignLeft);
     row->addWidget(buildSidebar());
     connect(&m_clock, &QTimer::timeout, this, &SandboxWindow::tick);
+    qApp->installEventFilter(this);
+}
+
+bool SandboxWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::KeyPress || !m_session || !m_session->hasApp())
+        return QWidget::eventFilter(watched, event);
+    const auto* key = static_cast<QKeyEvent*>(event);
+    const std::optional<KeyChord> chord = KeyChord::fromQt(key->key(), int(key->modifiers()));
+    if (chord && m_session->hotKeys().press(chord->virtualKeyCode(), chord->hotKeyModifiers())) {
+        log(QStringLiteral("shortcut %1").arg(chord->displayText()));
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 SandboxWindow::~SandboxWindow()
 {
+    qApp->removeEventFilter(this);
     m_canvas->setSession(nullptr);
 }
 

@@ -40,6 +40,11 @@ public:
     void log(const QString& line);
     SandboxSession* session() const { return m_session.get(); }
 
+protected:
+    // Real key presses reach the simulated system first: a chord Ravlin registered as a
+    // global shortcut is taken there, whichever window has the focus, as on a Mac.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void restart(const QString& script);
     void tick();
