@@ -2,6 +2,7 @@
 
 #include "HudContainer.h"
 #include "NativeWindow.h"
+#include "PaintCache.h"
 #include "PanelWindow.h"
 #include "RavlinBarView.h"
 #include "core/discovery/PermissionManager.h"
@@ -24,7 +25,8 @@ namespace ravlin {
 namespace P = PanelPlacement;
 
 RavlinBar::RavlinBar(RavlinBarServices services)
-    : m_s(services), m_content(services.stats, services.weather, services.tiles, services.language)
+    : m_s(services), m_content(services.stats, services.weather, services.tiles, services.language),
+      m_paintCache(std::make_unique<PaintCache>())
 {}
 
 RavlinBar::~RavlinBar()
@@ -130,7 +132,8 @@ RavlinBarView* RavlinBar::makeView(const std::vector<BarGroup>& groups, ItemCall
     const RavlinBarView::Sources sources{m_content, m_s.tiles, m_s.stats, m_s.weather,
                                          m_s.language.L(QStringLiteral("bar.empty")),
                                          m_s.language.L(QStringLiteral("search.noMatches")),
-                                         m_s.language.L(QStringLiteral("a11y.settings"))};
+                                         m_s.language.L(QStringLiteral("a11y.settings")),
+                                         m_paintCache.get()};
     auto* view = new RavlinBarView(sources, std::move(request), m_s.preferences.tileStyle());
     view->setLayoutDirection(m_s.language.isRTL() ? Qt::RightToLeft : Qt::LeftToRight);
     view->onActivate = std::move(onActivate);

@@ -15,6 +15,7 @@ namespace ravlin {
 
 class HudContainer;
 class LanguageManager;
+class PaintCache;
 class PanelWindow;
 class PermissionManager;
 class Preferences;
@@ -92,6 +93,7 @@ private:
     RavlinBarServices m_s;
     PanelContent m_content;
     std::unique_ptr<PanelWindow> m_panel;
+    std::unique_ptr<PaintCache> m_paintCache;
     // Made anew on every show; held loosely because the old ones are deleted later.
     QPointer<QWidget> m_container;
     QPointer<QWidget> m_view;

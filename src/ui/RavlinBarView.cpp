@@ -34,7 +34,7 @@ RavlinBarView::RavlinBarView(const Sources& sources, PanelRequest request, TileS
                              QWidget* parent)
     : QWidget(parent), m_content(sources.content), m_tiles(sources.tiles),
       m_request(std::move(request)), m_style(style), m_emptyText(sources.emptyText),
-      m_noMatchText(sources.noMatchText), m_settingsName(sources.settingsName)
+      m_noMatchText(sources.noMatchText), m_settingsName(sources.settingsName), m_paintCache(sources.paintCache)
 {
     static const bool accessibleInstalled = [] {
         QAccessible::installFactory(&RavlinBarAccessible::factory);
@@ -524,7 +524,7 @@ void RavlinBarView::paintEvent(QPaintEvent*)
     painter.setClipRect(rect());
     painter.translate(0, -m_scroll);
     const QRectF inSight = visibleContent();
-    TilePainter tiles(painter, m_style, isRightToLeft());
+    TilePainter tiles(painter, m_style, isRightToLeft(), m_paintCache);
     for (const PanelLayout::PlacedHeader& h : m_layout.headers)
         if (h.rect.intersects(inSight))
             tiles.header(m_sections[h.section].title.value_or(QString()), h.rect);
@@ -570,7 +570,7 @@ void RavlinBarView::paintDragged(QPainter& painter)
     TileState state;
     state.hovered = true;
     state.floating = true;
-    TilePainter(painter, m_style, isRightToLeft())
+    TilePainter(painter, m_style, isRightToLeft(), m_paintCache)
         .tile(tileOf(*p), p->rect.translated(m_pointer - m_pressPoint), state);
 }
 

@@ -13,6 +13,7 @@
 
 namespace ravlin {
 
+class PaintCache;
 class SystemStats;
 class TileModel;
 class WeatherService;
@@ -44,6 +45,7 @@ public:
         QString emptyText; // shown when there are no hidden items
         QString noMatchText; // shown when nothing matches what the user typed
         QString settingsName; // the gear's name for screen readers
+        PaintCache* paintCache = nullptr; // kept by the panel across shows
     };
 
     RavlinBarView(const Sources& sources, PanelRequest request, TileStyle style,
@@ -152,6 +154,7 @@ private:
     QString m_emptyText;
     QString m_noMatchText;
     QString m_settingsName;
+    PaintCache* m_paintCache;
     std::optional<QString> m_focus;
     bool m_focusShown = false;
     std::vector<PanelSection> m_sections;

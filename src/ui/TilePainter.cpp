@@ -1,9 +1,11 @@
 #include "TilePainter.h"
 
+#include "PaintCache.h"
 #include "SymbolRenderer.h"
 #include "Theme.h"
 
 #include <QFontMetricsF>
+#include <QPaintDevice>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -48,12 +50,58 @@ QBrush glass(const QRectF& r, int alpha)
     return g;
 }
 
+QFont fontOf(Canvas& c, double pointSize, QFont::Weight weight = QFont::Normal)
+{
+    return c.cache ? c.cache->font(pointSize, weight) : Theme::font(pointSize, weight);
+}
+
+double pixelRatio(const QPainter& p)
+{
+    return p.device() ? p.device()->devicePixelRatioF() : 1.0;
+}
+
+// A symbol from the cache where there is one: rendering a glyph of the icon font costs
+// more than copying its picture.
+bool symbol(Canvas& c, const QRectF& rect, const QString& name, const QColor& colour)
+{
+    if (!c.cache)
+        return SymbolRenderer::paint(c.p, rect, name, colour);
+    const double side = rect.height();
+    const QPixmap& picture = c.cache->symbol(name, side, colour, pixelRatio(c.p));
+    if (picture.isNull())
+        return false;
+    c.p.drawPixmap(QPointF(rect.center().x() - side / 2, rect.top()), picture);
+    return true;
+}
+
+// The shaped line from the cache, placed as drawText would place it.
+void cachedText(Canvas& c, const QRectF& rect, const QString& s, const QFont& font,
+                const QColor& colour, Qt::Alignment align)
+{
+    const PaintCache::Line& line =
+        c.cache->line(s, font, rect.width(), c.p.layoutDirection() == Qt::RightToLeft);
+    double x = rect.left();
+    if (align & Qt::AlignRight)
+        x = rect.right() - line.size.width();
+    else if (align & Qt::AlignHCenter)
+        x = rect.center().x() - line.size.width() / 2;
+    c.p.setFont(font);
+    c.p.setPen(colour);
+    c.p.drawStaticText(QPointF(x, rect.center().y() - line.size.height() / 2), line.text);
+    if (c.painted && !line.shown.isEmpty())
+        c.painted->append(line.shown);
+}
+
 // Alignment is absolute: callers have already chosen the side for the reading direction.
 void text(Canvas& c, const QRectF& rect, const QString& s, const QFont& font, const QColor& colour,
           Qt::Alignment align)
 {
     if (s.isEmpty())
         return;
+    if (c.cache) {
+        cachedText(c, rect, s, font, colour, align);
+        return;
+    }
     c.p.setFont(font);
     c.p.setPen(colour);
     const QString shown = c.p.fontMetrics().elidedText(s, Qt::ElideRight, int(rect.width()));
@@ -78,11 +126,15 @@ void figures(Canvas& c, const QRectF& rect, const QString& s, const QFont& font,
 void wholeFigures(Canvas& c, const QRectF& rect, const QString& s, double pointSize,
                   QFont::Weight weight, const QColor& colour)
 {
-    QFont font = Theme::font(pointSize, weight);
-    for (double size = pointSize; size > 6.5; size -= 0.5) {
-        font = Theme::font(size, weight);
-        if (QFontMetricsF(font).horizontalAdvance(s) <= rect.width())
-            break;
+    QFont font;
+    if (c.cache) {
+        font = c.cache->fitting(s, pointSize, weight, rect.width());
+    } else {
+        for (double size = pointSize; size > 6.5; size -= 0.5) {
+            font = Theme::font(size, weight);
+            if (QFontMetricsF(font).horizontalAdvance(s) <= rect.width())
+                break;
+        }
     }
     figures(c, rect.adjusted(-4, 0, 4, 0), s, font, colour, Qt::AlignHCenter);
 }
@@ -111,10 +163,10 @@ void itemMark(Canvas& c, const PanelTile& tile, const QRectF& box, const QColor&
         image(c.p, *item->image, box);
         return;
     }
-    if (!tile.symbol.isEmpty() && SymbolRenderer::paint(c.p, box, tile.symbol, colour))
+    if (!tile.symbol.isEmpty() && symbol(c, box, tile.symbol, colour))
         return;
     const QString initial = tile.label.trimmed().left(1).toUpper();
-    text(c, box, initial, Theme::font(box.height() * 0.72, QFont::Bold), colour, Qt::AlignHCenter);
+    text(c, box, initial, fontOf(c, box.height() * 0.72, QFont::Bold), colour, Qt::AlignHCenter);
 }
 
 bool hasImage(const PanelTile& tile)
@@ -196,8 +248,8 @@ QString ownerLine(const PanelTile& tile)
 
 } // namespace
 
-TilePainter::TilePainter(QPainter& painter, TileStyle style, bool rightToLeft)
-    : m_p(painter), m_c{painter}, m_style(style), m_rtl(rightToLeft)
+TilePainter::TilePainter(QPainter& painter, TileStyle style, bool rightToLeft, PaintCache* cache)
+    : m_p(painter), m_c{painter, nullptr, cache}, m_style(style), m_rtl(rightToLeft)
 {
     m_p.setRenderHint(QPainter::Antialiasing);
     m_p.setRenderHint(QPainter::TextAntialiasing);
@@ -236,18 +288,7 @@ void TilePainter::tile(const PanelTile& tile, const QRectF& rect, const TileStat
         m_p.drawRoundedRect(rect, radius, radius);
     }
     const int fill = state.pressed ? 44 : state.hovered || state.dropTarget ? 32 : 17;
-    // The hairline border is filled as a ring rather than stroked: stroking curves costs
-    // more than the rest of the tile together.
-    const double edge = state.dropTarget ? 1.5 : 1;
-    const QRectF inner = rect.adjusted(edge, edge, -edge, -edge);
-    const double innerRadius = std::max(0.0, radius - edge);
-    QPainterPath border;
-    border.addRoundedRect(rect, radius, radius);
-    border.addRoundedRect(inner, innerRadius, innerRadius);
-    m_p.setPen(Qt::NoPen);
-    m_p.fillPath(border, state.dropTarget ? QBrush(Theme::systemBlue()) : glass(rect, 12));
-    m_p.setBrush(glass(inner, fill));
-    m_p.drawRoundedRect(inner, innerRadius, innerRadius);
+    face(m_p, rect, radius, fill, state.dropTarget);
     switch (tile.kind) {
     case TileKind::Weather:
         weather(tile, rect);
@@ -292,6 +333,22 @@ void TilePainter::newMark(const QRectF& rect, double radius)
     m_p.drawEllipse(dot);
 }
 
+// A tile's fill and its hairline border. The border is filled as a ring rather than
+// stroked: stroking curves costs more than the rest of the tile together.
+void TilePainter::face(QPainter& p, const QRectF& rect, double radius, int fill, bool dropTarget)
+{
+    const double edge = dropTarget ? 1.5 : 1;
+    const QRectF inner = rect.adjusted(edge, edge, -edge, -edge);
+    const double innerRadius = std::max(0.0, radius - edge);
+    QPainterPath border;
+    border.addRoundedRect(rect, radius, radius);
+    border.addRoundedRect(inner, innerRadius, innerRadius);
+    p.setPen(Qt::NoPen);
+    p.fillPath(border, dropTarget ? QBrush(Theme::systemBlue()) : glass(rect, 12));
+    p.setBrush(glass(inner, fill));
+    p.drawRoundedRect(inner, innerRadius, innerRadius);
+}
+
 // The system's keyboard focus ring: the accent colour, a little outside the shape.
 void TilePainter::focusRing(const QRectF& rect, double radius)
 {
@@ -316,9 +373,9 @@ void TilePainter::searchField(const QString& query, const QRectF& rect, QStringL
     m_p.setBrush(glass(rect, 26));
     m_p.drawRoundedRect(rect, radius, radius);
     const Box b{rect, m_rtl};
-    SymbolRenderer::paint(m_p, b.at(10, 7, 14, 14), QStringLiteral("magnifyingglass"),
+    symbol(m_c, b.at(10, 7, 14, 14), QStringLiteral("magnifyingglass"),
                           Theme::hudSecondaryText());
-    const QFont font = Theme::font(13);
+    const QFont font = fontOf(m_c, 13);
     const QRectF textRect = b.span(30, 0, 12, rect.height());
     text(m_c, textRect, query, font, Theme::hudPrimaryText(), b.lead());
     // The caret stands after the text, on the side the text runs to.
@@ -339,7 +396,7 @@ void TilePainter::settingsButton(const QRectF& rect, const TileState& state)
         m_p.setBrush(glass(rect, fill));
         m_p.drawEllipse(rect);
     }
-    SymbolRenderer::paint(m_p, rect.adjusted(4, 4, -4, -4), QStringLiteral("gearshape"),
+    symbol(m_c, rect.adjusted(4, 4, -4, -4), QStringLiteral("gearshape"),
                           state.hovered ? Theme::hudPrimaryText() : Theme::hudSecondaryText());
     m_p.restore();
     if (state.focused)
@@ -349,7 +406,7 @@ void TilePainter::settingsButton(const QRectF& rect, const TileState& state)
 void TilePainter::header(const QString& title, const QRectF& rect)
 {
     const Box b{rect, m_rtl};
-    text(m_c, b.span(4, 0, 4, rect.height()), title, Theme::font(11, QFont::DemiBold),
+    text(m_c, b.span(4, 0, 4, rect.height()), title, fontOf(m_c, 11, QFont::DemiBold),
          Theme::hudSecondaryText(), b.lead());
 }
 
@@ -357,7 +414,7 @@ void TilePainter::header(const QString& title, const QRectF& rect)
 void TilePainter::footnote(const QString& note, const QRectF& rect)
 {
     m_p.save();
-    m_p.setFont(Theme::font(10.5));
+    m_p.setFont(fontOf(m_c, 10.5));
     m_p.setPen(Theme::hudSecondaryText());
     m_p.drawText(
         rect.adjusted(4, 0, -4, 0),
@@ -373,7 +430,7 @@ void TilePainter::emptyNote(const QString& note, const QRectF& rect)
     m_p.setPen(Qt::NoPen);
     m_p.setBrush(glass(rect, 8));
     m_p.drawRoundedRect(rect, 12, 12);
-    text(m_c, rect.adjusted(12, 0, -12, 0), note, Theme::font(12), Theme::hudSecondaryText(),
+    text(m_c, rect.adjusted(12, 0, -12, 0), note, fontOf(m_c, 12), Theme::hudSecondaryText(),
          Qt::AlignHCenter);
     m_p.restore();
 }
@@ -381,17 +438,17 @@ void TilePainter::emptyNote(const QString& note, const QRectF& rect)
 void TilePainter::weather(const PanelTile& t, const QRectF& rect)
 {
     const Box b{rect, m_rtl};
-    SymbolRenderer::paint(m_p, b.at(12, 13, 32, 32), t.symbol,
+    symbol(m_c, b.at(12, 13, 32, 32), t.symbol,
                           t.accent.value_or(Theme::systemBlue()));
-    SymbolRenderer::paint(m_p, b.at(54, 13, 11, 11), QStringLiteral("location.fill"),
+    symbol(m_c, b.at(54, 13, 11, 11), QStringLiteral("location.fill"),
                           Theme::hudSecondaryText());
-    text(m_c, b.span(69, 9, 110, 19), t.label, Theme::font(13, QFont::DemiBold),
+    text(m_c, b.span(69, 9, 110, 19), t.label, fontOf(m_c, 13, QFont::DemiBold),
          Theme::hudPrimaryText(), b.lead());
-    text(m_c, b.span(54, 30, 110, 16), t.note, Theme::font(11), Theme::hudSecondaryText(),
+    text(m_c, b.span(54, 30, 110, 16), t.note, fontOf(m_c, 11), Theme::hudSecondaryText(),
          b.lead());
-    figures(m_c, b.at(rect.width() - 112, 5, 100, 30), t.subtitle, Theme::font(25, QFont::Light),
+    figures(m_c, b.at(rect.width() - 112, 5, 100, 30), t.subtitle, fontOf(m_c, 25, QFont::Light),
             Theme::hudPrimaryText(), b.trail());
-    figures(m_c, b.at(rect.width() - 152, 36, 140, 15), t.detail, Theme::font(10.5),
+    figures(m_c, b.at(rect.width() - 152, 36, 140, 15), t.detail, fontOf(m_c, 10.5),
             Theme::hudSecondaryText(), b.trail());
 }
 
@@ -399,13 +456,13 @@ void TilePainter::permission(const PanelTile& t, const QRectF& rect)
 {
     const Box b{rect, m_rtl};
     disc(m_c, t, b.at(10, (rect.height() - 30) / 2, 30, 30));
-    text(m_c, b.span(50, 7, 34, 18), t.label, Theme::font(12.5, QFont::DemiBold),
+    text(m_c, b.span(50, 7, 34, 18), t.label, fontOf(m_c, 12.5, QFont::DemiBold),
          Theme::hudPrimaryText(), b.lead());
-    text(m_c, b.span(50, 25, 34, 15), t.subtitle, Theme::font(10.5), Theme::hudSecondaryText(),
+    text(m_c, b.span(50, 25, 34, 15), t.subtitle, fontOf(m_c, 10.5), Theme::hudSecondaryText(),
          b.lead());
     const QString chevron =
         m_rtl ? QStringLiteral("chevron.left") : QStringLiteral("chevron.right");
-    SymbolRenderer::paint(m_p, b.at(rect.width() - 26, (rect.height() - 16) / 2, 16, 16), chevron,
+    symbol(m_c, b.at(rect.width() - 26, (rect.height() - 16) / 2, 16, 16), chevron,
                           Theme::hudSecondaryText());
 }
 
@@ -417,30 +474,30 @@ void TilePainter::dashboard(const PanelTile& t, const QRectF& rect)
     if (t.kind == TileKind::Stat) {
         const QRectF gauge = b.at(11, (h - 40) / 2, 40, 40);
         ring(m_p, gauge, t.percent.value_or(0), accent, 4.5);
-        SymbolRenderer::paint(m_p, gauge.adjusted(12, 12, -12, -12), t.symbol, accent);
-        text(m_c, b.span(61, h / 2 - 17, 8, 15), t.label, Theme::font(11),
+        symbol(m_c, gauge.adjusted(12, 12, -12, -12), t.symbol, accent);
+        text(m_c, b.span(61, h / 2 - 17, 8, 15), t.label, fontOf(m_c, 11),
              Theme::hudSecondaryText(), b.lead());
-        figures(m_c, b.span(61, h / 2 - 2, 8, 21), t.subtitle, Theme::font(17, QFont::DemiBold),
+        figures(m_c, b.span(61, h / 2 - 2, 8, 21), t.subtitle, fontOf(m_c, 17, QFont::DemiBold),
                 Theme::hudPrimaryText(), b.lead());
         return;
     }
     disc(m_c, t, b.at(10, (h - 30) / 2, 30, 30));
     if (t.kind == TileKind::Network) {
-        text(m_c, b.span(50, 0, 160, h), t.label, Theme::font(12.5, QFont::DemiBold),
+        text(m_c, b.span(50, 0, 160, h), t.label, fontOf(m_c, 12.5, QFont::DemiBold),
              Theme::hudPrimaryText(), b.lead());
-        figures(m_c, b.span(130, 0, 14, h), t.subtitle, Theme::font(12.5, QFont::Medium),
+        figures(m_c, b.span(130, 0, 14, h), t.subtitle, fontOf(m_c, 12.5, QFont::Medium),
                 Theme::hudPrimaryText(), b.trail());
         return;
     }
     const QString owner = ownerLine(t);
     if (owner.isEmpty()) {
-        text(m_c, b.span(48, 0, 10, h), t.label, Theme::font(12.5, QFont::DemiBold),
+        text(m_c, b.span(48, 0, 10, h), t.label, fontOf(m_c, 12.5, QFont::DemiBold),
              Theme::hudPrimaryText(), b.lead());
         return;
     }
-    text(m_c, b.span(48, h / 2 - 16, 10, 17), t.label, Theme::font(12.5, QFont::DemiBold),
+    text(m_c, b.span(48, h / 2 - 16, 10, 17), t.label, fontOf(m_c, 12.5, QFont::DemiBold),
          Theme::hudPrimaryText(), b.lead());
-    text(m_c, b.span(48, h / 2 + 1, 10, 14), owner, Theme::font(10.5), Theme::hudSecondaryText(),
+    text(m_c, b.span(48, h / 2 + 1, 10, 14), owner, fontOf(m_c, 10.5), Theme::hudSecondaryText(),
          b.lead());
 }
 
@@ -452,19 +509,19 @@ void TilePainter::capsule(const PanelTile& t, const QRectF& rect)
     const double x = h + 2;
     switch (t.kind) {
     case TileKind::Stat:
-        text(m_c, b.span(x, h / 2 - 14, 14, 13), t.label, Theme::font(10.5),
+        text(m_c, b.span(x, h / 2 - 14, 14, 13), t.label, fontOf(m_c, 10.5),
              Theme::hudSecondaryText(), b.lead());
-        figures(m_c, b.span(x, h / 2 - 1, 14, 16), t.subtitle, Theme::font(13, QFont::DemiBold),
+        figures(m_c, b.span(x, h / 2 - 1, 14, 16), t.subtitle, fontOf(m_c, 13, QFont::DemiBold),
                 Theme::hudPrimaryText(), b.lead());
         break;
     case TileKind::Network:
-        text(m_c, b.span(x, 0, 170, h), t.label, Theme::font(12.5, QFont::Medium),
+        text(m_c, b.span(x, 0, 170, h), t.label, fontOf(m_c, 12.5, QFont::Medium),
              Theme::hudPrimaryText(), b.lead());
-        figures(m_c, b.span(110, 0, 16, h), t.subtitle, Theme::font(12.5, QFont::DemiBold),
+        figures(m_c, b.span(110, 0, 16, h), t.subtitle, fontOf(m_c, 12.5, QFont::DemiBold),
                 Theme::hudPrimaryText(), b.trail());
         break;
     default:
-        text(m_c, b.span(x, 0, 14, h), t.label, Theme::font(12.5, QFont::Medium),
+        text(m_c, b.span(x, 0, 14, h), t.label, fontOf(m_c, 12.5, QFont::Medium),
              Theme::hudPrimaryText(), b.lead());
     }
 }
@@ -476,9 +533,9 @@ void TilePainter::gridCell(const PanelTile& t, const QRectF& rect)
     const QColor accent = t.accent.value_or(Theme::systemBlue());
     if (t.kind == TileKind::Network) {
         disc(m_c, t, b.at(10, 10, 30, 30));
-        text(m_c, b.span(48, 10, 8, 30), t.label, Theme::font(11.5, QFont::DemiBold),
+        text(m_c, b.span(48, 10, 8, 30), t.label, fontOf(m_c, 11.5, QFont::DemiBold),
              Theme::hudPrimaryText(), b.lead());
-        figures(m_c, b.span(10, 47, 8, 16), t.detail, Theme::font(10.5, QFont::Medium),
+        figures(m_c, b.span(10, 47, 8, 16), t.detail, fontOf(m_c, 10.5, QFont::Medium),
                 Theme::hudSecondaryText(), b.lead());
         return;
     }
@@ -490,7 +547,7 @@ void TilePainter::gridCell(const PanelTile& t, const QRectF& rect)
     } else {
         disc(m_c, t, top);
     }
-    text(m_c, QRectF(rect.left() + 5, rect.top() + 48, w - 10, 15), t.label, Theme::font(10.5),
+    text(m_c, QRectF(rect.left() + 5, rect.top() + 48, w - 10, 15), t.label, fontOf(m_c, 10.5),
          Theme::hudPrimaryText(), Qt::AlignHCenter);
 }
 
@@ -501,24 +558,24 @@ void TilePainter::stripRow(const PanelTile& t, const QRectF& rect)
     const QColor accent = t.accent.value_or(Theme::systemBlue());
     itemMark(m_c, t, b.at(10, (h - 18) / 2, 18, 18), accent);
     if (t.kind == TileKind::Stat) {
-        text(m_c, b.span(38, 0, 130, h), t.label, Theme::font(12.5), Theme::hudPrimaryText(),
+        text(m_c, b.span(38, 0, 130, h), t.label, fontOf(m_c, 12.5), Theme::hudPrimaryText(),
              b.lead());
         bar(m_p, b.at(rect.width() - 128, (h - 5) / 2, 62, 5), t.percent.value_or(0), accent,
             m_rtl);
         figures(m_c, b.at(rect.width() - 56, 0, 44, h), t.subtitle,
-                Theme::font(12, QFont::DemiBold), Theme::hudPrimaryText(), b.trail());
+                fontOf(m_c, 12, QFont::DemiBold), Theme::hudPrimaryText(), b.trail());
         return;
     }
     const QString trailing = t.kind == TileKind::Network ? t.subtitle : ownerLine(t);
     const double trailingWidth = t.kind == TileKind::Network ? 150 : 110;
-    text(m_c, b.span(38, 0, trailingWidth + 20, h), t.label, Theme::font(12.5),
+    text(m_c, b.span(38, 0, trailingWidth + 20, h), t.label, fontOf(m_c, 12.5),
          Theme::hudPrimaryText(), b.lead());
     const QRectF trailingBox = b.at(rect.width() - trailingWidth - 12, 0, trailingWidth, h);
     if (t.kind == TileKind::Network)
-        figures(m_c, trailingBox, trailing, Theme::font(12, QFont::Medium), Theme::hudPrimaryText(),
+        figures(m_c, trailingBox, trailing, fontOf(m_c, 12, QFont::Medium), Theme::hudPrimaryText(),
                 b.trail());
     else
-        text(m_c, trailingBox, trailing, Theme::font(11), Theme::hudSecondaryText(), b.trail());
+        text(m_c, trailingBox, trailing, fontOf(m_c, 11), Theme::hudSecondaryText(), b.trail());
 }
 
 } // namespace ravlin

@@ -10,6 +10,8 @@ class QPainter;
 
 namespace ravlin {
 
+class PaintCache;
+
 // How a tile is being touched right now.
 struct TileState {
     bool hovered = false;
@@ -29,9 +31,11 @@ public:
     struct Canvas {
         QPainter& p;
         QStringList* painted = nullptr;
+        PaintCache* cache = nullptr; // fonts, shaped lines and symbols made once
     };
 
-    TilePainter(QPainter& painter, TileStyle style, bool rightToLeft);
+    TilePainter(QPainter& painter, TileStyle style, bool rightToLeft,
+                PaintCache* cache = nullptr);
 
     // Paints one tile; every text it draws, as drawn (elided where it had to be), is
     // appended to `painted` when one is given.
@@ -56,6 +60,7 @@ private:
     void gridCell(const PanelTile& tile, const QRectF& rect);
     void stripRow(const PanelTile& tile, const QRectF& rect);
     void newMark(const QRectF& rect, double radius);
+    static void face(QPainter& p, const QRectF& rect, double radius, int fill, bool dropTarget);
 
     QPainter& m_p;
     Canvas m_c;
