@@ -160,7 +160,7 @@ void AppDelegate::makeShortcuts()
     GlobalShortcuts::Actions actions;
     actions.togglePanel = [this] {
         if (m_statusBar && !m_statusBar->arranging())
-            m_statusBar->toggleTile();
+            m_statusBar->toggleTileFromKeyboard();
     };
     actions.toggleHiddenSection = [this] {
         if (!m_statusBar || m_statusBar->arranging())

@@ -64,6 +64,23 @@ void StatusBarController::toggleTile()
         openTile();
 }
 
+// The shortcut works from any application: the panel opens on the display the pointer is on,
+// and a close just before does not hold it back as it holds back a second click.
+void StatusBarController::toggleTileFromKeyboard()
+{
+    if (m_s.panel && m_s.panel->isVisible()) {
+        closeTile();
+        return;
+    }
+    const ScreenPoint pointer = m_s.screens.mouseLocation();
+    m_clickPoint.reset();
+    if (const std::optional<ScreenInfo> display =
+            MenuBarDisplays::displayAt(pointer, m_s.screens.screens()))
+        m_clickPoint = ScreenPoint{display->frame.x + display->frame.width / 2,
+                                   display->frame.maxY() - 1};
+    openTile();
+}
+
 void StatusBarController::openTile()
 {
     ensureCollapsed();

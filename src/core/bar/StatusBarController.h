@@ -239,6 +239,7 @@ public:
 
     // The tile panel and the activation of hidden items.
     void toggleTile();
+    void toggleTileFromKeyboard();
     void openTile();
     void presentTile();
     void closeTile();
