@@ -82,7 +82,7 @@ advance 0.5
 prefs set tileStyle "dashboard"
 key ctrl+opt+cmd+M
 advance 1.5
-type "s"
+type "cl"
 key Right
 key Right
 screenshot FOLDER/06b-panel-search.png
