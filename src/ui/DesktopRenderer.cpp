@@ -79,6 +79,14 @@ QSizeF DesktopRenderer::menuSize(const DesktopScene::Menu& menu)
     return {width, height};
 }
 
+double DesktopRenderer::menuRowOffset(const DesktopScene::Menu& menu, std::size_t row)
+{
+    double y = menuPadding;
+    for (std::size_t i = 0; i < row && i < menu.rows.size(); ++i)
+        y += menu.rows[i].separator ? menuSeparator : menuRow;
+    return y;
+}
+
 // A light menu as the system draws one: a rounded translucent sheet with a soft shadow,
 // check marks in the leading margin, submenu arrows at the trailing end, the entry under
 // the pointer in the accent colour.

@@ -70,6 +70,8 @@ private:
 public:
     // The size a menu takes, so that a submenu can stand beside it.
     static QSizeF menuSize(const DesktopScene::Menu& menu);
+    // The top of a row, below the menu's own top edge.
+    static double menuRowOffset(const DesktopScene::Menu& menu, std::size_t row);
 };
 
 } // namespace ravlin

@@ -11,6 +11,8 @@
 
 #include <QWidget>
 
+#include <algorithm>
+
 namespace ravlin::sandbox {
 namespace {
 
@@ -54,21 +56,18 @@ void openMenus(const SimStatusBar& bar, DesktopScene& scene)
         scene.menusOpen.push_back(menu);
         if (depth >= path.size())
             return;
-        double y = menu.origin.y() + 5;
-        const MenuEntry* holder = nullptr;
-        for (const MenuEntry& e : *entries) {
-            if (!e.separator && e.title == path[depth]) {
-                holder = &e;
-                break;
-            }
-            y += e.separator ? 11 : 22;
-        }
-        if (!holder)
+        const auto holder = std::find_if(entries->begin(), entries->end(), [&](const MenuEntry& e) {
+            return !e.separator && e.title == path[depth];
+        });
+        if (holder == entries->end())
             return;
+        const double y =
+            menu.origin.y() +
+            DesktopRenderer::menuRowOffset(menu, std::size_t(holder - entries->begin()));
         const QSizeF sub = DesktopRenderer::menuSize(menuOf(holder->submenu, QString()));
         const double beside = menu.origin.x() + size.width() - 2;
         origin = QPointF(beside + sub.width() > right ? menu.origin.x() - sub.width() + 2 : beside,
-                         y - 5);
+                         y - DesktopRenderer::menuRowOffset(menu, 0));
         entries = &holder->submenu;
     }
 }

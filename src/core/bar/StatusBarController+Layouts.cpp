@@ -111,9 +111,10 @@ bool StatusBarController::deleteLayout(const QString& name)
 
 bool StatusBarController::exportLayout(const QString& name, const QString& path, QString* error)
 {
-    const std::optional<SavedLayout> layout =
-        name == m_layouts.active() || !m_layouts.layout(name) ? std::optional(currentLayout(name))
-                                                              : m_layouts.layout(name);
+    // The layout in use (or one not saved yet) is exported as the bar stands now.
+    std::optional<SavedLayout> layout = m_layouts.layout(name);
+    if (!layout || name == m_layouts.active())
+        layout = currentLayout(name);
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(layout->toJson()) < 0 || !file.commit()) {
         if (error)

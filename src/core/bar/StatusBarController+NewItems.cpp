@@ -11,6 +11,7 @@
 #include "platform/StatusBar.h"
 
 #include <QLocale>
+#include <QSet>
 
 namespace ravlin {
 
@@ -63,10 +64,12 @@ void StatusBarController::placeNewItem(const QString& key)
 
 std::vector<BarGroup> StatusBarController::markedNew(std::vector<BarGroup> groups) const
 {
-    const QDateTime now = m_s.scheduler.currentDate();
+    // One read of the record for the whole panel.
+    const QStringList fresh = m_newItems.newSince(m_s.scheduler.currentDate());
+    const QSet<QString> isNew(fresh.begin(), fresh.end());
     for (BarGroup& group : groups)
         for (BarItem& item : group.items)
-            item.isNew = m_newItems.isNew(item.key, now);
+            item.isNew = isNew.contains(item.key);
     return groups;
 }
 

@@ -56,19 +56,29 @@ void SimStatusBar::clicked(std::int64_t window, const CurrentEvent& event)
     m_current = CurrentEvent{};
 }
 
-bool SimStatusBar::point(const QStringList& path)
+const MenuEntry* SimStatusBar::entryAt(const QStringList& path) const
 {
     if (!m_openMenu)
-        return false;
+        return nullptr;
     const std::vector<MenuEntry>* entries = &m_openMenu->entries;
+    const MenuEntry* found = nullptr;
     for (const QString& title : path) {
         const auto it = std::find_if(entries->begin(), entries->end(), [&](const MenuEntry& e) {
-            return !e.separator && e.title == title && !e.submenu.empty();
+            return !e.separator && e.title == title;
         });
         if (it == entries->end())
-            return false;
+            return nullptr;
+        found = &*it;
         entries = &it->submenu;
     }
+    return found;
+}
+
+bool SimStatusBar::point(const QStringList& path)
+{
+    const MenuEntry* entry = entryAt(path);
+    if (!entry || entry->submenu.empty())
+        return false;
     m_pointedPath = path;
     return true;
 }
@@ -77,20 +87,7 @@ SimStatusBar::Choice SimStatusBar::choose(const QStringList& path)
 {
     if (!m_openMenu)
         return Choice::NoMenu;
-    const std::vector<MenuEntry>* entries = &m_openMenu->entries;
-    const MenuEntry* chosen = nullptr;
-    for (const QString& title : path) {
-        chosen = nullptr;
-        for (const MenuEntry& e : *entries) {
-            if (!e.separator && e.title == title) {
-                chosen = &e;
-                break;
-            }
-        }
-        if (!chosen)
-            return Choice::NoSuchEntry;
-        entries = &chosen->submenu;
-    }
+    const MenuEntry* chosen = entryAt(path);
     if (!chosen || !chosen->submenu.empty())
         return Choice::NoSuchEntry;
     // The menu closes before its command runs, as a real menu does.

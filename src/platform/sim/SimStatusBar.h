@@ -46,6 +46,8 @@ public:
     }
     // The pointer rests on an entry with a submenu (a path of titles), which opens beside it.
     bool point(const QStringList& path);
+    // The entry a path of titles leads to in the open menu, if any.
+    const MenuEntry* entryAt(const QStringList& path) const;
     const QStringList& pointedPath() const { return m_pointedPath; }
     // The frame of the item whose menu is open, in window-server coordinates.
     std::optional<WindowServerRect> menuAnchor() const { return m_menuAnchor; }
