@@ -156,7 +156,8 @@ QJsonValue controllerSection(SandboxSession& s, bool)
          QJsonObject{{QStringLiteral("rehide"), c->rehideTimerArmed()},
                      {QStringLiteral("revealSafety"), c->revealSafetyTimerArmed()},
                      {QStringLiteral("watch"), c->watchTimerArmed()},
-                     {QStringLiteral("engineRetry"), c->engineRetryArmed()}}},
+                     // Nothing retries a refused engine: separators take over from it.
+                     {QStringLiteral("engineRetry"), false}}},
         {QStringLiteral("monitors"),
          QJsonObject{{QStringLiteral("hover"), c->hoverMonitorInstalled()},
                      {QStringLiteral("revealCollapse"), c->revealCollapseMonitorInstalled()}}},

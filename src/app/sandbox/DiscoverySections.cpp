@@ -70,8 +70,7 @@ QJsonValue systemSection(SandboxSession& s, bool)
     section.insert(QStringLiteral("findings"), QJsonArray::fromStringList(c.findings));
     const StatusBarController& bar = *s.app().statusBar();
     section.insert(QStringLiteral("collapseHolds"), bar.collapseHolds());
-    section.insert(QStringLiteral("separators"),
-                   int(bar.hiddenSeparator() ? 1 + bar.hiddenSpan().size() : 0));
+    section.insert(QStringLiteral("separators"), bar.hiding().separatorCount());
     return section;
 }
 

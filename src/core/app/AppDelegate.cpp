@@ -163,11 +163,7 @@ void AppDelegate::makeShortcuts()
             m_statusBar->toggleTileFromKeyboard();
     };
     actions.toggleHiddenSection = [this] {
-        if (!m_statusBar || m_statusBar->arranging())
-            return;
-        if (m_statusBar->usesEngine())
-            m_statusBar->engineToggle();
-        else
+        if (m_statusBar && !m_statusBar->arranging())
             m_statusBar->menuToggle();
     };
     m_shortcuts = std::make_unique<GlobalShortcuts>(m_platform.hotKeys.get(), *m_preferences,

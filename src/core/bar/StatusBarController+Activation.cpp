@@ -93,8 +93,8 @@ void StatusBarController::openTile()
 void StatusBarController::presentTile()
 {
     noticeArrangement();
-    if (m_cachedGroups.empty())
-        m_cachedGroups = m_s.grouping.makeGroups(hiddenCandidates());
+    const OutOfSight sight = outOfSight();
+    m_footnote = footnoteFor(sight);
     if (m_s.panel) {
         std::weak_ptr<bool> alive = m_alive;
         auto onItem = [this, alive](const BarItem& item) {
@@ -105,7 +105,7 @@ void StatusBarController::presentTile()
             if (auto a = alive.lock(); a && *a)
                 activateStat(stat);
         };
-        m_s.panel->show(markedNew(m_cachedGroups), toggleScreenRect(), onItem, onStat);
+        m_s.panel->show(markedNew(sight.groups), toggleScreenRect(), onItem, onStat);
     }
     m_tileOpen = true;
 }
@@ -139,17 +139,28 @@ ScreenRect StatusBarController::toggleScreenRect() const
     return {f.maxX() - 40.0, f.maxY() - 24.0, normalLength, 24.0};
 }
 
+// The technique brings the item within reach (the separators shrink, or the assessment mode
+// lets its application in); then, as the bar settles, the item is found and opened.
 void StatusBarController::activateItem(const BarItem& item)
 {
     closeTile();
     beginReveal();
     m_expanded = true;
-    applyLayout();
-    shrinkOwnItems();
+    m_reaching = entryOf(item);
+    armRevealCollapse();
+    std::weak_ptr<bool> alive = m_alive;
+    m_hiding->bringIntoReach(hidingState(), [this, alive, item] {
+        if (auto a = alive.lock(); a && *a)
+            openWithinReach(item);
+    });
+    updateChevron();
+}
+
+void StatusBarController::openWithinReach(const BarItem& item)
+{
     const std::optional<ScreenRect> mainFrame = frameOf(m_mainItem.get());
     const double threshold = mainFrame ? mainFrame->x : 1200.0;
     const double limit = hiddenSeparatorLimit(); // read here: the items live on the main thread
-    armRevealCollapse();
     std::weak_ptr<bool> alive = m_alive;
     Scheduler& scheduler = m_s.scheduler;
     scheduler.background<std::optional<std::uint32_t>>(
@@ -164,6 +175,26 @@ void StatusBarController::activateItem(const BarItem& item)
             if (auto a = alive.lock(); a && *a && moved && m_revealHidden)
                 m_revealHidden->movedOut.insert(*moved);
         });
+}
+
+BarEntry StatusBarController::entryOf(const BarItem& item) const
+{
+    const std::vector<BarEntry> entries = barEntries();
+    auto find = [&](auto&& matches) -> const BarEntry* {
+        auto it = std::find_if(entries.begin(), entries.end(), matches);
+        return it == entries.end() ? nullptr : &*it;
+    };
+    const BarEntry* found = find([&](const BarEntry& e) { return e.key == item.key; });
+    if (!found)
+        found = find([&](const BarEntry& e) { return std::int64_t(e.raw.id) == item.info.id; });
+    if (found)
+        return *found;
+    BarEntry entry;
+    entry.key = item.key;
+    entry.raw.id = std::uint32_t(item.info.id);
+    entry.raw.owner = item.info.owner;
+    entry.raw.name = item.info.name;
+    return entry;
 }
 
 std::optional<std::uint32_t> StatusBarController::clickHiddenItem(const BarItem& item,

@@ -31,7 +31,7 @@ bool leftOf(const CaptureEngine::Raw& raw, const ScreenRect& separator)
 
 bool StatusBarController::keepsArrangement() const
 {
-    return !m_usesEngine && m_hiddenSep;
+    return m_hiding->keepsArrangement() && hiddenSeparator();
 }
 
 // Every item's key by window; an item no look has named yet is named now.
@@ -50,8 +50,8 @@ StatusBarController::keysOf(const std::vector<CaptureEngine::Raw>& raws) const
 
 BarArrangement StatusBarController::seenArrangement() const
 {
-    const std::optional<ScreenRect> hidden = frameOf(m_hiddenSep.get());
-    const std::optional<ScreenRect> always = frameOf(m_alwaysSep.get());
+    const std::optional<ScreenRect> hidden = frameOf(hiddenSeparator());
+    const std::optional<ScreenRect> always = frameOf(alwaysSeparator());
     const std::vector<CaptureEngine::Raw> raws = m_s.capture.scanAll();
     const QHash<std::int64_t, QString> keys = keysOf(raws);
     QStringList tokens;
@@ -87,7 +87,9 @@ void StatusBarController::recordArrangement()
 }
 
 // An ordinary look at the bar: what differs from the record was moved by the user's hand,
-// and items that changed sides change their placement as arrange mode would decide.
+// and items that changed sides change their placement as arrange mode would decide. Items
+// the system moved and Ravlin could not put back are not the user's doing: the record keeps
+// them where the user had them.
 void StatusBarController::noticeArrangement()
 {
     if (!keepsArrangement() || revealUnderWay() || m_revealHidden || m_restoring)
@@ -98,11 +100,14 @@ void StatusBarController::noticeArrangement()
         m_arrangements.record(seen);
         return;
     }
-    const BarArrangement merged = BarArrangement::merged(*recorded, seen);
+    QStringList byUser = seen.allKeys();
+    for (const QString& key : m_movedBySystem)
+        byUser.removeAll(key);
+    const BarArrangement merged = BarArrangement::merged(*recorded, seen.restrictedTo(byUser));
     if (merged == *recorded)
         return;
     QHash<QString, ItemPlacement> placements;
-    for (const QString& key : seen.allKeys()) {
+    for (const QString& key : byUser) {
         const auto was = recorded->sectionOf(key);
         const auto now = seen.sectionOf(key);
         if (!was || was == now || m_s.preferences.placement(key) == ItemPlacement::Off)
@@ -118,7 +123,10 @@ void StatusBarController::noticeArrangement()
     else
         qCInfo(lcBar) << "the bar was rearranged by hand; that is the arrangement now";
     m_arrangements.record(merged);
-    m_movedBySystem.clear(); // what the user arranged is no longer "moved by the system"
+    // An item the user dragged back where the record has it is no longer moved.
+    m_movedBySystem.removeIf([&](const QString& key) {
+        return seen.sectionOf(key) == merged.sectionOf(key);
+    });
     if (!placements.isEmpty())
         m_s.preferences.setPlacements(placements);
 }
@@ -176,7 +184,7 @@ std::vector<ArrangementMove> StatusBarController::movesBetween(const BarArrangem
 {
     auto tokens = [this](const BarArrangement& a) {
         QStringList sequence = a.sequence();
-        if (!m_alwaysSep)
+        if (!alwaysSeparator())
             sequence.removeAll(BarArrangement::alwaysMarker);
         return sequence;
     };
@@ -202,8 +210,9 @@ void StatusBarController::performMove(const ArrangementMove& move)
     }
     if (move.anchor == BarArrangement::hiddenMarker ||
         move.anchor == BarArrangement::alwaysMarker) {
-        const StatusItem* separator =
-            move.anchor == BarArrangement::hiddenMarker ? m_hiddenSep.get() : m_alwaysSep.get();
+        const StatusItem* separator = move.anchor == BarArrangement::hiddenMarker
+                                          ? hiddenSeparator()
+                                          : alwaysSeparator();
         if (const std::optional<ScreenRect> frame = frameOf(separator)) {
             anchorX = frame->x;
             anchorMaxX = frame->maxX();

@@ -2,7 +2,6 @@
 // cache of detected items and the placement of single items.
 #include "StatusBarController.h"
 
-#include "MenuBarHideEngine.h"
 #include "MenuBarDisplays.h"
 #include "MoveEngine.h"
 #include "TilePanel.h"
@@ -53,9 +52,6 @@ struct Rebuilt {
     QString signature; // of the bar the items were captured from
 };
 
-constexpr double firstEngineRetry = 2.0;
-constexpr double lastEngineRetry = 300.0;
-
 std::vector<BarItem> allItems(const std::vector<BarGroup>& groups)
 {
     std::vector<BarItem> items;
@@ -82,30 +78,11 @@ void StatusBarController::startAutoRefresh()
                                   [changed](const RunningApplication&) { changed(); });
 }
 
-void StatusBarController::startEngineWatch()
-{
-    auto changed = weakly([this] { engineAppsChanged(); });
-    m_launchToken = m_s.workspace.addObserver(WorkspaceNotification::DidLaunchApplication,
-                                              [changed](const RunningApplication&) { changed(); });
-    m_terminateToken =
-        m_s.workspace.addObserver(WorkspaceNotification::DidTerminateApplication,
-                                  [changed](const RunningApplication&) { changed(); });
-}
-
 void StatusBarController::appsChanged()
 {
     // A burst of launches leads to one look at the bar, after the last of them.
     m_watchTimer.invalidate();
     m_watchTimer = m_s.scheduler.after(1.5, weakly([this] { checkForBarChanges(); }));
-}
-
-void StatusBarController::engineAppsChanged()
-{
-    m_watchTimer.invalidate();
-    m_watchTimer = m_s.scheduler.after(1.2, weakly([this] {
-                                           if (!m_engineRevealed)
-                                               applyEngineAllowList();
-                                       }));
 }
 
 void StatusBarController::checkForBarChanges()
@@ -139,8 +116,7 @@ void StatusBarController::refreshCache()
 {
     if (!m_expanded)
         return;
-    m_cachedGroups = m_s.grouping.makeGroups(hiddenCandidates());
-    publishDetected(allItems(m_cachedGroups));
+    publishDetected(allItems(m_s.grouping.makeGroups(hiddenCandidates())));
 }
 
 void StatusBarController::rebuildFullCache()
@@ -254,6 +230,8 @@ void StatusBarController::invisibleRefresh()
     publishDetected(mergeDetected(std::move(fresh)));
     noticeNewItems(m_s.scannerModel.detected());
     applyItemFilter();
+    // What hides items by name learns of the new ones.
+    applyLayout();
     // An item placed off is hidden wherever it turns up, also when its application starts
     // (unless the end of a reveal is about to look, once the bar has settled).
     if (!m_revealHidden)
@@ -262,10 +240,8 @@ void StatusBarController::invisibleRefresh()
 
 double StatusBarController::hiddenSeparatorLimit() const
 {
-    if (m_hiddenSep) {
-        if (auto frame = frameOf(m_hiddenSep.get()))
-            return frame->x;
-    }
+    if (auto frame = frameOf(hiddenSeparator()))
+        return frame->x;
     return std::numeric_limits<double>::max();
 }
 
@@ -294,81 +270,11 @@ std::vector<MenuBarItemInfo> StatusBarController::hiddenCandidates(double limit)
     return candidates;
 }
 
-std::vector<MenuBarItemInfo> StatusBarController::itemsBehindNotch() const
-{
-    std::vector<MenuBarItemInfo> covered;
-    const std::vector<ScreenInfo> screens = m_s.screens.screens();
-    if (std::none_of(screens.begin(), screens.end(),
-                     [](const ScreenInfo& s) { return s.notch.has_value(); }))
-        return covered;
-    const double mainHeight = screens.front().frame.height;
-    for (const CaptureEngine::Raw& raw : m_s.capture.scanAll()) {
-        const MenuBarItemInfo info = raw.info();
-        if (MenuBarDisplays::behindNotch(Geometry::toScreen(info.frame(), mainHeight), screens))
-            covered.push_back(info);
-    }
-    return covered;
-}
-
+// The panel shows what is out of sight when it opens; an open one shows it anew.
 void StatusBarController::applyItemFilter()
 {
-    std::vector<BarItem> kept;
-    for (const BarItem& item : m_s.scannerModel.detected()) {
-        if (!m_s.preferences.isItemHidden(item.key) && !m_s.preferences.isPinned(item.key))
-            kept.push_back(item);
-    }
-    m_cachedGroups = m_s.grouping.group(kept);
     if (m_tileOpen)
         presentTile();
-}
-
-void StatusBarController::applyEngineAllowList()
-{
-    const QSet<QString> hidden = m_s.preferences.hiddenBundleIDs();
-    QStringList keep;
-    for (const QString& id : m_s.apps.scanBundleIDs()) {
-        if (!hidden.contains(id))
-            keep.append(id);
-    }
-    if (!m_s.bundleIdentifier.isEmpty())
-        keep.append(m_s.bundleIdentifier);
-    if (!m_s.preferences.hideSpotlight())
-        keep.append(MenuBarHideEngine::spotlightBundleIDs());
-    const std::vector<int> allowed =
-        MenuBarHideEngine::allowedSystemItems(m_s.preferences.hiddenSystemItemIDs());
-    std::weak_ptr<bool> alive = m_alive;
-    m_s.hideEngine.restrict(keep, allowed, [this, alive](std::optional<PlatformError> error) {
-        if (auto a = alive.lock(); a && *a)
-            engineAllowListAnswered(error ? &*error : nullptr);
-    });
-}
-
-// The chevron follows what the engine really does: after a refusal nothing is hidden,
-// and the allow list is tried again, each time a little later.
-void StatusBarController::engineAllowListAnswered(const PlatformError* error)
-{
-    m_engineRetry.invalidate();
-    if (!error) {
-        m_engineRefused = false;
-        m_engineRetryDelay = 0;
-        updateChevron();
-        return;
-    }
-    m_engineRefused = true;
-    updateChevron();
-    if (m_engineRevealed) {
-        qCWarning(lcBar).noquote() << "the allow list could not be applied:" << error->description;
-        return; // everything shows anyway; the next collapse tries again
-    }
-    m_engineRetryDelay = m_engineRetryDelay <= 0
-                             ? firstEngineRetry
-                             : std::min(m_engineRetryDelay * 2.0, lastEngineRetry);
-    qCWarning(lcBar).noquote() << "the allow list could not be applied:" << error->description
-                               << "- trying again in" << m_engineRetryDelay << "s";
-    m_engineRetry = m_s.scheduler.after(m_engineRetryDelay, weakly([this] {
-                                            if (!m_engineRevealed)
-                                                applyEngineAllowList();
-                                        }));
 }
 
 } // namespace ravlin

@@ -46,12 +46,10 @@ QHash<std::int64_t, QString> StatusBarController::detectedKeysByWindow() const
 
 void StatusBarController::beginReveal()
 {
-    if (!m_hiddenSep)
-        return;
-    const std::optional<ScreenRect> hidden = frameOf(m_hiddenSep.get());
+    const std::optional<ScreenRect> hidden = frameOf(hiddenSeparator());
     if (!hidden)
         return;
-    const std::optional<ScreenRect> always = frameOf(m_alwaysSep.get());
+    const std::optional<ScreenRect> always = frameOf(alwaysSeparator());
     const QHash<std::int64_t, QString> keys = detectedKeysByWindow();
     // Reveals may overlap (a second tile clicked before the first reveal ended): what
     // stood hidden at the start of any of them goes back.
@@ -81,10 +79,11 @@ void StatusBarController::revealEnded()
 
 void StatusBarController::reHideEscapedItems()
 {
-    if (!m_hiddenSep || revealUnderWay())
+    if (!hiddenSeparator() || revealUnderWay())
         return; // the end of the reveal under way comes back here
     if (!m_s.system.techniques().canMoveItems()) {
         m_revealHidden.reset(); // nothing can be moved back here: the user's own drag decides
+        noticeArrangement();
         return;
     }
     const HiddenSide side = m_revealHidden.value_or(HiddenSide{});
@@ -139,7 +138,7 @@ void StatusBarController::moveLeftOfSeparators(
     const QHash<std::int64_t, QString> keys = detectedKeysByWindow();
     QSet<std::int64_t> tried;
     auto nextEscaped = [&]() -> std::optional<CaptureEngine::Raw> {
-        const std::optional<ScreenRect> separator = frameOf(m_hiddenSep.get());
+        const std::optional<ScreenRect> separator = frameOf(hiddenSeparator());
         if (!separator)
             return std::nullopt;
         for (const CaptureEngine::Raw& raw : m_s.capture.scanAll()) {
@@ -158,9 +157,9 @@ void StatusBarController::moveLeftOfSeparators(
         if (!raw)
             break;
         tried.insert(raw->id); // one attempt each: an item that does not move is left alone
-        const bool always = side.alwaysWindows.contains(raw->id) && m_alwaysSep;
+        const bool always = side.alwaysWindows.contains(raw->id) && alwaysSeparator();
         const std::optional<ScreenRect> separator =
-            frameOf((always ? m_alwaysSep : m_hiddenSep).get());
+            frameOf(always ? alwaysSeparator() : hiddenSeparator());
         if (!separator)
             continue;
         // The target is where the item's centre should land. Once the item leaves its
@@ -177,7 +176,7 @@ void StatusBarController::moveLeftOfSeparators(
 QSet<std::int64_t> StatusBarController::windowsRightOfHiddenSeparator() const
 {
     QSet<std::int64_t> windows;
-    const std::optional<ScreenRect> separator = frameOf(m_hiddenSep.get());
+    const std::optional<ScreenRect> separator = frameOf(hiddenSeparator());
     if (!separator)
         return windows;
     for (const CaptureEngine::Raw& raw : m_s.capture.scanAll()) {
@@ -191,7 +190,7 @@ QSet<std::int64_t> StatusBarController::windowsRightOfHiddenSeparator() const
 // moved from there to the left means the panel. Items placed off stay off.
 void StatusBarController::storeArrangedPlacements()
 {
-    const std::optional<ScreenRect> separator = frameOf(m_hiddenSep.get());
+    const std::optional<ScreenRect> separator = frameOf(hiddenSeparator());
     if (!separator)
         return;
     const QHash<std::int64_t, QString> keys = detectedKeysByWindow();
@@ -225,10 +224,10 @@ void StatusBarController::storeArrangedPlacements()
 void StatusBarController::setItemPinned(const QString& key, bool pinned)
 {
     const ItemPlacement placement = pinned ? ItemPlacement::Bar : ItemPlacement::Panel;
-    if (m_hiddenSep && !m_s.system.techniques().canMoveItems()) {
+    if (hiddenSeparator() && !m_s.system.techniques().canMoveItems()) {
         qCInfo(lcBar).noquote() << "items cannot be moved on this system;" << key
                                 << "keeps its place until the user drags it";
-    } else if (m_hiddenSep) {
+    } else if (hiddenSeparator()) {
         // Just right of the separator is the visible side, just left of it the hidden one.
         shrinkOwnItems();
         performMove({key, BarArrangement::hiddenMarker, pinned});

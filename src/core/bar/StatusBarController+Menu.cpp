@@ -25,7 +25,7 @@ MenuEntry entry(const QString& title, std::function<void()> action, const QStrin
 
 void StatusBarController::showMenu()
 {
-    m_mainItem->popUpMenu(m_usesEngine ? buildEngineMenu() : buildMenu());
+    m_mainItem->popUpMenu(buildMenu());
 }
 
 // Settings, about and quit close both menus.
@@ -49,7 +49,7 @@ MenuModel StatusBarController::buildMenu()
                       weakly([this] { menuToggle(); })));
     // These two titles stay German in every language, on purpose.
     e.push_back(entry(QStringLiteral("Menüleiste anordnen…"), weakly([this] { menuArrange(); })));
-    if (m_alwaysSep)
+    if (m_s.preferences.enableAlwaysHidden())
         e.push_back(
             entry(lm.L(QStringLiteral("menu.alwaysHidden")), weakly([this] { menuAlways(); })));
     e.push_back(MenuEntry::separatorEntry());
@@ -71,23 +71,6 @@ MenuModel StatusBarController::buildMenu()
     return menu;
 }
 
-MenuModel StatusBarController::buildEngineMenu()
-{
-    const LanguageManager& lm = m_s.language;
-    MenuModel menu;
-    auto& e = menu.entries;
-    e.push_back(
-        entry(lm.L(engineShowsAll() ? QStringLiteral("menu.hide") : QStringLiteral("menu.show")),
-              weakly([this] { menuEngineToggle(); })));
-    e.push_back(MenuEntry::separatorEntry());
-    e.push_back(layoutsEntry());
-    if (std::optional<MenuEntry> fresh = newItemsEntry())
-        e.push_back(std::move(*fresh));
-    e.push_back(MenuEntry::separatorEntry());
-    appendApplicationEntries(e);
-    return menu;
-}
-
 void StatusBarController::menuToggle()
 {
     if (m_expanded) {
@@ -96,6 +79,18 @@ void StatusBarController::menuToggle()
     } else {
         showInBar();
     }
+}
+
+// The click that shows the hidden items in the bar rather than the panel: they go again
+// after the auto-rehide interval, or with the next click.
+void StatusBarController::toggleInBar()
+{
+    if (m_expanded) {
+        menuToggle();
+        return;
+    }
+    showInBar();
+    scheduleRehideIfNeeded();
 }
 
 void StatusBarController::menuArrange()
@@ -140,11 +135,6 @@ void StatusBarController::menuQuit()
     m_s.application.terminate();
 }
 
-void StatusBarController::menuEngineToggle()
-{
-    engineToggle();
-}
-
 // --- arrange mode --------------------------------------------------------------------
 
 void StatusBarController::enterArrangeMode()
@@ -152,12 +142,13 @@ void StatusBarController::enterArrangeMode()
     if (m_arranging)
         return;
     closeTile();
-    m_arrangeVisible = windowsRightOfHiddenSeparator();
     m_arranging = true;
     m_expanded = true;
     m_revealingAlways = true;
     m_rehideTimer.invalidate();
     applyLayout();
+    // Right of the marker now is what was in sight: moved left of it, it goes to the panel.
+    m_arrangeVisible = windowsRightOfHiddenSeparator();
     // The separator's arrow is then the application's one visible marker.
     m_mainItem->setLength(1.0);
     if (m_s.guide) {
@@ -171,6 +162,8 @@ void StatusBarController::exitArrangeMode()
     if (!m_arranging)
         return;
     storeArrangedPlacements();
+    // While the sections' markers still stand where the user left them.
+    recordArrangement();
     m_arranging = false;
     if (m_s.guide)
         m_s.guide->hide();

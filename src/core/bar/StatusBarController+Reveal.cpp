@@ -40,12 +40,8 @@ void StatusBarController::handleHover()
     const ScreenPoint p = m_s.screens.mouseLocation();
     const bool inside = p.x >= frame->x - slack && p.x <= frame->maxX() + slack &&
                         p.y >= frame->y - slack && p.y <= frame->maxY() + slack;
-    if (!inside)
-        return;
-    if (!m_usesEngine)
+    if (inside)
         openTile();
-    else if (!m_engineRevealed)
-        engineReveal();
 }
 
 void StatusBarController::armRevealCollapse()
@@ -92,10 +88,6 @@ bool StatusBarController::clickIsInMenuBar() const
 
 void StatusBarController::finishReveal()
 {
-    if (m_usesEngine) {
-        engineCollapse();
-        return;
-    }
     disarmRevealCollapse();
     restoreOwnItems();
     ensureCollapsed();

@@ -1,7 +1,8 @@
 #include "StatusBarController.h"
 
 #include "ArrangeGuide.h"
-#include "MenuBarHideEngine.h"
+#include "SeparatorHiding.h"
+#include "core/discovery/MenuBarSystem.h"
 #include "TilePanel.h"
 #include "core/settings/PrefKey.h"
 #include "core/settings/Preferences.h"
@@ -13,28 +14,18 @@ namespace ravlin {
 
 StatusBarController::StatusBarController(StatusBarServices services)
     : m_s(std::move(services)), m_arrangements(m_s.preferences.defaults()),
+      m_wishes(m_s.preferences, m_arrangements), m_hidingContext(makeHidingContext()),
       m_newItems(m_s.preferences.defaults()), m_layouts(m_s.preferences.defaults())
 {
-    m_usesEngine = m_s.hideEngine.isAvailable();
     buildItems();
     lookAtSystem();
+    chooseHiding();
     m_screensToken = m_s.screens.addChangeObserver(weakly([this] { displaysChanged(); }));
     setupHover();
     m_displayCount = int(m_s.screens.screens().size());
     armPowerWatch();
     m_prefsToken =
         m_s.notifications.addObserver(ravlinPrefsChanged, weakly([this] { prefsChanged(); }));
-
-    if (m_usesEngine) {
-        updateChevron();
-        later(0.8, [this] {
-            lookAtSystem();
-            engineCollapse();
-            startEngineWatch();
-        });
-        return;
-    }
-    applyLayout();
     if (m_s.panel) {
         m_s.panel->onClose = weakly([this] {
             m_tileOpen = false;
@@ -60,7 +51,6 @@ StatusBarController::StatusBarController(StatusBarServices services)
         // By now the bar has laid the items out: a second look sees where they stand.
         lookAtSystem();
         keepChevronClearOfNotch();
-        fillSpans();
         refreshCache();
         collapseToResting();
         later(0.6, [this] {
@@ -68,6 +58,25 @@ StatusBarController::StatusBarController(StatusBarServices services)
             startAutoRefresh();
         });
     });
+}
+
+HidingContext StatusBarController::makeHidingContext()
+{
+    return HidingContext{
+        m_s.scheduler,
+        m_s.statusBar,
+        m_s.reader,
+        m_s.system,
+        m_s.hideEngine,
+        m_s.preferences.defaults(),
+        m_wishes,
+        m_s.bundleIdentifier,
+        [this] { return barEntries(); },
+        [this] { return frameOf(m_mainItem.get()); },
+        weakly([this] { mainClicked(); }),
+        weakly([this] { updateChevron(); }),
+        [this](const QString& why) { handOver(why); },
+    };
 }
 
 StatusBarController::~StatusBarController()
@@ -78,7 +87,6 @@ StatusBarController::~StatusBarController()
     m_rehideTimer.invalidate();
     m_revealSafetyTimer.invalidate();
     m_watchTimer.invalidate();
-    m_engineRetry.invalidate();
     if (m_s.panel) {
         m_s.panel->onClose = nullptr;
         m_s.panel->footnote = nullptr;
@@ -112,7 +120,8 @@ void StatusBarController::seedDefaultPositionsIfNeeded()
     DefaultsStore& defaults = m_s.preferences.defaults();
     if (defaults.boolForKey(PrefKey::seededPositions))
         return;
-    const std::pair<QString, int> positions[] = {{mainName, 0}, {hiddenName, 32}, {alwaysName, 64}};
+    const std::pair<QString, int> positions[] = {
+        {mainName, 0}, {SeparatorHiding::hiddenName, 32}, {SeparatorHiding::alwaysName, 64}};
     for (const auto& [name, position] : positions)
         defaults.set(QStringLiteral("NSStatusItem Preferred Position ") + name, position);
     defaults.set(PrefKey::seededPositions, true);
@@ -123,11 +132,6 @@ void StatusBarController::buildItems()
     seedDefaultPositionsIfNeeded();
     m_mainItem = m_s.statusBar.createItem(normalLength, mainName);
     configureToggleButton();
-    if (m_usesEngine)
-        return;
-    m_hiddenSep = makeSeparator(hiddenName, false);
-    if (m_s.preferences.enableAlwaysHidden())
-        addAlwaysSeparator();
 }
 
 void StatusBarController::configureToggleButton()
@@ -137,49 +141,22 @@ void StatusBarController::configureToggleButton()
     m_mainItem->setAction(weakly([this] { mainClicked(); }));
 }
 
-std::unique_ptr<StatusItem> StatusBarController::makeSeparator(const QString& autosaveName,
-                                                               bool dimmed)
+const StatusItem* StatusBarController::hiddenSeparator() const
 {
-    auto item = m_s.statusBar.createItem(sepLength, autosaveName);
-    item->setImage(QString(), true);
-    item->setAppearsDisabled(dimmed);
-    item->setAction(weakly([this] { mainClicked(); }));
-    return item;
+    return m_hiding->marker(BarArrangement::Section::Hidden);
 }
 
-void StatusBarController::addAlwaysSeparator(bool whileRunning)
+const StatusItem* StatusBarController::alwaysSeparator() const
 {
-    if (m_alwaysSep)
-        return;
-    if (!m_hiddenSep || !whileRunning) {
-        m_alwaysSep = makeSeparator(alwaysName, true);
-        return;
-    }
-    // Switched on later: the bar places a new item by its preferred position, its distance
-    // from the right end. Measured while the hidden separator is narrow, just past it is just
-    // left of it, whatever length the collapse gives it.
-    DefaultsStore& defaults = m_s.preferences.defaults();
-    const QString prefix = QStringLiteral("NSStatusItem Preferred Position ");
-    const std::int64_t hiddenAt = defaults.integerForKey(prefix + hiddenName);
-    shrinkOwnItems();
-    defaults.set(prefix + alwaysName, hiddenAt + 1);
-    m_alwaysSep = makeSeparator(alwaysName, true);
-    restoreOwnItems();
-}
-
-void StatusBarController::removeAlwaysSeparator()
-{
-    m_alwaysSpan.clear();
-    m_alwaysSep.reset();
+    return m_hiding->marker(BarArrangement::Section::AlwaysHidden);
 }
 
 void StatusBarController::updateChevron()
 {
-    // Open whenever nothing is hidden: revealed, refused by the engine, or a collapse that
-    // did not take.
-    // Items behind a notch are hidden however far the bar is open.
-    const bool open = (m_usesEngine ? engineShowsAll() : m_expanded || !m_collapseHolds) &&
-                      itemsBehindNotch().empty();
+    // Open whenever nothing is hidden: revealed, or hiding that did not take (the engine
+    // refused, the bar dropped a separator). Items behind a notch are hidden however far the
+    // bar is open.
+    const bool open = (m_expanded || !m_hiding->holds()) && itemsBehindNotch().empty();
     const QString symbol = open ? QStringLiteral("chevron.right") : QStringLiteral("chevron.left");
     if (m_s.statusBar.symbolExists(symbol)) {
         m_mainItem->setTitle(QString());
@@ -190,37 +167,22 @@ void StatusBarController::updateChevron()
     }
 }
 
+HidingState StatusBarController::hidingState() const
+{
+    return {m_expanded, m_revealingAlways, m_arranging, m_reaching};
+}
+
 void StatusBarController::applyLayout()
 {
-    if (!m_hiddenSep) {
-        // Engine mode has no separators; only the chevron follows the state.
-        updateChevron();
-        return;
-    }
-    const double collapsed = collapsedSeparatorLength();
-    const bool hiddenOpen = m_expanded || m_arranging;
-    const bool alwaysOpen = m_revealingAlways || m_arranging;
-    m_hiddenSep->setLength(hiddenOpen ? sepLength : collapsed);
-    for (const auto& part : m_hiddenSpan)
-        part->setLength(hiddenOpen ? 0 : collapsed);
-    if (m_alwaysSep) {
-        m_alwaysSep->setLength(alwaysOpen ? sepLength : collapsed);
-        m_alwaysSep->setImage(QString(), true);
-    }
-    for (const auto& part : m_alwaysSpan)
-        part->setLength(alwaysOpen ? 0 : collapsed);
+    m_hiding->apply(hidingState());
     updateChevron();
-    m_hiddenSep->setImage(m_arranging &&
-                                  m_s.statusBar.symbolExists(QStringLiteral("arrow.left.and.right"))
-                              ? QStringLiteral("arrow.left.and.right")
-                              : QString(),
-                          true);
 }
 
 void StatusBarController::collapseToResting()
 {
     m_expanded = false;
     m_revealingAlways = false;
+    m_reaching.reset();
     applyLayout();
     verifyCollapse();
     // The state follows what is on screen: a panel the user opened in the first moments
@@ -235,6 +197,7 @@ void StatusBarController::ensureCollapsed()
         return;
     m_expanded = false;
     m_revealingAlways = false;
+    m_reaching.reset();
     applyLayout();
     verifyCollapse();
     revealEnded();
@@ -264,14 +227,7 @@ void StatusBarController::toggleAlwaysReveal()
 
 void StatusBarController::shrinkOwnItems()
 {
-    if (!m_hiddenSep)
-        return;
-    m_hiddenSep->setLength(1.0);
-    if (m_alwaysSep)
-        m_alwaysSep->setLength(1.0);
-    for (const auto* span : {&m_hiddenSpan, &m_alwaysSpan})
-        for (const auto& part : *span)
-            part->setLength(0);
+    m_hiding->exposeAll();
 }
 
 void StatusBarController::restoreOwnItems()
@@ -292,62 +248,57 @@ void StatusBarController::mainClicked()
         showMenu();
         return;
     }
-    if (m_usesEngine)
-        engineToggle();
+    if (m_s.preferences.clickShowsInBar())
+        toggleInBar();
     else
         toggleTile();
 }
 
 void StatusBarController::prefsChanged()
 {
-    if (m_usesEngine) {
-        setupHover();
-        if (!m_engineRevealed)
-            applyEngineAllowList();
-        updateChevron();
-        return;
-    }
-    if (m_s.preferences.enableAlwaysHidden())
-        addAlwaysSeparator(true);
-    else
-        removeAlwaysSeparator();
+    m_hiding->alwaysHiddenSectionChanged(m_s.preferences.enableAlwaysHidden());
     setupHover();
     applyLayout();
     applyItemFilter();
 }
 
-// --- engine mode ---------------------------------------------------------------------
+// --- the technique -----------------------------------------------------------------------
 
-void StatusBarController::engineToggle()
+void StatusBarController::chooseHiding()
 {
-    // After a refusal everything shows: the toggle hides, that is, tries again.
-    if (engineShowsAll())
-        engineCollapse();
-    else
-        engineReveal();
-}
-
-void StatusBarController::engineReveal()
-{
-    m_engineRevealed = true;
-    m_engineRetry.invalidate();
-    m_s.hideEngine.release();
-    updateChevron();
-    armRevealCollapse();
-    if (m_s.preferences.autoRehide()) {
-        m_rehideTimer.invalidate();
-        m_rehideTimer = m_s.scheduler.after(m_s.preferences.rehideInterval(),
-                                            weakly([this] { engineCollapse(); }));
+    const HidingTechnique::Kind wanted = m_s.system.techniques().hiding;
+    if (m_hiding && m_hiding->kind() == wanted)
+        return;
+    if (m_hiding) {
+        qCInfo(lcBar).noquote() << MenuBarTechniques::name(wanted) << "take over from"
+                                << MenuBarTechniques::name(m_hiding->kind());
+        m_hiding->uninstall();
+        // It may be the one asking: it goes once its call has returned.
+        m_retiredHiding = std::move(m_hiding);
+        later(0.0, [this] { m_retiredHiding.reset(); });
     }
+    m_hiding = HidingTechnique::make(wanted, m_hidingContext);
+    m_hiding->install();
+    applyLayout();
 }
 
-void StatusBarController::engineCollapse()
+void StatusBarController::handOver(const QString& why)
 {
-    m_engineRevealed = false;
-    disarmRevealCollapse();
-    m_rehideTimer.invalidate();
-    applyEngineAllowList();
-    updateChevron();
+    qCWarning(lcBar).noquote() << why << "- choosing another way to hide items";
+    switch (m_hiding->kind()) {
+    case HidingTechnique::Kind::HideEngine:
+        m_s.system.engineStoppedWorking();
+        break;
+    case HidingTechnique::Kind::LongSeparators:
+        // Learnt once: the next start hides with short separators from the first moment.
+        m_s.preferences.defaults().set(PrefKey::barDropsLongItems, true);
+        break;
+    case HidingTechnique::Kind::ShortSeparators:
+        break;
+    }
+    chooseHiding();
+    if (!m_expanded)
+        m_hiding->verify();
 }
 
 } // namespace ravlin

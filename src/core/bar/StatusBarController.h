@@ -1,6 +1,9 @@
 #pragma once
 
 #include "ArrangementStore.h"
+#include "BarEntry.h"
+#include "BarWishes.h"
+#include "HidingTechnique.h"
 #include "LayoutLibrary.h"
 #include "NewItemTracker.h"
 #include "core/discovery/CaptureEngine.h"
@@ -91,44 +94,43 @@ class StatusBarController : public QObject {
     Q_OBJECT
 public:
     static constexpr double normalLength = 24.0;
-    static constexpr double sepLength = 10.0;
-    static constexpr double collapsedLength = 10000.0;
     static inline const QString mainName = QStringLiteral("Ravlin.Main");
-    static inline const QString hiddenName = QStringLiteral("Ravlin.HiddenSeparator");
-    static inline const QString alwaysName = QStringLiteral("Ravlin.AlwaysHiddenSeparator");
 
     explicit StatusBarController(StatusBarServices services);
     ~StatusBarController() override;
 
     // State, for observers and the sandbox.
-    bool usesEngine() const { return m_usesEngine; }
+    // The technique that hides items now; the rest of the program never asks which it is.
+    const HidingTechnique& hiding() const { return *m_hiding; }
+    bool usesEngine() const { return m_hiding->kind() == HidingTechnique::Kind::HideEngine; }
     bool expanded() const { return m_expanded; }
     bool revealingAlways() const { return m_revealingAlways; }
     bool tileOpen() const { return m_tileOpen; }
     bool arranging() const { return m_arranging; }
-    bool engineRevealed() const { return m_engineRevealed; }
+    bool engineRevealed() const { return usesEngine() && m_expanded; }
     bool buildingCache() const { return m_buildingCache; }
     bool didFullBuild() const { return m_didFullBuild; }
     QString lastBarSignature() const { return m_lastBarSignature; }
     bool rehideTimerArmed() const { return m_rehideTimer.isValid(); }
     bool revealSafetyTimerArmed() const { return m_revealSafetyTimer.isValid(); }
     bool watchTimerArmed() const { return m_watchTimer.isValid(); }
-    bool engineRetryArmed() const { return m_engineRetry.isValid(); }
     // A look at the bar that had to wait (the bar was revealed, the panel open, …).
     bool barCheckPending() const { return m_barCheckPending; }
-    // Engine mode: every item shows, because the user revealed them or the engine refused.
-    bool engineShowsAll() const { return m_engineRevealed || m_engineRefused; }
     bool hoverMonitorInstalled() const { return bool(m_hoverMonitor); }
     bool revealCollapseMonitorInstalled() const { return bool(m_revealCollapseMonitor); }
-    const std::vector<BarGroup>& cachedGroups() const { return m_cachedGroups; }
     StatusItem* mainItem() const { return m_mainItem.get(); }
-    StatusItem* hiddenSeparator() const { return m_hiddenSep.get(); }
-    StatusItem* alwaysSeparator() const { return m_alwaysSep.get(); }
-    // The extra items a separator spans where the bar keeps no item long enough alone.
-    const std::vector<std::unique_ptr<StatusItem>>& hiddenSpan() const { return m_hiddenSpan; }
-    const std::vector<std::unique_ptr<StatusItem>>& alwaysSpan() const { return m_alwaysSpan; }
-    // False while a collapse did not take (the bar dropped a separator): nothing is hidden.
-    bool collapseHolds() const { return m_collapseHolds; }
+    // Where a section begins in the bar (its separator), where the technique marks it now.
+    const StatusItem* hiddenSeparator() const;
+    const StatusItem* alwaysSeparator() const;
+    // False while nothing is hidden that should be (the bar dropped a separator, the engine
+    // refused).
+    bool collapseHolds() const { return m_hiding->holds(); }
+
+    // The items of other applications in the bar now, left to right, named where they can be.
+    std::vector<BarEntry> barEntries() const;
+    // Why the user cannot see the item now; null while it is in sight.
+    std::optional<HiddenBy> hiddenBy(const BarEntry& entry) const;
+    const BarWishes& wishes() const { return m_wishes; }
 
     // Items and their states.
     void applyLayout();
@@ -136,18 +138,10 @@ public:
     void ensureCollapsed();
     void showInBar();
     void toggleAlwaysReveal();
-    // Switched on while running, it is placed just left of the hidden separator.
-    void addAlwaysSeparator(bool whileRunning = false);
-    void removeAlwaysSeparator();
     void shrinkOwnItems();
     void restoreOwnItems();
     void updateChevron();
     void mainClicked();
-
-    // Engine mode.
-    void engineToggle();
-    void engineReveal();
-    void engineCollapse();
 
     // Reveal periods, auto-rehide and hover.
     void scheduleRehideIfNeeded();
@@ -197,7 +191,22 @@ public:
     void displaysChanged();
     void verifyCollapse();
     std::optional<ScreenRect> frameOf(const StatusItem* item) const;
-    // What the panel says under its tiles about where the rest of the items are.
+    // What the panel offers: every item out of sight, by section, and what it says about them.
+    struct OutOfSight {
+        std::vector<BarGroup> groups;
+        QStringList cannotBringIntoSight; // placed in the bar, out of sight, cannot be moved
+        QStringList engineCannotShow;     // placed in the bar, kept out by the assessment mode
+        QStringList keptWithApplication;  // in sight only for another item of its application
+        QStringList inOverflow;           // waiting in the overflow menu for lack of room
+    };
+    OutOfSight outOfSight() const;
+    // The line the panel shows under its tiles, and what a click on it does.
+    struct Footnote {
+        enum class Action { None, Restore, Arrange };
+        QString text;
+        Action action = Action::None;
+    };
+    Footnote footnoteFor(const OutOfSight& sight) const;
     QString panelFootnote() const;
     void footnoteClicked();
     void keepChevronClearOfNotch();
@@ -205,9 +214,7 @@ public:
     // The cache of the bar.
     QString barSignature() const;
     void startAutoRefresh();
-    void startEngineWatch();
     void appsChanged();
-    void engineAppsChanged();
     void checkForBarChanges();
     void refreshCache();
     void rebuildFullCache();
@@ -216,14 +223,12 @@ public:
     // Items the camera housing of a notched display covers: hidden, whatever the separators do.
     std::vector<MenuBarItemInfo> itemsBehindNotch() const;
     void applyItemFilter();
-    void applyEngineAllowList();
     void setItemPinned(const QString& key, bool pinned);
     void reHideEscapedItems();
 
     // The status menu and its commands.
     void showMenu();
     MenuModel buildMenu();
-    MenuModel buildEngineMenu();
     void menuToggle();
     void menuArrange();
     void menuAlways();
@@ -231,7 +236,6 @@ public:
     void menuSettings();
     void menuAbout();
     void menuQuit();
-    void menuEngineToggle();
 
     // Arrange mode.
     void enterArrangeMode();
@@ -245,6 +249,7 @@ public:
     void closeTile();
     ScreenRect toggleScreenRect() const;
     void activateItem(const BarItem& item);
+    void toggleInBar();
     void activateStat(const Stat& stat);
     // The window it had to move into view to reach the item, if any.
     std::optional<std::uint32_t> clickHiddenItem(const BarItem& item, double threshold,
@@ -257,12 +262,12 @@ public:
 
 private:
     void buildItems();
-    void rebuildSeparators();
-    void fillSpans();
-    void fillSpan(std::vector<std::unique_ptr<StatusItem>>& span, const QString& separatorName,
-                  int wanted);
-    double collapsedSeparatorLength() const;
-    bool separatorsKept() const;
+    HidingContext makeHidingContext();
+    // The one place that decides how items are hidden: the technique the system's findings
+    // choose takes over, with every placement as it was.
+    void chooseHiding();
+    void handOver(const QString& why);
+    HidingState hidingState() const;
     bool keepsArrangement() const;
     QHash<std::int64_t, QString> keysOf(const std::vector<CaptureEngine::Raw>& raws) const;
     void performMove(const ArrangementMove& move);
@@ -270,7 +275,6 @@ private:
                                               const BarArrangement& wanted) const;
     void seedDefaultPositionsIfNeeded();
     void configureToggleButton();
-    std::unique_ptr<StatusItem> makeSeparator(const QString& autosaveName, bool dimmed);
     void prefsChanged();
     void appendApplicationEntries(std::vector<MenuEntry>& entries);
     void placeNewItem(const QString& key);
@@ -300,23 +304,26 @@ private:
     void storeArrangedPlacements();
     // A look at the bar that was skipped runs once nothing stands in its way.
     void resumeBarCheck();
-    // null: granted.
-    void engineAllowListAnswered(const PlatformError* error);
     double hiddenSeparatorLimit() const;
+    void openWithinReach(const BarItem& item);
+    BarEntry entryOf(const BarItem& item) const;
     std::vector<MenuBarItemInfo> hiddenCandidates(double limit) const;
     std::vector<BarItem> mergeDetected(std::vector<BarItem> fresh) const;
     // Runs fn later on the main queue unless the controller is gone by then.
     Timer later(double seconds, std::function<void()> fn);
     std::function<void()> weakly(std::function<void()> fn);
 
+    // First of all members: the callbacks made while the others are built hold it.
+    std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
     StatusBarServices m_s;
     std::unique_ptr<StatusItem> m_mainItem;
-    std::unique_ptr<StatusItem> m_hiddenSep;
-    std::unique_ptr<StatusItem> m_alwaysSep;
-    std::vector<std::unique_ptr<StatusItem>> m_hiddenSpan;
-    std::vector<std::unique_ptr<StatusItem>> m_alwaysSpan;
-    bool m_collapseHolds = true;
     ArrangementStore m_arrangements;
+    BarWishes m_wishes;
+    HidingContext m_hidingContext;
+    std::unique_ptr<HidingTechnique> m_hiding;
+    std::unique_ptr<HidingTechnique> m_retiredHiding; // handed over from its own call
+    std::optional<BarEntry> m_reaching; // the item an activation brings within reach
+    Footnote m_footnote;                // of the panel as last shown
     NewItemTracker m_newItems;
     LayoutLibrary m_layouts;
     int m_displayCount = 0;
@@ -331,31 +338,24 @@ private:
     Timer m_rehideTimer;
     std::unique_ptr<EventMonitors::Monitor> m_hoverMonitor;
     bool m_tileOpen = false;
-    std::vector<BarGroup> m_cachedGroups;
     double m_lastTileClose = -std::numeric_limits<double>::infinity();
     std::unique_ptr<EventMonitors::Monitor> m_revealCollapseMonitor;
     Timer m_revealSafetyTimer;
     bool m_arranging = false;
     Timer m_watchTimer;
     QString m_lastBarSignature;
-    bool m_usesEngine = false;
-    bool m_engineRevealed = false;
     bool m_buildingCache = false;
     bool m_didFullBuild = false;
     std::optional<HiddenSide> m_revealHidden; // while a reveal is under way, and until re-hiding
     QSet<std::int64_t> m_arrangeVisible;      // right of the hidden separator when arranging began
     QHash<std::int64_t, QString> m_knownKeys; // the detected list may hold only hidden items
     bool m_barCheckPending = false;
-    bool m_engineRefused = false; // the engine's last answer was a refusal: nothing is hidden
-    Timer m_engineRetry;
-    double m_engineRetryDelay = 0;
 
     NotificationCenter::Token m_prefsToken;
     Workspace::ObserverToken m_launchToken;
     Workspace::ObserverToken m_terminateToken;
     Workspace::ObserverToken m_wakeToken;
     std::vector<Timer> m_deferred;
-    std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
 };
 
 } // namespace ravlin

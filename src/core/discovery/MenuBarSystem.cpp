@@ -30,7 +30,7 @@ MenuBarSystem::MenuBarSystem(MenuBarReader& reader, WindowServer& windowServer,
 
 void MenuBarSystem::detect(const StatusItem& mainItem, bool engineAvailable)
 {
-    m_engineAvailable = engineAvailable;
+    m_engineAvailable = engineAvailable && !m_engineStopped;
     const std::optional<std::vector<StatusWindow>> windows =
         WindowListReader(m_windowServer).statusWindows(WindowListOption::AllWindows);
     if (!windows) {
@@ -88,6 +88,13 @@ void MenuBarSystem::displaysChanged()
     MenuBarCapabilities c = m_capabilities;
     c.longestItem = narrowestDisplay() / 2;
     apply(std::move(c));
+}
+
+void MenuBarSystem::engineStoppedWorking()
+{
+    m_engineStopped = true;
+    m_engineAvailable = false;
+    apply(m_capabilities);
 }
 
 void MenuBarSystem::apply(MenuBarCapabilities capabilities)

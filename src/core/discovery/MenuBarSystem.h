@@ -37,6 +37,8 @@ public:
     void noteLongItemsDropped();
     // Displays changed: a known limit follows the narrowest display.
     void displaysChanged();
+    // The assessment mode refused: for the rest of the run it is not chosen again.
+    void engineStoppedWorking();
 
     const MenuBarCapabilities& capabilities() const { return m_capabilities; }
     const MenuBarTechniques& techniques() const { return m_techniques; }
@@ -60,6 +62,7 @@ private:
     Workspace& m_workspace;
     Screens& m_screens;
     bool m_engineAvailable = false;
+    bool m_engineStopped = false;
     MenuBarCapabilities m_capabilities;
     MenuBarTechniques m_techniques;
 };

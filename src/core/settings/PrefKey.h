@@ -10,6 +10,7 @@ inline const QString autoRehide = QStringLiteral("autoRehide");
 inline const QString rehideInterval = QStringLiteral("rehideInterval");
 inline const QString enableAlwaysHidden = QStringLiteral("enableAlwaysHidden");
 inline const QString revealOnHover = QStringLiteral("revealOnHover");
+inline const QString clickShowsInBar = QStringLiteral("clickShowsInBar");
 inline const QString appLanguage = QStringLiteral("appLanguage");
 inline const QString tileStyle = QStringLiteral("tileStyle");
 inline const QString showSystemTiles = QStringLiteral("showSystemTiles");
@@ -28,5 +29,9 @@ inline const QString appleLanguages = QStringLiteral("AppleLanguages");
 inline const QString seededPositions = QStringLiteral("seededPositionsV1");
 inline const QString tileOrder = QStringLiteral("ravlin.tileOrder");
 inline const QString labelCache = QStringLiteral("ravlin.labelCache");
+// Learnt of the bar: it drops items as long as half a display.
+inline const QString barDropsLongItems = QStringLiteral("ravlin.barDropsLongItems");
+// The hide engine's lists of applications and system items became placements.
+inline const QString engineListsRead = QStringLiteral("ravlin.engineListsRead");
 
 } // namespace ravlin::PrefKey

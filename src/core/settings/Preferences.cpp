@@ -50,6 +50,7 @@ void Preferences::registerDefaults()
         {PrefKey::rehideInterval, 15},
         {PrefKey::enableAlwaysHidden, false},
         {PrefKey::revealOnHover, false},
+        {PrefKey::clickShowsInBar, false},
         {PrefKey::appLanguage, QString()},
         {PrefKey::tileStyle, tileStyleRawValue(TileStyle::Dashboard)},
         {PrefKey::showSystemTiles, true},
@@ -130,6 +131,16 @@ bool Preferences::revealOnHover() const
 void Preferences::setRevealOnHover(bool on)
 {
     writeBool(PrefKey::revealOnHover, on);
+}
+
+bool Preferences::clickShowsInBar() const
+{
+    return m_defaults.boolForKey(PrefKey::clickShowsInBar);
+}
+
+void Preferences::setClickShowsInBar(bool on)
+{
+    writeBool(PrefKey::clickShowsInBar, on);
 }
 
 QString Preferences::appLanguage() const

@@ -45,6 +45,9 @@ public:
     void setEnableAlwaysHidden(bool on);
     bool revealOnHover() const;
     void setRevealOnHover(bool on);
+    // A left click on Ravlin's icon shows the hidden items in the bar instead of the panel.
+    bool clickShowsInBar() const;
+    void setClickShowsInBar(bool on);
     QString appLanguage() const;
     void setAppLanguage(const QString& code);
     TileStyle tileStyle() const;

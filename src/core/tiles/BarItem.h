@@ -23,6 +23,8 @@ struct BarItem {
     QString key;
     // First seen in the bar within the last day: the panel marks it.
     bool isNew = false;
+    // The user placed it in the bar, but it is out of sight: the panel offers it, marked.
+    bool placedInBar = false;
     // More names a search finds the item by: its application's, its accessibility
     // title and description.
     QStringList searchTerms;

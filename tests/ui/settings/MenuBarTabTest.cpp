@@ -2,6 +2,7 @@
 
 #include "core/app/AppDelegate.h"
 #include "core/bar/MenuBarHideEngine.h"
+#include "core/bar/SeparatorHiding.h"
 #include "core/bar/StatusBarController.h"
 #include "core/discovery/ScannerModel.h"
 #include "foundation/DefaultsStore.h"
@@ -58,7 +59,7 @@ protected:
     {
         const double separator = world.session()
                                      .statusBar()
-                                     .item(StatusBarController::hiddenName)
+                                     .item(SeparatorHiding::hiddenName)
                                      ->windowServerFrame()
                                      ->x;
         return world.session().desktop().placedByTitle(QString::fromLatin1(title))->frame.x >
@@ -66,7 +67,7 @@ protected:
     }
     bool inPanel(const QString& key)
     {
-        for (const BarGroup& group : bar().cachedGroups())
+        for (const BarGroup& group : bar().outOfSight().groups)
             for (const BarItem& item : group.items)
                 if (item.key == key)
                     return true;

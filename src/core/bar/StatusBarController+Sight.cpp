@@ -1,0 +1,201 @@
+// What the user can see of the bar, and what the panel offers of the rest: every item out of
+// sight, whatever keeps it there, and never one in sight or one placed nowhere.
+#include "StatusBarController.h"
+
+#include "MenuBarDisplays.h"
+#include "core/discovery/CaptureEngine.h"
+#include "core/discovery/ItemTitles.h"
+#include "core/discovery/MenuBarSystem.h"
+#include "core/discovery/ScannerModel.h"
+#include "core/settings/LanguageManager.h"
+#include "core/tiles/BarGrouping.h"
+#include "core/tiles/BarItemFactory.h"
+#include "platform/MenuExtras.h"
+
+#include <QHash>
+#include <QSet>
+
+#include <algorithm>
+
+namespace ravlin {
+namespace {
+
+bool isFixed(const CaptureEngine::Raw& raw)
+{
+    return raw.name == ItemTitles::clock || raw.name == ItemTitles::controlCentre;
+}
+
+QString displayName(const BarItem& item)
+{
+    return item.label.isEmpty() ? item.info.owner : item.label;
+}
+
+QString joined(const QStringList& names)
+{
+    return names.join(QStringLiteral(", "));
+}
+
+} // namespace
+
+std::vector<BarEntry> StatusBarController::barEntries() const
+{
+    const std::vector<CaptureEngine::Raw> raws = m_s.capture.scanAll();
+    const QHash<std::int64_t, QString> keys = keysOf(raws);
+    QHash<std::int32_t, QString> bundles;
+    for (const RunningApplication& app : m_s.workspace.runningApplications())
+        bundles.insert(app.pid, app.bundleIdentifier.value_or(QString()));
+    std::vector<BarEntry> entries;
+    entries.reserve(raws.size());
+    for (const CaptureEngine::Raw& raw : raws) {
+        BarEntry entry;
+        entry.raw = raw;
+        entry.key = keys.value(std::int64_t(raw.id));
+        entry.bundleId = bundles.value(raw.pid);
+        entry.systemItem = MenuExtras::systemItemNumber(raw.name, entry.bundleId);
+        entry.fixed = isFixed(raw);
+        entries.push_back(std::move(entry));
+    }
+    return entries;
+}
+
+std::optional<HiddenBy> StatusBarController::hiddenBy(const BarEntry& entry) const
+{
+    const std::vector<ScreenInfo> screens = m_s.screens.screens();
+    if (!screens.empty() &&
+        MenuBarDisplays::behindNotch(
+            Geometry::toScreen(entry.raw.info().frame(), screens.front().frame.height), screens))
+        return HiddenBy::Notch;
+    if (entry.fixed)
+        return std::nullopt;
+    if (const std::optional<HiddenBy> why = m_hiding->hiddenBy(entry))
+        return why;
+    if (!entry.onScreen())
+        return HiddenBy::Overflow;
+    return std::nullopt;
+}
+
+StatusBarController::OutOfSight StatusBarController::outOfSight() const
+{
+    OutOfSight result;
+    const BarWishes::Now wishes = m_wishes.now();
+    QHash<QString, const BarItem*> known;
+    for (const BarItem& item : m_s.scannerModel.detected())
+        known.insert(item.key, &item);
+    std::vector<BarItem> items, always;
+    QSet<QString> listed;
+    QSet<QString> bundlesKeptForOthers; // applications in the bar for one item's sake
+    std::vector<const BarEntry*> inSightUnwanted;
+    const std::vector<BarEntry> entries = barEntries();
+    for (const BarEntry& entry : entries) {
+        const std::optional<HiddenBy> why = hiddenBy(entry);
+        if (!why) {
+            if (!entry.fixed && wishes.placement(entry.key) != ItemPlacement::Bar)
+                inSightUnwanted.push_back(&entry);
+            if (!entry.fixed && wishes.wantsInSight(entry.key))
+                bundlesKeptForOthers.insert(entry.bundleId);
+            continue;
+        }
+        std::optional<BarItem> item;
+        if (const BarItem* k = known.value(entry.key, nullptr))
+            item = *k;
+        else
+            item = m_s.factory.makeItem(entry.raw.info());
+        if (!item || listed.contains(item->key))
+            continue;
+        const ItemPlacement placement = wishes.placement(item->key);
+        if (placement == ItemPlacement::Off)
+            continue;
+        listed.insert(item->key);
+        item->info = entry.raw.info();
+        item->placedInBar = placement == ItemPlacement::Bar;
+        if (item->placedInBar)
+            (*why == HiddenBy::Engine ? result.engineCannotShow : result.cannotBringIntoSight)
+                .append(displayName(*item));
+        // Where the bar drops long items, whatever a separator pushes out or the bar has no
+        // room for waits in the system's overflow menu.
+        if (m_s.system.capabilities().hasOverflowMenu() && *why != HiddenBy::Engine &&
+            *why != HiddenBy::Notch)
+            result.inOverflow.append(displayName(*item));
+        const bool alwaysHidden =
+            *why == HiddenBy::AlwaysSeparator ||
+            (*why == HiddenBy::Engine && wishes.inAlwaysHiddenSection(item->key));
+        (alwaysHidden ? always : items).push_back(std::move(*item));
+    }
+    // Where hiding goes by application, an item placed in the panel may stay in sight
+    // because another item of its application is placed in the bar.
+    if (m_hiding->hidesWholeApplications()) {
+        for (const BarEntry* entry : inSightUnwanted)
+            if (!entry->bundleId.isEmpty() && bundlesKeptForOthers.contains(entry->bundleId))
+                result.keptWithApplication.append(itemName(entry->key));
+    }
+    result.groups = m_s.grouping.group(items);
+    if (!always.empty())
+        result.groups.push_back(
+            {m_s.language.L(QStringLiteral("bar.alwaysHiddenSection")), std::move(always)});
+    return result;
+}
+
+// One line under the tiles, the most useful first, with what a click on it does.
+StatusBarController::Footnote StatusBarController::footnoteFor(const OutOfSight& sight) const
+{
+    const LanguageManager& lm = m_s.language;
+    if (!m_movedBySystem.isEmpty()) {
+        QStringList names;
+        for (const QString& key : m_movedBySystem)
+            names.append(itemName(key));
+        const bool canMove = m_s.system.techniques().canMoveItems();
+        return {lm.L(canMove ? QStringLiteral("bar.movedNote")
+                             : QStringLiteral("bar.movedNote.arrange"),
+                     joined(names)),
+                canMove ? Footnote::Action::Restore : Footnote::Action::Arrange};
+    }
+    if (!sight.cannotBringIntoSight.isEmpty())
+        return {lm.L(QStringLiteral("bar.placedNote.arrange"), joined(sight.cannotBringIntoSight)),
+                Footnote::Action::Arrange};
+    if (!sight.engineCannotShow.isEmpty())
+        return {lm.L(QStringLiteral("bar.placedNote.engine"), joined(sight.engineCannotShow)),
+                Footnote::Action::None};
+    if (!sight.keptWithApplication.isEmpty())
+        return {lm.L(QStringLiteral("bar.wholeAppsNote"), joined(sight.keptWithApplication)),
+                Footnote::Action::None};
+    if (!sight.inOverflow.isEmpty())
+        return {lm.L(QStringLiteral("bar.overflowNote")), Footnote::Action::None};
+    return {};
+}
+
+QString StatusBarController::panelFootnote() const
+{
+    return m_footnote.text;
+}
+
+// The one button of the note: put moved items back, or where Ravlin cannot move items, open
+// arrange mode so that the user can.
+void StatusBarController::footnoteClicked()
+{
+    const Footnote::Action action = m_footnote.action;
+    if (action == Footnote::Action::None)
+        return;
+    closeTile();
+    if (action == Footnote::Action::Restore)
+        restoreArrangement(QStringLiteral("the user's request"));
+    else
+        enterArrangeMode();
+}
+
+std::vector<MenuBarItemInfo> StatusBarController::itemsBehindNotch() const
+{
+    std::vector<MenuBarItemInfo> covered;
+    const std::vector<ScreenInfo> screens = m_s.screens.screens();
+    if (std::none_of(screens.begin(), screens.end(),
+                     [](const ScreenInfo& s) { return s.notch.has_value(); }))
+        return covered;
+    const double mainHeight = screens.front().frame.height;
+    for (const CaptureEngine::Raw& raw : m_s.capture.scanAll()) {
+        const MenuBarItemInfo info = raw.info();
+        if (MenuBarDisplays::behindNotch(Geometry::toScreen(info.frame(), mainHeight), screens))
+            covered.push_back(info);
+    }
+    return covered;
+}
+
+} // namespace ravlin
