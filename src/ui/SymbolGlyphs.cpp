@@ -13,6 +13,7 @@ const QHash<QString, char32_t>& symbolGlyphs()
         {QStringLiteral("arrow.left.and.right"), 0xe8d4}, // swap_horiz
         {QStringLiteral("eye"), 0xe8f4},                  // visibility
         {QStringLiteral("eye.slash"), 0xe8f5},            // visibility_off
+        {QStringLiteral("pin.fill"), 0xf10d},             // push_pin
         // system items
         {QStringLiteral("wifi"), 0xe63e},                          // wifi
         {QStringLiteral("dot.radiowaves.left.and.right"), 0xe1a7}, // bluetooth

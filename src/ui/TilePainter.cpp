@@ -314,6 +314,8 @@ void TilePainter::tile(const PanelTile& tile, const QRectF& rect, const TileStat
     }
     if (tile.isNew)
         newMark(rect, radius);
+    if (tile.placedInBar)
+        placedMark(rect, radius, tile.isNew);
     m_p.restore();
     if (state.focused)
         focusRing(rect, radius);
@@ -331,6 +333,18 @@ void TilePainter::newMark(const QRectF& rect, double radius)
     m_p.setPen(QPen(QColor(0, 0, 0, 70), 1));
     m_p.setBrush(Theme::systemBlue());
     m_p.drawEllipse(dot);
+}
+
+// A pin in the tile's top trailing corner (beside the new dot, when there is one): the user
+// set the item to stay in the menu bar, but it is out of sight.
+void TilePainter::placedMark(const QRectF& rect, double radius, bool besideNewMark)
+{
+    const double inset = std::max(4.0, radius * 0.4);
+    const double side = 11;
+    const double shift = besideNewMark ? 10 : 0;
+    const double x = m_rtl ? rect.left() + inset + shift : rect.right() - inset - side - shift;
+    symbol(m_c, QRectF(x, rect.top() + inset - 1, side, side), QStringLiteral("pin.fill"),
+           Theme::systemOrange());
 }
 
 // A tile's fill and its hairline border. The border is filled as a ring rather than

@@ -60,6 +60,7 @@ private:
     void gridCell(const PanelTile& tile, const QRectF& rect);
     void stripRow(const PanelTile& tile, const QRectF& rect);
     void newMark(const QRectF& rect, double radius);
+    void placedMark(const QRectF& rect, double radius, bool besideNewMark);
     static void face(QPainter& p, const QRectF& rect, double radius, int fill, bool dropTarget);
 
     QPainter& m_p;

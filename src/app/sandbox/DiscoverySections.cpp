@@ -2,6 +2,7 @@
 // activated, the scanner's lists, the tile order and the self-test logs.
 
 #include "SandboxCommands.h"
+#include "ItemSight.h"
 #include "SandboxSession.h"
 #include "ScriptRunner.h"
 
@@ -27,8 +28,17 @@ namespace {
 QJsonValue barSection(SandboxSession& s, bool)
 {
     QJsonArray bar;
+    const ItemSights sights = itemSights(s);
     for (const SimPlacedItem& p : s.desktop().bar()) {
+        const std::optional<ItemSight> sight =
+            sights.contains({p.pid, p.item.title}) ? std::optional(sights.value({p.pid, p.item.title}))
+                                                   : std::nullopt;
         bar.append(QJsonObject{
+            {QStringLiteral("key"), sight && !sight->key.isEmpty() ? QJsonValue(sight->key)
+                                                                   : QJsonValue()},
+            {QStringLiteral("hiddenBy"), sight && sight->hiddenBy
+                                             ? QJsonValue(hiddenByName(*sight->hiddenBy))
+                                             : QJsonValue()},
             {QStringLiteral("window"), qint64(p.item.window)},
             {QStringLiteral("pid"), p.pid},
             {QStringLiteral("bundle"), p.item.bundleId},

@@ -144,6 +144,7 @@ QJsonObject tileJson(const RavlinBarView& view, const PanelTile& t)
             {QStringLiteral("h"), r.height()},
             {QStringLiteral("visible"), view.isTileVisible(t.key)},
             {QStringLiteral("new"), t.isNew},
+            {QStringLiteral("placedInBar"), t.placedInBar},
             {QStringLiteral("painted"), QJsonArray::fromStringList(view.paintedTexts(t.key))}};
 }
 
@@ -182,6 +183,18 @@ QJsonObject accessibleJson(const RavlinBarView& view)
             {QStringLiteral("entries"), entries}};
 }
 
+// The keys of the item tiles the panel shows, sorted.
+QJsonArray itemKeys(const RavlinBarView& view)
+{
+    QStringList keys;
+    for (const PanelSection& section : view.sections())
+        for (const PanelTile& t : section.tiles)
+            if (t.kind == TileKind::Item)
+                keys.append(t.key);
+    keys.sort();
+    return QJsonArray::fromStringList(keys);
+}
+
 QJsonValue panelSection(SandboxSession& s, bool)
 {
     RavlinBar* bar = s.tilePanel();
@@ -202,6 +215,7 @@ QJsonValue panelSection(SandboxSession& s, bool)
         {QStringLiteral("scroll"), QJsonObject{{QStringLiteral("offset"), view.scrollOffset()},
                                                {QStringLiteral("maximum"), view.maximumScroll()}}},
         {QStringLiteral("sections"), sectionsJson(view)},
+        {QStringLiteral("itemKeys"), itemKeys(view)},
         {QStringLiteral("search"), text(view.query())},
         {QStringLiteral("searchPainted"),
          QJsonArray::fromStringList(view.paintedTexts(QStringLiteral("search")))},

@@ -29,6 +29,8 @@ void registerLayoutCommands(ScriptRunner& runner);
 void registerSettingsWindowCommands(ScriptRunner& runner);
 // key, type, hotkey; the section shortcuts.
 void registerKeyboardCommands(ScriptRunner& runner);
+// when, upgrade; the section items.
+void registerCellCommands(ScriptRunner& runner);
 // Every command of the script language that a later part of the sandbox brings.
 void registerPendingCommands(ScriptRunner& runner);
 

@@ -244,6 +244,12 @@ AppDelegate& SandboxSession::app()
 
 void SandboxSession::restart(const QStringList& arguments)
 {
+    quit();
+    start(arguments);
+}
+
+void SandboxSession::quit()
+{
     // In the order of the destructor: what works on the application goes first.
     m_settingsWindow.reset();
     m_app.reset();
@@ -251,7 +257,6 @@ void SandboxSession::restart(const QStringList& arguments)
     m_arrangeHUD.reset();
     statusBar().closeMenu();
     m_scheduler.runDue(); // whatever the old process left due finds it gone
-    start(arguments);
 }
 
 void SandboxSession::start(const QStringList& arguments)

@@ -105,6 +105,8 @@ public:
     // The process ends (its status items leave the bar, its windows close) and starts
     // again over the same desktop and settings file, as after a quit and a new launch.
     void restart(const QStringList& arguments);
+    // The process ends as in a restart, without starting again yet.
+    void quit();
 
 private:
     void installSimulatedSystem();

@@ -6,6 +6,7 @@
 #include <QMap>
 
 #include <functional>
+#include <optional>
 #include <map>
 #include <stdexcept>
 
@@ -54,6 +55,17 @@ public:
     // Echo each command to the error stream before running it (the demo's narration).
     void setEcho(bool on) { m_echo = on; }
 
+    // The macOS generation and hiding technique a table-driven run gives the desktop before
+    // the script's first line (`--cell 27:engine`); `upgrade` goes to it.
+    struct Cell {
+        int system = 15;
+        bool engine = false;
+    };
+    void setCell(const Cell& cell) { m_cell = cell; }
+    const std::optional<Cell>& cell() const { return m_cell; }
+    // Runs one line as if it stood in the script (for commands that hold another command).
+    void executeLine(const ScriptLine& line) { execute(line); }
+
     // Runs a whole script; returns the exit status (0 fine, 1 failed expect, 2 script error).
     int run(const QString& script);
     int commandsRun() const { return m_commandsRun; }
@@ -78,6 +90,7 @@ private:
     std::map<QString, Section> m_sections;
     bool m_echo = false;
     int m_commandsRun = 0;
+    std::optional<Cell> m_cell;
 };
 
 // Raised by `expect` when the expectation does not hold (exit status 1).

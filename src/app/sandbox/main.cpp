@@ -9,6 +9,8 @@
 #include "interactive/SandboxWindow.h"
 
 #include "platform/linux/PlistFileDefaultsStore.h"
+#include "platform/sim/SimAssessmentMode.h"
+#include "platform/sim/SimDesktop.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -36,14 +38,35 @@ bool hasDisplay()
            !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
 }
 
-int runScript(const QString& script, const SandboxSession::Options& options)
+int runScript(const QString& script, const SandboxSession::Options& options,
+              const std::optional<ScriptRunner::Cell>& cell)
 {
     QTextStream out(stdout);
     QTextStream err(stderr);
     SandboxSession session(options);
     ScriptRunner runner(session, out, err);
     registerAll(runner);
+    if (cell) {
+        runner.setCell(*cell);
+        session.desktop().setGeneration(cell->system);
+        session.assessmentMode().setBehaviour(cell->engine
+                                                  ? ravlin::SimAssessmentMode::Behaviour::Available
+                                                  : ravlin::SimAssessmentMode::Behaviour::Unavailable);
+    }
     return runner.run(script);
+}
+
+// "27:engine", "15:separators".
+std::optional<ScriptRunner::Cell> parseCell(const QString& text)
+{
+    const QStringList parts = text.split(u':');
+    if (parts.size() != 2 || (parts[1] != u"engine" && parts[1] != u"separators"))
+        return std::nullopt;
+    bool ok = false;
+    const int system = parts[0].toInt(&ok);
+    if (!ok || (system != 15 && system != 26 && system != 27))
+        return std::nullopt;
+    return ScriptRunner::Cell{system, parts[1] == u"engine"};
 }
 
 // The headless tour: narrated on standard output, pictures and the trace in a folder.
@@ -206,7 +229,12 @@ int main(int argc, char** argv)
         QStringLiteral("demo-dir"),
         QStringLiteral("Without a display: where the demo writes its screenshots and trace."),
         QStringLiteral("DIR"));
-    parser.addOptions({scriptOption, defaultsOption, logDirOption, demoDirOption});
+    QCommandLineOption cellOption(
+        QStringLiteral("cell"),
+        QStringLiteral("With --script: start the desktop as this macOS release with this hiding "
+                       "technique (15, 26 or 27 : separators or engine), e.g. 27:engine."),
+        QStringLiteral("SYSTEM:TECHNIQUE"));
+    parser.addOptions({scriptOption, defaultsOption, logDirOption, demoDirOption, cellOption});
     parser.process(app);
 
     SandboxSession::Options options;
@@ -223,7 +251,15 @@ int main(int argc, char** argv)
                          qPrintable(file.errorString()));
             return 2;
         }
-        return runScript(QString::fromUtf8(file.readAll()), options);
+        std::optional<ScriptRunner::Cell> cell;
+        if (parser.isSet(cellOption)) {
+            cell = parseCell(parser.value(cellOption));
+            if (!cell) {
+                std::fprintf(stderr, "--cell takes SYSTEM:TECHNIQUE, such as 27:engine\n");
+                return 2;
+            }
+        }
+        return runScript(QString::fromUtf8(file.readAll()), options, cell);
     }
     // Without a script the sandbox shows this machine's own statistics, location and network.
     options.realSystem = true;

@@ -16,10 +16,13 @@ struct BarEntry {
     QString bundleId;              // empty: its process has none (a helper, say)
     std::optional<int> systemItem; // the assessment mode's number of a system item
     bool fixed = false;            // the clock and the control centre: always at the right end
+    // False for an item its running application still has that the bar does not list now
+    // (the assessment mode takes what it hides out of the bar); its frame is where it was seen.
+    bool inBar = true;
 
     // The bar lays its items out from the right edge of the main display: whatever is pushed
     // past the left edge is off screen.
-    bool onScreen() const { return raw.x >= 0; }
+    bool onScreen() const { return inBar && raw.x >= 0; }
 };
 
 } // namespace ravlin

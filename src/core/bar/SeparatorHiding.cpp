@@ -148,7 +148,7 @@ std::optional<ScreenRect> SeparatorHiding::frameOf(const StatusItem* item) const
 
 std::optional<HiddenBy> SeparatorHiding::hiddenBy(const BarEntry& entry) const
 {
-    if (entry.onScreen())
+    if (!entry.inBar || entry.onScreen())
         return std::nullopt;
     if (const std::optional<ScreenRect> always = frameOf(m_alwaysSep.get());
         always && standsLeftOf(entry.raw, *always))

@@ -40,7 +40,7 @@ SeparatorPositions SeparatorPositions::forBar(const std::vector<BarEntry>& all,
     };
     std::vector<Place> places;
     for (const BarEntry& e : all)
-        if (!e.fixed)
+        if (!e.fixed && e.inBar)
             places.push_back({e.raw.x, e.raw.x + e.raw.w, !wishes.wantsInSight(e.key),
                               wishes.inAlwaysHiddenSection(e.key)});
     if (mainItem) {
@@ -72,7 +72,7 @@ double SeparatorPositions::farLeft(const std::vector<BarEntry>& entries, double 
 {
     double left = rightEnd;
     for (const BarEntry& e : entries)
-        if (!e.fixed)
+        if (!e.fixed && e.inBar)
             left = std::min(left, e.raw.x);
     // Beyond the leftmost item: the bar puts an item asked for a place past the end at the end.
     return rightEnd - left + 1.0;
@@ -83,7 +83,7 @@ double SeparatorPositions::rightEnd(const std::vector<BarEntry>& entries,
 {
     double right = mainItem ? mainItem->maxX() : 0.0;
     for (const BarEntry& e : entries)
-        if (!e.fixed)
+        if (!e.fixed && e.inBar)
             right = std::max(right, e.raw.x + e.raw.w);
     return right;
 }

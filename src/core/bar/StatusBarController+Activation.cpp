@@ -179,7 +179,7 @@ void StatusBarController::openWithinReach(const BarItem& item)
 
 BarEntry StatusBarController::entryOf(const BarItem& item) const
 {
-    const std::vector<BarEntry> entries = barEntries();
+    const std::vector<BarEntry> entries = knownEntries();
     auto find = [&](auto&& matches) -> const BarEntry* {
         auto it = std::find_if(entries.begin(), entries.end(), matches);
         return it == entries.end() ? nullptr : &*it;

@@ -58,8 +58,54 @@ std::vector<BarEntry> StatusBarController::barEntries() const
     return entries;
 }
 
+// An item whose application still runs but that the bar does not list now: where hiding takes
+// items out of the bar, it is hidden, not gone.
+std::vector<BarEntry> StatusBarController::absentEntries(const std::vector<BarEntry>& present) const
+{
+    QSet<QString> listed;
+    for (const BarEntry& e : present)
+        listed.insert(e.key);
+    QSet<std::int32_t> running;
+    QHash<QString, std::int32_t> pidOf;
+    for (const RunningApplication& app : m_s.workspace.runningApplications()) {
+        running.insert(app.pid);
+        if (app.bundleIdentifier)
+            pidOf.insert(*app.bundleIdentifier, app.pid);
+    }
+    std::vector<BarEntry> absent;
+    for (const BarItem& item : m_s.scannerModel.detected()) {
+        if (listed.contains(item.key))
+            continue;
+        const std::int32_t pid =
+            item.bundleId.isEmpty() ? item.pid : pidOf.value(item.bundleId, 0);
+        if (pid <= 0 || !running.contains(pid))
+            continue;
+        BarEntry entry;
+        entry.raw = {std::uint32_t(item.info.id), pid, item.info.x, item.info.y,
+                     item.info.width, item.info.height, item.info.owner, item.info.name};
+        entry.key = item.key;
+        entry.bundleId = item.bundleId;
+        entry.systemItem = MenuExtras::systemItemNumber(item.info.name, item.bundleId);
+        entry.inBar = false;
+        listed.insert(item.key);
+        absent.push_back(std::move(entry));
+    }
+    return absent;
+}
+
+std::vector<BarEntry> StatusBarController::knownEntries() const
+{
+    std::vector<BarEntry> entries = barEntries();
+    std::vector<BarEntry> absent = absentEntries(entries);
+    entries.insert(entries.end(), std::make_move_iterator(absent.begin()),
+                   std::make_move_iterator(absent.end()));
+    return entries;
+}
+
 std::optional<HiddenBy> StatusBarController::hiddenBy(const BarEntry& entry) const
 {
+    if (!entry.inBar)
+        return m_hiding->hiddenBy(entry);
     const std::vector<ScreenInfo> screens = m_s.screens.screens();
     if (!screens.empty() &&
         MenuBarDisplays::behindNotch(
@@ -85,9 +131,11 @@ StatusBarController::OutOfSight StatusBarController::outOfSight() const
     QSet<QString> listed;
     QSet<QString> bundlesKeptForOthers; // applications in the bar for one item's sake
     std::vector<const BarEntry*> inSightUnwanted;
-    const std::vector<BarEntry> entries = barEntries();
+    const std::vector<BarEntry> entries = knownEntries();
     for (const BarEntry& entry : entries) {
         const std::optional<HiddenBy> why = hiddenBy(entry);
+        if (!why && !entry.inBar)
+            continue; // gone from the bar, and not by being hidden
         if (!why) {
             if (!entry.fixed && wishes.placement(entry.key) != ItemPlacement::Bar)
                 inSightUnwanted.push_back(&entry);

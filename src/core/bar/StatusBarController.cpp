@@ -71,7 +71,7 @@ HidingContext StatusBarController::makeHidingContext()
         m_s.preferences.defaults(),
         m_wishes,
         m_s.bundleIdentifier,
-        [this] { return barEntries(); },
+        [this] { return knownEntries(); },
         [this] { return frameOf(m_mainItem.get()); },
         weakly([this] { mainClicked(); }),
         weakly([this] { updateChevron(); }),

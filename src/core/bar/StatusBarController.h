@@ -128,6 +128,8 @@ public:
 
     // The items of other applications in the bar now, left to right, named where they can be.
     std::vector<BarEntry> barEntries() const;
+    // Those and the items of running applications that the bar does not list now.
+    std::vector<BarEntry> knownEntries() const;
     // Why the user cannot see the item now; null while it is in sight.
     std::optional<HiddenBy> hiddenBy(const BarEntry& entry) const;
     const BarWishes& wishes() const { return m_wishes; }
@@ -307,6 +309,7 @@ private:
     double hiddenSeparatorLimit() const;
     void openWithinReach(const BarItem& item);
     BarEntry entryOf(const BarItem& item) const;
+    std::vector<BarEntry> absentEntries(const std::vector<BarEntry>& present) const;
     std::vector<MenuBarItemInfo> hiddenCandidates(double limit) const;
     std::vector<BarItem> mergeDetected(std::vector<BarItem> fresh) const;
     // Runs fn later on the main queue unless the controller is gone by then.

@@ -21,6 +21,9 @@ struct BarItem {
     QString label;
     bool isApple = false;
     QString key;
+    // The process that made it and its application, as far as they could be read.
+    std::int32_t pid = 0;
+    QString bundleId;
     // First seen in the bar within the last day: the panel marks it.
     bool isNew = false;
     // The user placed it in the bar, but it is out of sight: the panel offers it, marked.

@@ -87,6 +87,10 @@ std::optional<BarItem> BarItemFactory::makeItem(const MenuBarItemInfo& info)
 
     BarItem item;
     item.info = info;
+    if (resolved) {
+        item.pid = resolved->pid;
+        item.bundleId = resolved->bundleId.value_or(QString());
+    }
     item.isApple = info.isSystem() || (resolved && resolved->bundleId &&
                                        resolved->bundleId->startsWith(ItemTitles::applePrefix));
     item.label = label(info, resolved, item.isApple);

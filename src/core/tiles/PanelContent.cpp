@@ -161,6 +161,7 @@ std::vector<PanelTile> PanelContent::itemTiles(const BarGroup& group) const
         tile.symbol = item.symbolName.value_or(QString());
         tile.accent = tileAccent(item.label);
         tile.isNew = item.isNew;
+        tile.placedInBar = item.placedInBar;
         tile.content = item;
         tiles.push_back(std::move(tile));
     }

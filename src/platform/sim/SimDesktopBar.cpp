@@ -49,14 +49,16 @@ std::vector<SimPlacedItem> SimDesktop::bar() const
     std::vector<SimPlacedItem> placed;
     std::vector<SimPlacedItem> hidden;
     double x = mainScreen().width;
+    double hiddenX = -20000; // out of the bar, each at a place of its own
     auto place = [&](const std::vector<SimItem>& row) {
         for (const SimItem& item : row) {
             if (!isPresent(item))
                 continue;
             if (m_hider && m_hider(item)) {
+                hiddenX -= item.width;
                 hidden.push_back({item,
                                   app(item.bundleId)->pid,
-                                  {-20000, 0, item.width, itemHeight(item)},
+                                  {hiddenX, 0, item.width, itemHeight(item)},
                                   false});
                 continue;
             }
