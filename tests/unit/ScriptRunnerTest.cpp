@@ -163,9 +163,9 @@ TEST(ScriptRunner, SettingsWindowCommandsNeedTheOpenWindowAndAControlItHas)
          QStringLiteral("offers no rings")},
         {QStringLiteral("start\nsettings open\nsettings language xx"),
          QStringLiteral("offers no xx")},
-        {QStringLiteral(
-             "engine available\nstart\nsettings open\nsettings toggle enableAlwaysHidden"),
-         QStringLiteral("enableAlwaysHidden is greyed out")},
+        {QStringLiteral("engine available\nstart\nsettings open\nsettings toggle "
+                        "bundle:com.example.chat"),
+         QStringLiteral("has no switch bundle:com.example.chat")},
         {QStringLiteral("start\nsettings fly"), QStringLiteral("settings knows open, close")},
     };
     for (const auto& [script, message] : cases) {

@@ -137,7 +137,7 @@ ItemSights itemSights(SandboxSession& session)
     if (!session.hasApp() || !session.app().statusBar())
         return sights;
     const StatusBarController& bar = *session.app().statusBar();
-    for (const BarEntry& entry : bar.knownEntries())
+    for (const BarEntry& entry : bar.knownEntries(false))
         sights.insert({entry.raw.pid, entry.raw.name}, ItemSight{entry.key, bar.hiddenBy(entry)});
     return sights;
 }

@@ -36,6 +36,7 @@ QJsonValue preferencesSection(SandboxSession& s, bool)
         {QStringLiteral("rehideInterval"), p.rehideInterval()},
         {QStringLiteral("enableAlwaysHidden"), p.enableAlwaysHidden()},
         {QStringLiteral("revealOnHover"), p.revealOnHover()},
+        {QStringLiteral("clickShowsInBar"), p.clickShowsInBar()},
         {QStringLiteral("appLanguage"), p.appLanguage()},
         {QStringLiteral("tileStyle"), tileStyleRawValue(p.tileStyle())},
         {QStringLiteral("showSystemTiles"), p.showSystemTiles()},

@@ -64,6 +64,7 @@ void setPreference(CommandContext& c)
         {QStringLiteral("autoRehide"), &Preferences::setAutoRehide},
         {QStringLiteral("enableAlwaysHidden"), &Preferences::setEnableAlwaysHidden},
         {QStringLiteral("revealOnHover"), &Preferences::setRevealOnHover},
+        {QStringLiteral("clickShowsInBar"), &Preferences::setClickShowsInBar},
         {QStringLiteral("showSystemTiles"), &Preferences::setShowSystemTiles},
         {QStringLiteral("showWeather"), &Preferences::setShowWeather},
         {QStringLiteral("hideSpotlight"), &Preferences::setHideSpotlight},

@@ -218,7 +218,7 @@ QJsonValue settingsSection(SandboxSession& s, bool)
         {QStringLiteral("title"), view->windowTitle()},
         {QStringLiteral("rtl"), view->layoutDirection() == Qt::RightToLeft},
         {QStringLiteral("mode"),
-         window.actions().usesEngine() ? QStringLiteral("engine") : QStringLiteral("plain")},
+         window.actions().hidesWholeApplications() ? QStringLiteral("engine") : QStringLiteral("plain")},
         {QStringLiteral("language"),
          picker ? QJsonValue(picker->currentData().toString()) : QJsonValue()},
         {QStringLiteral("items"), placements(*view)},

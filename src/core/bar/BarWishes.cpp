@@ -14,6 +14,20 @@ ItemPlacement BarWishes::Now::placement(const QString& key) const
     return inBar.contains(key) ? ItemPlacement::Bar : ItemPlacement::Panel;
 }
 
+bool BarWishes::Now::wantsInSight(const QString& key) const
+{
+    switch (placement(key)) {
+    case ItemPlacement::Bar:
+        return true;
+    case ItemPlacement::Off:
+        return false;
+    case ItemPlacement::Panel:
+        break;
+    }
+    return arrangement && !key.isEmpty() &&
+           arrangement->sectionOf(key) == BarArrangement::Section::Visible;
+}
+
 bool BarWishes::Now::inAlwaysHiddenSection(const QString& key) const
 {
     return alwaysHiddenSection && arrangement && !key.isEmpty() &&

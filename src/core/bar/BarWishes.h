@@ -28,7 +28,9 @@ public:
 
         // An item without a key is one no look has named: a new item.
         ItemPlacement placement(const QString& key) const;
-        bool wantsInSight(const QString& key) const { return placement(key) == ItemPlacement::Bar; }
+        // In the bar: placed there, or placed in the panel but arranged by the user on the
+        // visible side (an item that stood right of the separators from the start).
+        bool wantsInSight(const QString& key) const;
         // Hidden even when the hidden section is shown.
         bool inAlwaysHiddenSection(const QString& key) const;
     };

@@ -33,15 +33,9 @@ std::optional<EngineHiding::AllowList> EngineHiding::allowListFor(const HidingSt
     const BarWishes::Now wishes = m_context.wishes.now();
     const bool reaching = state.reaching.has_value();
     auto shows = [&](const BarEntry& e) {
-        switch (wishes.placement(e.key)) {
-        case ItemPlacement::Bar:
+        if (wishes.wantsInSight(e.key))
             return true;
-        case ItemPlacement::Off:
-            return false;
-        case ItemPlacement::Panel:
-            break;
-        }
-        if (reaching)
+        if (reaching || wishes.placement(e.key) == ItemPlacement::Off)
             return false;
         return state.alwaysShown || (state.hiddenShown && !wishes.inAlwaysHiddenSection(e.key));
     };

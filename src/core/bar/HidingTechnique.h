@@ -95,6 +95,8 @@ public:
     virtual const StatusItem* marker(BarArrangement::Section section) const = 0;
     // How many of Ravlin's items make up the hidden section's separator (0: none).
     virtual int separatorCount() const { return 0; }
+    // The user placed items anew; a technique that cannot move other items may move itself.
+    virtual void placementsChanged() {}
     // The always-hidden section was switched on or off.
     virtual void alwaysHiddenSectionChanged(bool on) { (void)on; }
     virtual void displaysChanged() {}

@@ -50,7 +50,7 @@ void SeparatorHiding::uninstall()
 void SeparatorHiding::placeByArrangement()
 {
     const BarWishes::Now wishes = m_context.wishes.now();
-    if (!wishes.arrangement)
+    if (!wishes.arrangement && wishes.inBar.isEmpty())
         return;
     const std::vector<BarEntry> entries = m_context.entries();
     const SeparatorPositions positions =
@@ -74,6 +74,29 @@ std::unique_ptr<StatusItem> SeparatorHiding::makeSeparator(const QString& autosa
     item->setAppearsDisabled(dimmed);
     item->setAction(m_context.ownItemClicked);
     return item;
+}
+
+// Where other items cannot be moved, Ravlin's own separators go where the placements want
+// the sections' borders, as far as the order of the bar allows.
+void SeparatorHiding::placementsChanged()
+{
+    const std::optional<ScreenRect> separator = frameOf(m_hiddenSep.get());
+    if (!separator || m_context.system.techniques().canMoveItems())
+        return;
+    const std::vector<BarEntry> entries = m_context.entries();
+    QSet<QString> hiddenNow;
+    for (const BarEntry& e : entries)
+        if (e.inBar && !e.fixed && standsLeftOf(e.raw, *separator))
+            hiddenNow.insert(e.key);
+    const SeparatorPositions wanted =
+        SeparatorPositions::forBar(entries, m_context.wishes.now(), m_context.mainFrame());
+    if (wanted.leftOfHidden == hiddenNow)
+        return;
+    qCInfo(lcBar) << "other items cannot be moved here: the separators move to where the "
+                     "placements want the sections to end";
+    rebuild();
+    apply(m_state);
+    verify();
 }
 
 void SeparatorHiding::alwaysHiddenSectionChanged(bool on)

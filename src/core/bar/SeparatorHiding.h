@@ -33,6 +33,7 @@ public:
     const StatusItem* marker(BarArrangement::Section section) const override;
     int separatorCount() const override;
     void alwaysHiddenSectionChanged(bool on) override;
+    void placementsChanged() override;
     void displaysChanged() override;
 
     const std::vector<std::unique_ptr<StatusItem>>& hiddenSpan() const { return m_hiddenSpan; }

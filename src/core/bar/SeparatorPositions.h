@@ -4,6 +4,8 @@
 #include "BarWishes.h"
 #include "foundation/Geometry.h"
 
+#include <QSet>
+
 #include <optional>
 #include <vector>
 
@@ -20,6 +22,7 @@ class DefaultsStore;
 struct SeparatorPositions {
     double hidden = 0;
     double alwaysHidden = 0;
+    QSet<QString> leftOfHidden; // the keys of the items the hidden separator then hides
 
     // `entries` left to right; Ravlin's own item stays in sight like an item placed in the bar.
     static SeparatorPositions forBar(const std::vector<BarEntry>& entries,

@@ -86,6 +86,24 @@ void StatusBarController::recordArrangement()
     m_arrangements.record(recorded ? BarArrangement::merged(*recorded, seen) : seen);
 }
 
+// A placement the user chose also says on which side of the separators the item belongs: the
+// record follows it, so that every technique reads one answer.
+void StatusBarController::recordPlacement(const QString& key, ItemPlacement placement)
+{
+    const std::optional<BarArrangement> recorded = m_arrangements.recorded();
+    if (!recorded)
+        return;
+    const std::optional<BarArrangement::Section> section = recorded->sectionOf(key);
+    const bool visible = placement == ItemPlacement::Bar;
+    if (section && (section == BarArrangement::Section::Visible) == visible)
+        return;
+    QStringList tokens = recorded->sequence();
+    tokens.removeAll(key);
+    const qsizetype marker = tokens.indexOf(BarArrangement::hiddenMarker);
+    tokens.insert(visible ? marker + 1 : marker, key);
+    m_arrangements.record(BarArrangement::fromSequence(tokens));
+}
+
 // An ordinary look at the bar: what differs from the record was moved by the user's hand,
 // and items that changed sides change their placement as arrange mode would decide. Items
 // the system moved and Ravlin could not put back are not the user's doing: the record keeps

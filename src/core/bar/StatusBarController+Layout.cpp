@@ -221,19 +221,31 @@ void StatusBarController::storeArrangedPlacements()
     m_s.preferences.setPlacements(placements);
 }
 
+void StatusBarController::placeItem(const QString& key, ItemPlacement placement)
+{
+    if (placement != ItemPlacement::Off) {
+        setItemPinned(key, placement == ItemPlacement::Bar);
+        return;
+    }
+    m_s.preferences.setPlacement(key, placement);
+    recordPlacement(key, placement);
+    // An item taken off the bar must not stay visible right of the separator.
+    reHideEscapedItems();
+    m_hiding->placementsChanged();
+}
+
 void StatusBarController::setItemPinned(const QString& key, bool pinned)
 {
     const ItemPlacement placement = pinned ? ItemPlacement::Bar : ItemPlacement::Panel;
-    if (hiddenSeparator() && !m_s.system.techniques().canMoveItems()) {
-        qCInfo(lcBar).noquote() << "items cannot be moved on this system;" << key
-                                << "keeps its place until the user drags it";
-    } else if (hiddenSeparator()) {
+    if (hiddenSeparator() && m_s.system.techniques().canMoveItems()) {
         // Just right of the separator is the visible side, just left of it the hidden one.
         shrinkOwnItems();
         performMove({key, BarArrangement::hiddenMarker, pinned});
         restoreOwnItems();
     }
     m_s.preferences.setPlacement(key, placement);
+    recordPlacement(key, placement);
+    m_hiding->placementsChanged();
     recordArrangement();
 }
 

@@ -39,11 +39,17 @@ void StatusBarController::placeNewItem(const QString& key)
                             << itemPlacementName(wanted);
     if (m_s.preferences.placement(key) != ItemPlacement::Panel)
         return; // placed by the user before it was ever seen (an imported layout)
-    if (wanted != ItemPlacement::Panel)
+    if (wanted != ItemPlacement::Panel) {
         m_s.preferences.setPlacement(key, wanted);
+        recordPlacement(key, wanted);
+    }
     if (wanted == ItemPlacement::Off || !keepsArrangement() ||
-        !m_s.system.techniques().canMoveItems())
-        return; // placed off is hidden by the next look; without moves the placement says it
+        !m_s.system.techniques().canMoveItems()) {
+        // Placed off is hidden by the next look; where nothing can be moved, the separators
+        // may still move to it.
+        m_hiding->placementsChanged();
+        return;
+    }
     const BarArrangement seen = seenArrangement();
     const std::optional<BarArrangement::Section> section = seen.sectionOf(key);
     if (!section)

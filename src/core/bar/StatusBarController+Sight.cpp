@@ -3,11 +3,16 @@
 #include "StatusBarController.h"
 
 #include "MenuBarDisplays.h"
+#include "MenuBarHideEngine.h"
 #include "core/discovery/CaptureEngine.h"
 #include "core/discovery/ItemTitles.h"
 #include "core/discovery/MenuBarSystem.h"
 #include "core/discovery/ScannerModel.h"
 #include "core/settings/LanguageManager.h"
+#include "core/settings/PrefKey.h"
+#include "core/settings/Preferences.h"
+#include "foundation/DefaultsStore.h"
+#include "foundation/Logging.h"
 #include "core/tiles/BarGrouping.h"
 #include "core/tiles/BarItemFactory.h"
 #include "platform/MenuExtras.h"
@@ -37,10 +42,10 @@ QString joined(const QStringList& names)
 
 } // namespace
 
-std::vector<BarEntry> StatusBarController::barEntries() const
+std::vector<BarEntry> StatusBarController::barEntries(bool nameNew) const
 {
     const std::vector<CaptureEngine::Raw> raws = m_s.capture.scanAll();
-    const QHash<std::int64_t, QString> keys = keysOf(raws);
+    const QHash<std::int64_t, QString> keys = nameNew ? keysOf(raws) : detectedKeysByWindow();
     QHash<std::int32_t, QString> bundles;
     for (const RunningApplication& app : m_s.workspace.runningApplications())
         bundles.insert(app.pid, app.bundleIdentifier.value_or(QString()));
@@ -93,13 +98,46 @@ std::vector<BarEntry> StatusBarController::absentEntries(const std::vector<BarEn
     return absent;
 }
 
-std::vector<BarEntry> StatusBarController::knownEntries() const
+std::vector<BarEntry> StatusBarController::knownEntries(bool nameNew) const
 {
-    std::vector<BarEntry> entries = barEntries();
+    std::vector<BarEntry> entries = barEntries(nameNew);
     std::vector<BarEntry> absent = absentEntries(entries);
     entries.insert(entries.end(), std::make_move_iterator(absent.begin()),
                    std::make_move_iterator(absent.end()));
     return entries;
+}
+
+// The hide engine once kept lists of its own (applications and system items hidden); they
+// become placements, once, for the items in the bar now, so that every technique reads them.
+void StatusBarController::readEngineListsOnce()
+{
+    DefaultsStore& defaults = m_s.preferences.defaults();
+    const bool hasLists = !defaults.persistentValue(PrefKey::hiddenBundleIDs).isNull() ||
+                          !defaults.persistentValue(PrefKey::hiddenSystemItems).isNull() ||
+                          !defaults.persistentValue(PrefKey::hideSpotlight).isNull();
+    if (!hasLists || defaults.boolForKey(PrefKey::engineListsRead))
+        return;
+    const QSet<QString> hiddenApps = m_s.preferences.hiddenBundleIDs();
+    const std::set<std::int64_t> hiddenSystem = m_s.preferences.hiddenSystemItemIDs();
+    const bool hideSpotlight = m_s.preferences.hideSpotlight();
+    const BarWishes::Now wishes = m_wishes.now();
+    QHash<QString, ItemPlacement> placements;
+    for (const BarEntry& entry : barEntries()) {
+        if (entry.fixed || entry.key.isEmpty() || wishes.inBar.contains(entry.key) ||
+            wishes.off.contains(entry.key))
+            continue;
+        const bool hidden =
+            entry.systemItem
+                ? hiddenSystem.count(*entry.systemItem) > 0
+                : hiddenApps.contains(entry.bundleId) ||
+                      (hideSpotlight &&
+                       MenuBarHideEngine::spotlightBundleIDs().contains(entry.bundleId));
+        placements.insert(entry.key, hidden ? ItemPlacement::Panel : ItemPlacement::Bar);
+    }
+    qCInfo(lcBar) << "the hide engine's lists became placements for" << placements.size()
+                  << "items";
+    defaults.set(PrefKey::engineListsRead, true);
+    m_s.preferences.setPlacements(placements);
 }
 
 std::optional<HiddenBy> StatusBarController::hiddenBy(const BarEntry& entry) const
@@ -137,7 +175,7 @@ StatusBarController::OutOfSight StatusBarController::outOfSight() const
         if (!why && !entry.inBar)
             continue; // gone from the bar, and not by being hidden
         if (!why) {
-            if (!entry.fixed && wishes.placement(entry.key) != ItemPlacement::Bar)
+            if (!entry.fixed && !wishes.wantsInSight(entry.key))
                 inSightUnwanted.push_back(&entry);
             if (!entry.fixed && wishes.wantsInSight(entry.key))
                 bundlesKeptForOthers.insert(entry.bundleId);
@@ -155,7 +193,7 @@ StatusBarController::OutOfSight StatusBarController::outOfSight() const
             continue;
         listed.insert(item->key);
         item->info = entry.raw.info();
-        item->placedInBar = placement == ItemPlacement::Bar;
+        item->placedInBar = wishes.wantsInSight(item->key);
         if (item->placedInBar)
             (*why == HiddenBy::Engine ? result.engineCannotShow : result.cannotBringIntoSight)
                 .append(displayName(*item));

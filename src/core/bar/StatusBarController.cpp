@@ -19,6 +19,7 @@ StatusBarController::StatusBarController(StatusBarServices services)
 {
     buildItems();
     lookAtSystem();
+    readEngineListsOnce();
     chooseHiding();
     m_screensToken = m_s.screens.addChangeObserver(weakly([this] { displaysChanged(); }));
     setupHover();

@@ -127,9 +127,11 @@ public:
     bool collapseHolds() const { return m_hiding->holds(); }
 
     // The items of other applications in the bar now, left to right, named where they can be.
-    std::vector<BarEntry> barEntries() const;
+    // An item no look has named yet is named now (asking its application) unless `nameNew`
+    // is false, as for an observer that must not cost the applications anything.
+    std::vector<BarEntry> barEntries(bool nameNew = true) const;
     // Those and the items of running applications that the bar does not list now.
-    std::vector<BarEntry> knownEntries() const;
+    std::vector<BarEntry> knownEntries(bool nameNew = true) const;
     // Why the user cannot see the item now; null while it is in sight.
     std::optional<HiddenBy> hiddenBy(const BarEntry& entry) const;
     const BarWishes& wishes() const { return m_wishes; }
@@ -159,6 +161,7 @@ public:
     // the system moved items.
     BarArrangement seenArrangement() const;
     void recordArrangement();
+    void recordPlacement(const QString& key, ItemPlacement placement);
     void noticeArrangement();
     void restoreArrangement(const QString& occasion);
     // The items the system moved that could not be put back (keys).
@@ -225,6 +228,8 @@ public:
     // Items the camera housing of a notched display covers: hidden, whatever the separators do.
     std::vector<MenuBarItemInfo> itemsBehindNotch() const;
     void applyItemFilter();
+    // Where the user wants the item: the placement, and the record's side of the separators.
+    void placeItem(const QString& key, ItemPlacement placement);
     void setItemPinned(const QString& key, bool pinned);
     void reHideEscapedItems();
 
@@ -269,6 +274,7 @@ private:
     // choose takes over, with every placement as it was.
     void chooseHiding();
     void handOver(const QString& why);
+    void readEngineListsOnce();
     HidingState hidingState() const;
     bool keepsArrangement() const;
     QHash<std::int64_t, QString> keysOf(const std::vector<CaptureEngine::Raw>& raws) const;

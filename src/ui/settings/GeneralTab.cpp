@@ -66,8 +66,12 @@ void GeneralTab::buildHiding()
                                   lm.L(QStringLiteral("general.enableAlwaysHidden.desc")));
     connect(m_alwaysHidden, &ToggleSwitch::toggled, this,
             [&p](bool on) { p.setEnableAlwaysHidden(on); });
-    // The assessment mode hides without separators, so there is no second section to show.
-    m_alwaysHidden->parentWidget()->setEnabled(!m_actions.usesEngine());
+
+    m_clickShowsInBar = addSwitchRow(group, QStringLiteral("clickShowsInBar"),
+                                     lm.L(QStringLiteral("general.clickShowsInBar")),
+                                     lm.L(QStringLiteral("general.clickShowsInBar.desc")));
+    connect(m_clickShowsInBar, &ToggleSwitch::toggled, this,
+            [&p](bool on) { p.setClickShowsInBar(on); });
 
     m_revealOnHover = addSwitchRow(group, QStringLiteral("revealOnHover"),
                                    lm.L(QStringLiteral("general.revealOnHover")),
@@ -196,6 +200,7 @@ void GeneralTab::refresh()
     m_interval->setValueQuietly(p.rehideInterval());
     m_intervalRow->setEnabled(p.autoRehide());
     m_alwaysHidden->setCheckedQuietly(p.enableAlwaysHidden());
+    m_clickShowsInBar->setCheckedQuietly(p.clickShowsInBar());
     m_revealOnHover->setCheckedQuietly(p.revealOnHover());
     m_systemTiles->setCheckedQuietly(p.showSystemTiles());
     m_weather->setCheckedQuietly(p.showWeather());

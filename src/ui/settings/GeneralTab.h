@@ -41,6 +41,7 @@ private:
     SettingsRow* m_intervalRow = nullptr;
     NumberField* m_interval = nullptr;
     ToggleSwitch* m_alwaysHidden = nullptr;
+    ToggleSwitch* m_clickShowsInBar = nullptr;
     ToggleSwitch* m_revealOnHover = nullptr;
     ToggleSwitch* m_systemTiles = nullptr;
     ToggleSwitch* m_weather = nullptr;

@@ -21,12 +21,9 @@
 namespace ravlin {
 
 MenuBarTab::MenuBarTab(AppDelegate& app, SettingsActions& actions, QWidget* parent)
-    : SettingsPage(parent), m_app(app), m_actions(actions), m_engine(actions.usesEngine())
+    : SettingsPage(parent), m_app(app), m_actions(actions)
 {
-    if (m_engine)
-        buildEngine();
-    else
-        buildPlain();
+    buildItems();
     buildNewItems();
     buildLayouts();
     finish();
@@ -35,9 +32,7 @@ MenuBarTab::MenuBarTab(AppDelegate& app, SettingsActions& actions, QWidget* pare
     refresh();
 }
 
-// --- plain mode ------------------------------------------------------------------------
-
-void MenuBarTab::buildPlain()
+void MenuBarTab::buildItems()
 {
     addText(m_app.languageManager().L(QStringLiteral("menubar.help")));
     auto* holder = new QWidget(this);
@@ -62,8 +57,11 @@ void MenuBarTab::fillItems(SettingsColumn& column)
         detected->addMessageRow(lm.L(QStringLiteral("menubar.empty")));
     for (const BarItem* item : apps)
         detected->addRow(itemRow(*item));
-    column.addNote(lm.L(QStringLiteral("menubar.selectHelp")) + u'\n' +
-                   lm.L(QStringLiteral("menubar.autoupdated")));
+    QString note = lm.L(QStringLiteral("menubar.selectHelp")) + u'\n' +
+                   lm.L(QStringLiteral("menubar.autoupdated"));
+    if (m_actions.hidesWholeApplications())
+        note += u'\n' + lm.L(QStringLiteral("menubar.wholeApps"));
+    column.addNote(note);
 
     if (system.empty())
         return;
@@ -144,19 +142,11 @@ void MenuBarTab::applySpacing()
     }
 }
 
-// --- both modes ------------------------------------------------------------------------
-
 void MenuBarTab::refresh()
 {
     const Preferences& p = m_app.preferences();
     for (auto it = m_placements.cbegin(); it != m_placements.cend(); ++it)
         it.value()->setValue(itemPlacementName(p.placement(it.key())));
-    for (auto it = m_appSwitches.cbegin(); it != m_appSwitches.cend(); ++it)
-        it.value()->setCheckedQuietly(p.isBundleHidden(it.key()));
-    for (auto it = m_systemSwitches.cbegin(); it != m_systemSwitches.cend(); ++it)
-        it.value()->setCheckedQuietly(p.isSystemItemHidden(it.key()));
-    if (m_spotlight)
-        m_spotlight->setCheckedQuietly(p.hideSpotlight());
     if (m_arrange)
         m_arrange->setEnabled(m_actions.canArrange());
     if (m_newItems)
@@ -164,12 +154,7 @@ void MenuBarTab::refresh()
     refreshLayouts();
 }
 
-void MenuBarTab::activated()
-{
-    // The apps with menu-bar extras come and go; the list is taken afresh each time it is shown.
-    if (m_engine)
-        m_app.scannerModel().refreshMenuBarApps();
-}
+void MenuBarTab::activated() {}
 
 void MenuBarTab::scheduleReload()
 {
@@ -192,20 +177,16 @@ void MenuBarTab::reload()
         return;
     }
     m_shownSignature = signature;
-    if (m_engine) {
-        fillApps();
-    } else {
-        m_placements.clear();
-        if (m_lists) {
-            m_lists->hide();
-            m_lists->setParent(nullptr);
-            m_lists->deleteLater();
-        }
-        m_lists = new SettingsColumn(QMargins(0, 0, 0, 0));
-        fillItems(*m_lists);
-        m_listHolder->addWidget(m_lists);
-        m_lists->show();
+    m_placements.clear();
+    if (m_lists) {
+        m_lists->hide();
+        m_lists->setParent(nullptr);
+        m_lists->deleteLater();
     }
+    m_lists = new SettingsColumn(QMargins(0, 0, 0, 0));
+    fillItems(*m_lists);
+    m_listHolder->addWidget(m_lists);
+    m_lists->show();
     refresh();
     Q_EMIT contentChanged();
 }
@@ -213,15 +194,9 @@ void MenuBarTab::reload()
 QString MenuBarTab::listSignature() const
 {
     QStringList parts;
-    const ScannerModel& model = m_app.scannerModel();
-    if (m_engine) {
-        for (const MenuBarApps::Entry& app : model.menuBarApps())
-            parts << app.bundleID + u'=' + app.name;
-    } else {
-        for (const BarItem& item : model.detected())
-            parts << item.key + u'=' + item.label + (item.image ? u'+' : u'-') +
-                         item.symbolName.value_or(QString());
-    }
+    for (const BarItem& item : m_app.scannerModel().detected())
+        parts << item.key + u'=' + item.label + (item.image ? u'+' : u'-') +
+                     item.symbolName.value_or(QString());
     return parts.join(u'\n');
 }
 

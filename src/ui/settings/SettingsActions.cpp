@@ -1,7 +1,6 @@
 #include "SettingsActions.h"
 
 #include "core/app/AppDelegate.h"
-#include "core/bar/MenuBarHideEngine.h"
 #include "core/bar/StatusBarController.h"
 #include "core/discovery/ScannerModel.h"
 #include "foundation/Logging.h"
@@ -13,11 +12,10 @@
 
 namespace ravlin {
 
-bool SettingsActions::usesEngine() const
+bool SettingsActions::hidesWholeApplications() const
 {
-    if (const StatusBarController* bar = m_app.statusBar())
-        return bar->usesEngine();
-    return m_app.hideEngine().isAvailable();
+    const StatusBarController* bar = m_app.statusBar();
+    return bar && bar->hiding().hidesWholeApplications();
 }
 
 void SettingsActions::place(const QString& key, ItemPlacement placement)
@@ -26,36 +24,26 @@ void SettingsActions::place(const QString& key, ItemPlacement placement)
         qCWarning(lcUi) << "an item without a key cannot be placed";
         return;
     }
-    Preferences& preferences = m_app.preferences();
-    StatusBarController* bar = m_app.statusBar();
-    if (!bar || placement == ItemPlacement::Off) {
-        preferences.setPlacement(key, placement);
-        // An item taken off the bar must not stay visible right of the separator.
-        if (bar && placement == ItemPlacement::Off)
-            bar->reHideEscapedItems();
-        return;
-    }
-    bar->setItemPinned(key, placement == ItemPlacement::Bar);
+    if (StatusBarController* bar = m_app.statusBar())
+        bar->placeItem(key, placement);
+    else
+        m_app.preferences().setPlacement(key, placement);
 }
 
 bool SettingsActions::canArrange() const
 {
-    const StatusBarController* bar = m_app.statusBar();
-    return bar && !bar->usesEngine();
+    return m_app.statusBar() != nullptr;
 }
 
 void SettingsActions::arrange()
 {
-    if (StatusBarController* bar = m_app.statusBar(); bar && !bar->usesEngine())
+    if (StatusBarController* bar = m_app.statusBar())
         bar->enterArrangeMode();
 }
 
 void SettingsActions::rescan()
 {
-    if (usesEngine()) {
-        m_app.scannerModel().refreshMenuBarApps();
-        return;
-    }
+    m_app.scannerModel().refreshMenuBarApps();
     if (StatusBarController* bar = m_app.statusBar())
         bar->rebuildFullCache();
 }

@@ -18,13 +18,14 @@ public:
 
     explicit SettingsActions(AppDelegate& app) : m_app(app) {}
 
-    // Whether the bar is hidden through the system's assessment mode rather than separators.
-    bool usesEngine() const;
+    // Whether items are hidden application by application (the system's assessment mode),
+    // so that an item in the bar keeps the other items of its application there too.
+    bool hidesWholeApplications() const;
     // Bar and panel move the item across the separator; off keeps it hidden and out of the panel.
     void place(const QString& key, ItemPlacement placement);
     bool canArrange() const;
     void arrange();
-    // Plain mode looks at every item again; engine mode lists the apps again.
+    // Looks at every item of the bar again.
     void rescan();
     bool canChangeSpacing() const;
     bool applyCompactSpacing();

@@ -118,15 +118,19 @@ TEST_F(GeneralTab, FollowsChangesMadeElsewhere)
     EXPECT_EQ(prefs().tileStyle(), TileStyle::Strip);
 }
 
-TEST(GeneralTabEngine, TheAlwaysHiddenSectionRestsWhenTheSystemHidesTheItems)
+// Whatever hides the items, the same choices: the always-hidden section too, and the click
+// that shows hidden items in the bar rather than the panel.
+TEST(GeneralTabEngine, OffersTheSameChoicesAsWithSeparators)
 {
     test::SettingsWorld world;
     world.typicalDesktop(true);
     world.start();
     world.open(0);
-    ToggleSwitch* always = world.find<ToggleSwitch>(QStringLiteral("enableAlwaysHidden"));
-    ASSERT_NE(always, nullptr);
-    EXPECT_FALSE(always->isEnabledTo(world.window().view()));
-    EXPECT_TRUE(world.find<ToggleSwitch>(QStringLiteral("revealOnHover"))
-                    ->isEnabledTo(world.window().view()));
+    for (const char* name : {"enableAlwaysHidden", "revealOnHover", "clickShowsInBar"}) {
+        ToggleSwitch* toggle = world.find<ToggleSwitch>(QString::fromLatin1(name));
+        ASSERT_NE(toggle, nullptr) << name;
+        EXPECT_TRUE(toggle->isEnabledTo(world.window().view())) << name;
+    }
+    world.find<ToggleSwitch>(QStringLiteral("clickShowsInBar"))->click();
+    EXPECT_TRUE(world.app().preferences().clickShowsInBar());
 }

@@ -249,44 +249,40 @@ protected:
 
 } // namespace
 
-TEST_F(MenuBarTabEngine, OpeningTheTabListsTheAppsAfresh)
+// Where the system hides whole applications, the tab is the same list of items; one line
+// says how the placements of one application's items go together.
+TEST_F(MenuBarTabEngine, ListsTheItemsWithPlacementsAndSaysThatWholeAppsGoTogether)
 {
-    EXPECT_TRUE(world.app().scannerModel().menuBarApps().empty());
     world.open(1);
-    auto* tab = qobject_cast<MenuBarTab*>(world.window().view()->page(1));
-    ASSERT_TRUE(tab && tab->engineMode());
-    ASSERT_EQ(world.app().scannerModel().menuBarApps().size(), 2u);
-    EXPECT_NE(toggle(QStringLiteral("bundle:com.example.chat")), nullptr);
-    EXPECT_NE(toggle(QStringLiteral("bundle:com.example.tunnel")), nullptr);
-    EXPECT_EQ(world.find<SegmentedControl>(QStringLiteral("place:n:Chat Status")), nullptr);
+    EXPECT_NE(world.find<SegmentedControl>(QStringLiteral("place:n:Chat Status")), nullptr);
+    EXPECT_NE(world.find<SegmentedControl>(QStringLiteral("place:n:WiFi")), nullptr);
+    EXPECT_EQ(toggle(QStringLiteral("bundle:com.example.chat")), nullptr);
+    const QString wholeApps = world.app().languageManager().L(QStringLiteral("menubar.wholeApps"));
+    bool said = false;
+    for (const QLabel* label : world.window().view()->findChildren<QLabel*>())
+        said = said || label->text().contains(wholeApps);
+    EXPECT_TRUE(said);
 }
 
-TEST_F(MenuBarTabEngine, AnAppsSwitchHidesItThroughTheSystem)
+TEST_F(MenuBarTabEngine, BarLetsTheItemsApplicationIntoTheBarAndPanelTakesItOut)
 {
     world.open(1);
-    toggle(QStringLiteral("bundle:com.example.chat"))->click();
-    EXPECT_TRUE(prefs().isBundleHidden(QStringLiteral("com.example.chat")));
+    auto allowed = [&] { return world.app().hideEngine().lastAllowedBundleIDs(); };
+    EXPECT_FALSE(allowed().contains(QStringLiteral("com.example.chat")));
+    world.find<SegmentedControl>(QStringLiteral("place:n:Chat Status"))
+        ->segment(QStringLiteral("bar"))
+        ->click();
     world.advance(1);
-    EXPECT_FALSE(world.app().hideEngine().lastAllowedBundleIDs().contains(
-        QStringLiteral("com.example.chat")));
-    EXPECT_TRUE(world.app().hideEngine().lastAllowedBundleIDs().contains(
-        QStringLiteral("com.example.tunnel")));
+    EXPECT_TRUE(allowed().contains(QStringLiteral("com.example.chat")));
+    EXPECT_FALSE(allowed().contains(QStringLiteral("com.example.tunnel")));
+    world.find<SegmentedControl>(QStringLiteral("place:n:Chat Status"))
+        ->segment(QStringLiteral("panel"))
+        ->click();
+    world.advance(1);
+    EXPECT_FALSE(allowed().contains(QStringLiteral("com.example.chat")));
 }
 
-TEST_F(MenuBarTabEngine, SystemItemsAndTheSearchItemHaveSwitches)
-{
-    world.open(1);
-    for (const MenuBarHideEngine::SystemItem& item : MenuBarHideEngine::knownSystemItems())
-        EXPECT_NE(toggle(QStringLiteral("system:%1").arg(item.id)), nullptr) << item.id;
-    toggle(QStringLiteral("system:6"))->click();
-    EXPECT_EQ(prefs().hiddenSystemItemIDs(), (std::set<std::int64_t>{6}));
-    toggle(QStringLiteral("hideSpotlight"))->click();
-    EXPECT_TRUE(prefs().hideSpotlight());
-    prefs().setSystemItem(6, false);
-    EXPECT_FALSE(toggle(QStringLiteral("system:6"))->isChecked());
-}
-
-TEST(MenuBarTabEngineEmpty, SaysThatNoAppWasFound)
+TEST(MenuBarTabEngineEmpty, SaysThatNoItemWasFound)
 {
     test::SettingsWorld world;
     world.script(QStringLiteral("engine available"));
@@ -295,5 +291,5 @@ TEST(MenuBarTabEngineEmpty, SaysThatNoAppWasFound)
     const QStringList messages =
         texts(world.window().view()->findChildren<QLabel*>(QStringLiteral("message")));
     EXPECT_EQ(messages,
-              QStringList{world.app().languageManager().L(QStringLiteral("menubar.engine.empty"))});
+              QStringList{world.app().languageManager().L(QStringLiteral("menubar.empty"))});
 }
