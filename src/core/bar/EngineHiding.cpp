@@ -39,9 +39,10 @@ std::optional<EngineHiding::AllowList> EngineHiding::allowListFor(const HidingSt
             return false;
         return state.alwaysShown || (state.hiddenShown && !wishes.inAlwaysHiddenSection(e.key));
     };
-    QSet<QString> shown, hidden;
+    QSet<QString> shown, hidden, known;
     std::set<std::int64_t> hiddenSystemItems;
     for (const BarEntry& e : m_context.entries()) {
+        known.insert(e.bundleId);
         if (e.fixed)
             continue;
         const bool show = shows(e);
@@ -61,6 +62,13 @@ std::optional<EngineHiding::AllowList> EngineHiding::allowListFor(const HidingSt
         else
             return std::nullopt; // no name to allow it by: only lifting the restriction reaches it
     }
+    // An application whose items were never seen is let in until they are: where hiding takes
+    // items out of the bar, that is the only way to see them, and to place them as the user
+    // wants new items placed.
+    if (m_context.applicationsWithItems)
+        for (const QString& id : m_context.applicationsWithItems())
+            if (!known.contains(id))
+                shown.insert(id);
     AllowList list;
     list.bundles = shown;
     for (const QString& id : MenuBarHideEngine::spotlightBundleIDs())

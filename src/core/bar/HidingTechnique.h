@@ -45,6 +45,9 @@ struct HidingContext {
     QString ownBundleId;
     // Every item of other applications in the bar now, left to right, named where it can be.
     std::function<std::vector<BarEntry>()> entries;
+    // The running applications that have items in the menu bar (asked of each application,
+    // not of the bar, so that it answers also for items hidden from the bar).
+    std::function<QStringList()> applicationsWithItems;
     // Where Ravlin's main item stands (screen coordinates).
     std::function<std::optional<ScreenRect>()> mainFrame;
     // A click on one of the technique's own items is a click on the chevron.

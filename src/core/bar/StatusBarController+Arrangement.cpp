@@ -77,17 +77,43 @@ BarArrangement StatusBarController::seenArrangement() const
     return BarArrangement::fromSequence(tokens);
 }
 
+// What the bar shows of the user's own doing: not the items the system moved where Ravlin
+// could not put them back, nor those Ravlin could not bring where the user placed them.
+BarArrangement StatusBarController::seenByUser(const BarArrangement& seen) const
+{
+    QStringList keys = seen.allKeys();
+    for (const QString& key : m_movedBySystem)
+        keys.removeAll(key);
+    for (const QString& key : m_notWhereWanted)
+        keys.removeAll(key);
+    return seen.restrictedTo(keys);
+}
+
 void StatusBarController::recordArrangement()
 {
     if (!keepsArrangement())
         return;
     const BarArrangement seen = seenArrangement();
     const std::optional<BarArrangement> recorded = m_arrangements.recorded();
-    m_arrangements.record(recorded ? BarArrangement::merged(*recorded, seen) : seen);
+    m_arrangements.record(recorded ? BarArrangement::merged(*recorded, seenByUser(seen)) : seen);
 }
 
-// A placement the user chose also says on which side of the separators the item belongs: the
-// record follows it, so that every technique reads one answer.
+// After Ravlin did what it can for a placement: an item that still stands on the other side
+// (nothing could move it there) is not where the user wants it, and not by the user's hand.
+void StatusBarController::noteWhereItStands(const QString& key)
+{
+    const std::optional<BarArrangement> recorded = m_arrangements.recorded();
+    if (!keepsArrangement() || !recorded)
+        return;
+    const std::optional<BarArrangement::Section> seen = seenArrangement().sectionOf(key);
+    if (seen && seen != recorded->sectionOf(key))
+        m_notWhereWanted.insert(key);
+    else
+        m_notWhereWanted.remove(key);
+}
+
+// A placement the user chose also says on which side of the separators the item belongs:
+// the record follows it, so that every technique reads one answer.
 void StatusBarController::recordPlacement(const QString& key, ItemPlacement placement)
 {
     const std::optional<BarArrangement> recorded = m_arrangements.recorded();
@@ -118,10 +144,8 @@ void StatusBarController::noticeArrangement()
         m_arrangements.record(seen);
         return;
     }
-    QStringList byUser = seen.allKeys();
-    for (const QString& key : m_movedBySystem)
-        byUser.removeAll(key);
-    const BarArrangement merged = BarArrangement::merged(*recorded, seen.restrictedTo(byUser));
+    const QStringList byUser = seenByUser(seen).allKeys();
+    const BarArrangement merged = BarArrangement::merged(*recorded, seenByUser(seen));
     if (merged == *recorded)
         return;
     QHash<QString, ItemPlacement> placements;
@@ -143,6 +167,9 @@ void StatusBarController::noticeArrangement()
     m_arrangements.record(merged);
     // An item the user dragged back where the record has it is no longer moved.
     m_movedBySystem.removeIf([&](const QString& key) {
+        return seen.sectionOf(key) == merged.sectionOf(key);
+    });
+    m_notWhereWanted.removeIf([&](const QString& key) {
         return seen.sectionOf(key) == merged.sectionOf(key);
     });
     if (!placements.isEmpty())

@@ -80,6 +80,8 @@ void StatusBarController::startAutoRefresh()
 
 void StatusBarController::appsChanged()
 {
+    // What hides items by application learns of the new one at once.
+    applyLayout();
     // A burst of launches leads to one look at the bar, after the last of them.
     m_watchTimer.invalidate();
     m_watchTimer = m_s.scheduler.after(1.5, weakly([this] { checkForBarChanges(); }));

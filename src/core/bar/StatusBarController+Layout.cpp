@@ -29,6 +29,17 @@ bool standsLeftOf(const CaptureEngine::Raw& raw, const ScreenRect& separator)
 
 void StatusBarController::publishDetected(std::vector<BarItem> items)
 {
+    // An item the bar does not list while its application runs is hidden by the system, not
+    // gone: it stays known, and offered.
+    QSet<QString> listed;
+    for (const BarItem& item : items)
+        listed.insert(item.key);
+    for (const BarEntry& entry : barEntries(false))
+        listed.insert(entry.key);
+    const Running now = running();
+    for (const BarItem& old : m_s.scannerModel.detected())
+        if (!listed.contains(old.key) && now.pidFor(old) != 0)
+            items.push_back(old);
     for (const BarItem& item : items)
         m_knownKeys.insert(item.info.id, item.key);
     m_s.scannerModel.setDetected(std::move(items));
@@ -232,6 +243,7 @@ void StatusBarController::placeItem(const QString& key, ItemPlacement placement)
     // An item taken off the bar must not stay visible right of the separator.
     reHideEscapedItems();
     m_hiding->placementsChanged();
+    noteWhereItStands(key);
 }
 
 void StatusBarController::setItemPinned(const QString& key, bool pinned)
@@ -246,6 +258,7 @@ void StatusBarController::setItemPinned(const QString& key, bool pinned)
     m_s.preferences.setPlacement(key, placement);
     recordPlacement(key, placement);
     m_hiding->placementsChanged();
+    noteWhereItStands(key);
     recordArrangement();
 }
 

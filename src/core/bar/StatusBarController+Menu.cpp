@@ -162,6 +162,9 @@ void StatusBarController::exitArrangeMode()
     if (!m_arranging)
         return;
     storeArrangedPlacements();
+    // What the user arranged by hand is where the user wants everything now.
+    m_notWhereWanted.clear();
+    m_movedBySystem.clear();
     // While the sections' markers still stand where the user left them.
     recordArrangement();
     m_arranging = false;

@@ -48,6 +48,7 @@ void StatusBarController::placeNewItem(const QString& key)
         // Placed off is hidden by the next look; where nothing can be moved, the separators
         // may still move to it.
         m_hiding->placementsChanged();
+        noteWhereItStands(key);
         return;
     }
     const BarArrangement seen = seenArrangement();

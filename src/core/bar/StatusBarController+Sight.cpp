@@ -63,6 +63,24 @@ std::vector<BarEntry> StatusBarController::barEntries(bool nameNew) const
     return entries;
 }
 
+// The processes that run now, and the one of each application.
+StatusBarController::Running StatusBarController::running() const
+{
+    Running now;
+    for (const RunningApplication& app : m_s.workspace.runningApplications()) {
+        now.pids.insert(app.pid);
+        if (app.bundleIdentifier)
+            now.pidOf.insert(*app.bundleIdentifier, app.pid);
+    }
+    return now;
+}
+
+std::int32_t StatusBarController::Running::pidFor(const BarItem& item) const
+{
+    const std::int32_t pid = item.bundleId.isEmpty() ? item.pid : pidOf.value(item.bundleId, 0);
+    return pid > 0 && pids.contains(pid) ? pid : 0;
+}
+
 // An item whose application still runs but that the bar does not list now: where hiding takes
 // items out of the bar, it is hidden, not gone.
 std::vector<BarEntry> StatusBarController::absentEntries(const std::vector<BarEntry>& present) const
@@ -70,20 +88,11 @@ std::vector<BarEntry> StatusBarController::absentEntries(const std::vector<BarEn
     QSet<QString> listed;
     for (const BarEntry& e : present)
         listed.insert(e.key);
-    QSet<std::int32_t> running;
-    QHash<QString, std::int32_t> pidOf;
-    for (const RunningApplication& app : m_s.workspace.runningApplications()) {
-        running.insert(app.pid);
-        if (app.bundleIdentifier)
-            pidOf.insert(*app.bundleIdentifier, app.pid);
-    }
+    const Running now = running();
     std::vector<BarEntry> absent;
     for (const BarItem& item : m_s.scannerModel.detected()) {
-        if (listed.contains(item.key))
-            continue;
-        const std::int32_t pid =
-            item.bundleId.isEmpty() ? item.pid : pidOf.value(item.bundleId, 0);
-        if (pid <= 0 || !running.contains(pid))
+        const std::int32_t pid = now.pidFor(item);
+        if (listed.contains(item.key) || pid == 0)
             continue;
         BarEntry entry;
         entry.raw = {std::uint32_t(item.info.id), pid, item.info.x, item.info.y,

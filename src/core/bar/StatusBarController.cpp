@@ -2,6 +2,7 @@
 
 #include "ArrangeGuide.h"
 #include "SeparatorHiding.h"
+#include "core/discovery/MenuBarApps.h"
 #include "core/discovery/MenuBarSystem.h"
 #include "TilePanel.h"
 #include "core/settings/PrefKey.h"
@@ -73,6 +74,7 @@ HidingContext StatusBarController::makeHidingContext()
         m_wishes,
         m_s.bundleIdentifier,
         [this] { return knownEntries(); },
+        [this] { return m_s.apps.scanBundleIDs(); },
         [this] { return frameOf(m_mainItem.get()); },
         weakly([this] { mainClicked(); }),
         weakly([this] { updateChevron(); }),

@@ -162,6 +162,8 @@ public:
     BarArrangement seenArrangement() const;
     void recordArrangement();
     void recordPlacement(const QString& key, ItemPlacement placement);
+    void noteWhereItStands(const QString& key);
+    BarArrangement seenByUser(const BarArrangement& seen) const;
     void noticeArrangement();
     void restoreArrangement(const QString& occasion);
     // The items the system moved that could not be put back (keys).
@@ -316,6 +318,13 @@ private:
     void openWithinReach(const BarItem& item);
     BarEntry entryOf(const BarItem& item) const;
     std::vector<BarEntry> absentEntries(const std::vector<BarEntry>& present) const;
+    struct Running {
+        QSet<std::int32_t> pids;
+        QHash<QString, std::int32_t> pidOf; // by bundle identifier
+        // The item's process, if it still runs; 0 otherwise.
+        std::int32_t pidFor(const BarItem& item) const;
+    };
+    Running running() const;
     std::vector<MenuBarItemInfo> hiddenCandidates(double limit) const;
     std::vector<BarItem> mergeDetected(std::vector<BarItem> fresh) const;
     // Runs fn later on the main queue unless the controller is gone by then.
@@ -340,6 +349,7 @@ private:
     Timer m_powerTimer;
     std::optional<bool> m_onBattery;
     QStringList m_movedBySystem;
+    QSet<QString> m_notWhereWanted; // placed where Ravlin could not bring them
     bool m_restoring = false;
     Screens::ObserverToken m_screensToken;
     bool m_expanded = true;
