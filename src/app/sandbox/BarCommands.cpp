@@ -152,6 +152,7 @@ QJsonValue controllerSection(SandboxSession& s, bool)
         {QStringLiteral("buildingCache"), c->buildingCache()},
         {QStringLiteral("didFullBuild"), c->didFullBuild()},
         {QStringLiteral("lastBarSignature"), c->lastBarSignature()},
+        {QStringLiteral("movedBySystem"), QJsonArray::fromStringList(c->movedBySystem())},
         {QStringLiteral("timers"),
          QJsonObject{{QStringLiteral("rehide"), c->rehideTimerArmed()},
                      {QStringLiteral("revealSafety"), c->revealSafetyTimerArmed()},

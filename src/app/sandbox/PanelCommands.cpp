@@ -39,7 +39,9 @@ void tileCommand(CommandContext& c)
     RavlinBarView& view = openPanel(c);
     if (what == u"click") {
         const QString key = c.need(2, QStringLiteral("the tile's key"));
-        if (key == RavlinBarView::settingsKey) {
+        if (key == RavlinBarView::settingsKey || key == RavlinBarView::footnoteKey) {
+            if (key == RavlinBarView::footnoteKey && view.footnote().isEmpty())
+                c.fail(QStringLiteral("the open panel has no note under its tiles"));
             view.clickTile(key);
             c.session.scheduler().runDue();
             return;

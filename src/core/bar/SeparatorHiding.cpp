@@ -229,22 +229,30 @@ void SeparatorHiding::setHolds(bool holds)
 // A collapse is real only while the bar keeps the separators.
 void SeparatorHiding::verify()
 {
-    if (!m_hiddenSep)
-        return;
+    if (m_hiddenSep)
+        verifyLength(m_hiddenSep->length());
+}
+
+// `length`: what the separator was when the bar may have dropped it.
+void SeparatorHiding::verifyLength(double length)
+{
     if (separatorsKept()) {
         setHolds(true);
         return;
     }
-    const double dropped = m_hiddenSep->length();
     setHolds(false);
-    separatorDropped(dropped);
+    separatorDropped(length);
 }
 
+// A display of another width may have made the bar drop a separator at the length it had.
 void SeparatorHiding::displaysChanged()
 {
+    if (!m_hiddenSep)
+        return;
+    const double was = m_hiddenSep->length();
     fillSpans();
     apply(m_state);
-    verify();
+    verifyLength(was);
 }
 
 void SeparatorHiding::rebuild()
@@ -307,16 +315,18 @@ int ShortSeparators::itemsPerSeparator() const
 // are tried once more rather than forever.
 void ShortSeparators::separatorDropped(double length)
 {
-    qCWarning(lcBar).noquote()
-        << QStringLiteral("the menu bar dropped a separator %1 points long; trying shorter ones")
-               .arg(length);
     m_context.system.displaysChanged();
     m_context.system.noteLongItemsDropped();
     rebuild();
     apply(state());
     setHolds(separatorsKept());
-    if (!holds())
-        qCWarning(lcBar) << "the shorter separators were dropped too; items stay in sight";
+    qCWarning(lcBar).noquote()
+        << QStringLiteral("the menu bar dropped a separator %1 points long; %2")
+               .arg(length)
+               .arg(holds() ? QStringLiteral("separators of %1 points hide the items now")
+                                  .arg(collapsedSeparatorLength())
+                            : QStringLiteral("shorter ones were dropped too, so items stay "
+                                             "in sight"));
 }
 
 } // namespace ravlin

@@ -46,6 +46,7 @@ protected:
     virtual void separatorDropped(double length) = 0;
 
     double collapsedSeparatorLength() const;
+    void verifyLength(double length);
     bool separatorsKept() const;
     // Made anew, at the places the arrangement wants (the bar may have dropped the old ones).
     void rebuild();
