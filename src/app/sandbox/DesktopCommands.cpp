@@ -173,6 +173,25 @@ void applyAXOptions(CommandContext& c, const QMap<QString, QString>& o, SimAXSpe
         c.fail(QStringLiteral("ax.depth cannot be negative"));
 }
 
+// `item … helper`: the item is made by a helper process of the application that has no bundle
+// identifier of its own (one per application, running from the start).
+QString helperOf(CommandContext& c, const QString& bundle)
+{
+    SimDesktop& desktop = c.session.desktop();
+    const QString id = bundle + QStringLiteral("#helper");
+    if (!desktop.app(id)) {
+        const SimApp* parent = desktop.app(bundle);
+        SimApp helper;
+        helper.bundleId = id;
+        helper.name = parent->name;
+        helper.policy = ActivationPolicy::Prohibited;
+        helper.reportsBundleId = false;
+        helper.extras = SimExtras::No;
+        desktop.addApp(helper);
+    }
+    return id;
+}
+
 void itemCommand(CommandContext& c)
 {
     SimItem item;
@@ -188,7 +207,7 @@ void itemCommand(CommandContext& c)
                    QStringLiteral("ax"), QStringLiteral("ax.title"),
                    QStringLiteral("ax.description"), QStringLiteral("ax.help"),
                    QStringLiteral("ax.actions"), QStringLiteral("ax.result"),
-                   QStringLiteral("ax.depth")});
+                   QStringLiteral("ax.depth"), QStringLiteral("helper")});
     if (o.contains(QStringLiteral("width")))
         item.width = number(c, o.value(QStringLiteral("width")), QStringLiteral("width"));
     if (o.contains(QStringLiteral("height")))
@@ -199,6 +218,8 @@ void itemCommand(CommandContext& c)
         item.window = integer(c, o.value(QStringLiteral("window")), QStringLiteral("window"));
     item.owner = o.value(QStringLiteral("owner"));
     item.fixed = o.contains(QStringLiteral("fixed"));
+    if (o.contains(QStringLiteral("helper")))
+        item.bundleId = helperOf(c, item.bundleId);
     applyAXOptions(c, o, item.ax);
     if (item.window != 0 && c.session.desktop().item(item.window))
         c.fail(QStringLiteral("window %1 is taken").arg(item.window));

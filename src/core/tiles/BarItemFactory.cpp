@@ -68,13 +68,6 @@ bool BarItemFactory::isRecordingIndicator(const std::optional<ResolvedItem>& res
                        {u"bildschirmaufnahme", u"screen recording", u"recording"});
 }
 
-// Battery and weather have tiles of their own.
-bool BarItemFactory::hasOwnTile(const QString& systemLabel)
-{
-    return containsAny(systemLabel.toLower(),
-                       {u"batterie", u"battery", u"akku", u"wetter", u"weather"});
-}
-
 std::optional<BarItem> BarItemFactory::makeItem(const MenuBarItemInfo& info)
 {
     if (isNeverATile(info))
@@ -102,8 +95,6 @@ std::optional<BarItem> BarItemFactory::makeItem(const MenuBarItemInfo& info)
     else
         cacheLabel(item.key, item.label);
     if (item.label.isEmpty())
-        return std::nullopt;
-    if (item.isApple && hasOwnTile(item.label))
         return std::nullopt;
 
     if (resolved) {

@@ -52,7 +52,6 @@ public:
 private:
     static bool isNeverATile(const MenuBarItemInfo& info);
     static bool isRecordingIndicator(const std::optional<ResolvedItem>& resolved);
-    static bool hasOwnTile(const QString& systemLabel);
     QMap<QString, QString> labelCache() const;
     std::optional<ResolvedItem> resolve(const MenuBarItemInfo& info);
 

@@ -40,6 +40,8 @@ std::optional<int> SimAssessmentMode::systemItemID(const SimItem& item)
         {QStringLiteral("Keyboard"), 4},        {QStringLiteral("Sound"), 5},
         {QStringLiteral("Volume"), 5},          {QStringLiteral("WiFi"), 6},
         {QStringLiteral("ScreenMirroring"), 7}, {QStringLiteral("BentoBox-0"), 8},
+        // The Control Center's modules: hidden unless allowed one by one.
+        {QStringLiteral("FocusModes"), 9},      {QStringLiteral("NowPlaying"), 10},
     };
     if (item.bundleId != u"com.apple.controlcenter" && item.bundleId != u"com.apple.systemuiserver")
         return std::nullopt;

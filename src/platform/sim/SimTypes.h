@@ -37,6 +37,9 @@ struct SimApp {
     ActivationPolicy policy = ActivationPolicy::Regular;
     bool running = true;
     bool hung = false; // answers no accessibility request
+    // False for a helper process that runs without a bundle identifier of its own: the
+    // workspace names none, and the assessment mode cannot be told to allow its items.
+    bool reportsBundleId = true;
     SimExtras extras = SimExtras::Auto;
 };
 

@@ -24,7 +24,7 @@ SimWorkspace::SimWorkspace(SimDesktop& desktop) : m_desktop(desktop)
 RunningApplication SimWorkspace::describe(const SimApp& app)
 {
     RunningApplication r;
-    if (!app.bundleId.isEmpty())
+    if (!app.bundleId.isEmpty() && app.reportsBundleId)
         r.bundleIdentifier = app.bundleId;
     if (!app.name.isEmpty())
         r.localizedName = app.name;

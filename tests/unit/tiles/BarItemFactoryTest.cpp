@@ -69,12 +69,16 @@ TEST_F(BarItemFactoryTest, DropsItemsResolvingToThisApplicationAndTheRecordingIn
     EXPECT_FALSE(make(w.desktop.addItem(own)));
 }
 
-TEST_F(BarItemFactoryTest, SystemItemsAboutBatteryOrWeatherHaveTilesOfTheirOwn)
+// The battery's item is one the user can hide and place like any other, beside the panel's
+// battery statistic.
+TEST_F(BarItemFactoryTest, TheBatteryItemIsAnItemLikeAnyOther)
 {
     const auto akku = put(QStringLiteral("com.apple.controlcenter"), QStringLiteral("CC"),
                           QStringLiteral("com.apple.menuextra.battery"));
     w.itemRef(akku).ax.title = QStringLiteral("Akku, 80 %");
-    EXPECT_FALSE(make(akku));
+    ASSERT_TRUE(make(akku));
+    EXPECT_EQ(make(akku)->label, QStringLiteral("Akku"));
+    EXPECT_EQ(make(akku)->symbolName, QStringLiteral("battery.100"));
     // Another application's weather item is a tile all the same.
     const auto weather = put(QStringLiteral("com.example.weather"), QStringLiteral("Weather Pro"),
                              QStringLiteral("Item-0"));
