@@ -29,6 +29,8 @@ void registerLayoutCommands(ScriptRunner& runner);
 void registerSettingsWindowCommands(ScriptRunner& runner);
 // key, type, hotkey; the section shortcuts.
 void registerKeyboardCommands(ScriptRunner& runner);
+// update; the section updates.
+void registerUpdateCommands(ScriptRunner& runner);
 // Every command of the script language that a later part of the sandbox brings.
 void registerPendingCommands(ScriptRunner& runner);
 

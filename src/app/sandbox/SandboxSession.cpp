@@ -16,6 +16,7 @@
 #include "ui/settings/ShortcutField.h"
 #include "core/settings/KeyChord.h"
 #include "platform/sim/SimHotKeys.h"
+#include "platform/sim/SimUpdater.h"
 #include "ui/RavlinBarView.h"
 
 #include "foundation/ResourceBundle.h"
@@ -199,6 +200,16 @@ QString SandboxSession::pressKey(const KeyChord& chord)
     QCoreApplication::sendEvent(target, &release);
     return m_ravlinBar && target == m_ravlinBar->view() ? QStringLiteral("panel")
                                                          : QStringLiteral("settings");
+}
+
+SimUpdater* SandboxSession::updater()
+{
+    return static_cast<SimUpdater*>(m_platform.updater.get());
+}
+
+void SandboxSession::removeUpdater()
+{
+    m_platform.updater.reset();
 }
 
 SimMenuBarSpacing& SandboxSession::menuBarSpacing()

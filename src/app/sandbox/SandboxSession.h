@@ -33,6 +33,7 @@ class SimLoginItems;
 class SimMenuBarSpacing;
 class SimSystemProbe;
 class SimHotKeys;
+class SimUpdater;
 struct KeyChord;
 } // namespace ravlin
 
@@ -83,6 +84,9 @@ public:
     SettingsWindowController& settingsWindow();
     SimMenuBarSpacing& menuBarSpacing();
     SimHotKeys& hotKeys();
+    // The simulated updater; null once a script took it away.
+    SimUpdater* updater();
+    void removeUpdater();
     // A person presses the chord: a registered global shortcut takes it first, as the
     // system does; otherwise it goes to the key window (the open panel, or the settings
     // window's shortcut field that is recording, or its focused control). Answers where it

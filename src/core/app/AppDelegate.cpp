@@ -3,6 +3,7 @@
 #include "GlobalShortcuts.h"
 #include "MenuBarServices.h"
 #include "SettingsPresenter.h"
+#include "SoftwareUpdate.h"
 #include "core/bar/MenuBarHideEngine.h"
 #include "core/bar/StatusBarController.h"
 #include "core/bar/TilePanel.h"
@@ -43,7 +44,8 @@ AppDelegate::AppDelegate(Platform& platform, Scheduler& scheduler, const Resourc
                                                   *m_language, *m_logs)),
       m_scannerModel(std::make_unique<ScannerModel>(m_menuBar->scanner(), m_menuBar->apps())),
       m_tileModel(std::make_unique<TileModel>(*platform.defaults)),
-      m_hideEngine(std::make_unique<MenuBarHideEngine>(platform.assessmentMode.get()))
+      m_hideEngine(std::make_unique<MenuBarHideEngine>(platform.assessmentMode.get())),
+      m_updates(std::make_unique<SoftwareUpdate>(*platform.defaults, platform.updater.get()))
 {}
 
 AppDelegate::~AppDelegate()
@@ -106,6 +108,7 @@ void AppDelegate::applicationDidFinishLaunching(const QStringList& arguments)
     }
     m_preferences->registerDefaults();
     m_language->applyStored();
+    m_updates->apply();
     m_statusBar =
         std::make_unique<StatusBarController>(StatusBarServices{m_scheduler,
                                                                 *m_preferences,
@@ -131,6 +134,7 @@ void AppDelegate::applicationDidFinishLaunching(const QStringList& arguments)
                                                                 m_windows.panel,
                                                                 m_windows.guide,
                                                                 m_windows.settings,
+                                                                m_updates.get(),
                                                                 m_platform.bundleIdentifier,
                                                                 onBatteryReader()});
     makeShortcuts();

@@ -21,6 +21,7 @@ class Resources;
 class ScannerModel;
 class Scheduler;
 class SettingsPresenter;
+class SoftwareUpdate;
 class StatusBarController;
 class SystemStats;
 class TileModel;
@@ -63,6 +64,7 @@ public:
     TileModel& tileModel() const { return *m_tileModel; }
     DiagnosticLogs& diagnosticLogs() const { return *m_logs; }
     MenuBarHideEngine& hideEngine() const { return *m_hideEngine; }
+    SoftwareUpdate& softwareUpdate() const { return *m_updates; }
     // Absent until start-up made it (and never made by a second copy or the self-test).
     StatusBarController* statusBar() const { return m_statusBar.get(); }
     // The system-wide shortcuts; absent until start-up made them, like the status bar.
@@ -91,6 +93,7 @@ private:
     std::unique_ptr<ScannerModel> m_scannerModel;
     std::unique_ptr<TileModel> m_tileModel;
     std::unique_ptr<MenuBarHideEngine> m_hideEngine;
+    std::unique_ptr<SoftwareUpdate> m_updates;
     std::unique_ptr<StatusBarController> m_statusBar;
     std::unique_ptr<GlobalShortcuts> m_shortcuts;
     AppWindows m_windows;

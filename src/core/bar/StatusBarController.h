@@ -44,6 +44,7 @@ class Preferences;
 class ScannerModel;
 class Screens;
 class SettingsPresenter;
+class SoftwareUpdate;
 class StatusBar;
 class StatusItem;
 class TilePanel;
@@ -79,6 +80,7 @@ struct StatusBarServices {
     TilePanel* panel = nullptr;
     ArrangeGuide* guide = nullptr;
     SettingsPresenter* settings = nullptr;
+    SoftwareUpdate* updates = nullptr;
     QString bundleIdentifier;
     // Whether the Mac runs on battery now (absent: unknown, or no battery).
     std::function<std::optional<bool>()> onBattery;

@@ -9,6 +9,7 @@
 #include "SettingsStyle.h"
 #include "TextLabel.h"
 #include "core/app/AppDelegate.h"
+#include "core/app/SoftwareUpdate.h"
 #include "core/settings/LanguageManager.h"
 #include "ui/SymbolRenderer.h"
 #include "ui/Theme.h"
@@ -88,6 +89,15 @@ void AboutTab::buildHeader()
     versionLine->setObjectName(QStringLiteral("version"));
     versionLine->setTextInteractionFlags(Qt::TextSelectableByMouse);
     column->addWidget(centred(versionLine));
+    SoftwareUpdate& updates = m_app.softwareUpdate();
+    if (updates.available()) {
+        column->addSpacing(8);
+        auto* check = new SettingsButton(SettingsButton::Kind::Push,
+                                         lm.L(QStringLiteral("menu.checkForUpdates")), header);
+        check->setObjectName(QStringLiteral("checkForUpdates"));
+        connect(check, &QPushButton::clicked, this, [&updates] { updates.checkNow(); });
+        column->addWidget(check, 0, Qt::AlignHCenter);
+    }
     addWidget(header, 0);
 }
 
