@@ -181,6 +181,7 @@ void registerAll(ScriptRunner& runner)
     registerSettingsWindowCommands(runner);
     registerKeyboardCommands(runner);
     registerUpdateCommands(runner);
+    registerWelcomeCommands(runner);
     registerPendingCommands(runner);
 }
 

@@ -14,6 +14,8 @@
 #include "ui/settings/SettingsView.h"
 #include "ui/settings/SettingsWindowController.h"
 #include "ui/settings/ShortcutField.h"
+#include "ui/welcome/WelcomeView.h"
+#include "ui/welcome/WelcomeWindowController.h"
 #include "core/settings/KeyChord.h"
 #include "platform/sim/SimHotKeys.h"
 #include "platform/sim/SimUpdater.h"
@@ -103,6 +105,7 @@ SandboxSession::~SandboxSession()
     // The settings window works on the application, so it goes first; the application
     // goes before the other windows and the services it uses.
     m_settingsWindow.reset();
+    m_welcomeWindow.reset();
     m_app.reset();
 }
 
@@ -141,8 +144,10 @@ std::vector<QWidget*> SandboxSession::visibleWindows()
     std::vector<QWidget*> windows;
     QWidget* settings =
         m_settingsWindow && m_settingsWindow->isVisible() ? m_settingsWindow->view() : nullptr;
+    QWidget* welcome =
+        m_welcomeWindow && m_welcomeWindow->isVisible() ? m_welcomeWindow->view() : nullptr;
     for (QWidget* window :
-         {settings, arrangeWindow(), m_ravlinBar ? m_ravlinBar->window() : nullptr})
+         {welcome, settings, arrangeWindow(), m_ravlinBar ? m_ravlinBar->window() : nullptr})
         if (window && window->isVisible())
             windows.push_back(window);
     return windows;
@@ -163,6 +168,12 @@ SettingsWindowController& SandboxSession::settingsWindow()
 {
     app();
     return *m_settingsWindow;
+}
+
+WelcomeWindowController& SandboxSession::welcomeWindow()
+{
+    app();
+    return *m_welcomeWindow;
 }
 
 SimHotKeys& SandboxSession::hotKeys()
@@ -243,10 +254,12 @@ AppDelegate& SandboxSession::app()
             m_app->menuBar().permissions(), *m_platform.workspace});
         m_ravlinBar->setAnimated(false); // virtual time has no animation frames
         m_settingsWindow = std::make_unique<SettingsWindowController>(*m_app);
+        m_welcomeWindow = std::make_unique<WelcomeWindowController>(*m_app);
         AppWindows windows;
         windows.guide = m_arrangeHUD.get();
         windows.panel = m_ravlinBar.get();
         windows.settings = m_settingsWindow.get();
+        windows.welcome = m_welcomeWindow.get();
         m_app->setWindows(windows);
         m_app->setLogDirectory(m_options.logDir);
     }
@@ -257,6 +270,7 @@ void SandboxSession::restart(const QStringList& arguments)
 {
     // In the order of the destructor: what works on the application goes first.
     m_settingsWindow.reset();
+    m_welcomeWindow.reset();
     m_app.reset();
     m_ravlinBar.reset();
     m_arrangeHUD.reset();

@@ -24,6 +24,7 @@ class ArrangeGuide;
 class ArrangeHUD;
 class RavlinBar;
 class SettingsWindowController;
+class WelcomeWindowController;
 class SimApplicationControl;
 class SimAssessmentMode;
 class SimDesktop;
@@ -82,6 +83,7 @@ public:
     // Presses the arrange guide's done button; false when the guide is not showing.
     bool pressArrangeDone();
     SettingsWindowController& settingsWindow();
+    WelcomeWindowController& welcomeWindow();
     SimMenuBarSpacing& menuBarSpacing();
     SimHotKeys& hotKeys();
     // The simulated updater; null once a script took it away.
@@ -130,6 +132,7 @@ private:
     std::unique_ptr<ArrangeHUD> m_arrangeHUD;
     std::unique_ptr<RavlinBar> m_ravlinBar;
     std::unique_ptr<SettingsWindowController> m_settingsWindow;
+    std::unique_ptr<WelcomeWindowController> m_welcomeWindow;
     std::unique_ptr<AppDelegate> m_app;
     bool m_started = false;
 };

@@ -36,6 +36,18 @@ std::optional<ScreenRect> StatusBarController::frameOf(const StatusItem* item) c
     return m_s.reader.frameOf(*item);
 }
 
+bool StatusBarController::mainItemShown() const
+{
+    const std::optional<ScreenRect> frame = frameOf(m_mainItem.get());
+    if (!frame)
+        return false;
+    const ScreenPoint centre{frame->x + frame->width / 2, frame->y + frame->height / 2};
+    for (const ScreenInfo& screen : m_s.screens.screens())
+        if (screen.frame.contains(centre))
+            return true;
+    return false;
+}
+
 // Where separators stay short, items the bar has no room for wait in the system's
 // overflow menu rather than off screen: the panel says where they are.
 QString StatusBarController::panelFootnote() const
@@ -118,7 +130,8 @@ bool StatusBarController::separatorsKept() const
 // nothing: the chevron says so, the separators come back shorter and are checked again.
 void StatusBarController::verifyCollapse()
 {
-    if (m_usesEngine || !m_hiddenSep)
+    // A bar that shows none of Ravlin's items says nothing about the separators' length.
+    if (m_usesEngine || !m_hiddenSep || !mainItemShown())
         return;
     if (separatorsKept()) {
         if (!m_collapseHolds) {

@@ -199,6 +199,9 @@ public:
     void displaysChanged();
     void verifyCollapse();
     std::optional<ScreenRect> frameOf(const StatusItem* item) const;
+    // Whether the bar shows Ravlin's icon on a display (the system's list of applications
+    // allowed in the menu bar can take all of Ravlin's items out of it).
+    bool mainItemShown() const;
     // What the panel says under its tiles about where the rest of the items are.
     QString panelFootnote() const;
     void footnoteClicked();
