@@ -88,8 +88,8 @@ void WelcomeView::rebuild()
         stack->addWidget(footer());
     m_layout->addWidget(m_content);
     m_content->show();
-    setWindowTitle(L(introduction ? QStringLiteral("welcome.title")
-                                  : QStringLiteral("welcome.hidden.title")));
+    setWindowTitle(introduction ? L(QStringLiteral("welcome.title"))
+                                : L(QStringLiteral("welcome.hidden.title")));
     setLayoutDirection(m_language.isRTL() ? Qt::RightToLeft : Qt::LeftToRight);
     const int height = m_content->heightForWidth(windowWidth);
     setFixedSize(windowWidth, height > 0 ? height : m_content->sizeHint().height());
@@ -118,10 +118,12 @@ void WelcomeView::buildIntroduction(SettingsColumn& column)
 {
     addHeader(column, L(QStringLiteral("welcome.title")), L(QStringLiteral("welcome.intro")));
     SettingsGroup* permissions = column.addSection(L(QStringLiteral("welcome.section.permissions")));
+    const QString screenKey = QStringLiteral("welcome.screenRecording");
     addPermissionRow(permissions, QStringLiteral("screenRecording"), QStringLiteral("display"),
-                     QStringLiteral("welcome.screenRecording"), m_guide.screenRecording());
+                     screenKey, m_guide.screenRecording());
+    const QString accessibilityKey = QStringLiteral("welcome.accessibility");
     addPermissionRow(permissions, QStringLiteral("accessibility"), QStringLiteral("accessibility"),
-                     QStringLiteral("welcome.accessibility"), m_guide.accessibility());
+                     accessibilityKey, m_guide.accessibility());
 
     SettingsGroup* start = column.addSection(L(QStringLiteral("welcome.section.start")));
     addShortcutRow(start);
