@@ -1,5 +1,7 @@
 #include "SimUpdater.h"
 
+#include "foundation/Logging.h"
+
 namespace ravlin {
 
 QString SimUpdater::kindName(SimUpdateWindow::Kind kind)
@@ -44,7 +46,24 @@ SimUpdateWindow SimUpdater::answer() const
 void SimUpdater::checkForUpdates()
 {
     ++m_userChecks;
-    m_shown.push_back(answer());
+    show(answer());
+}
+
+// What the updater's window would say, for the sandbox's log.
+void SimUpdater::show(const SimUpdateWindow& window)
+{
+    switch (window.kind) {
+    case SimUpdateWindow::Kind::Offer:
+        qCInfo(lcApp).noquote() << "the updater offers version" << window.version;
+        break;
+    case SimUpdateWindow::Kind::UpToDate:
+        qCInfo(lcApp) << "the updater says Ravlin is up to date";
+        break;
+    case SimUpdateWindow::Kind::Error:
+        qCInfo(lcApp).noquote() << "the updater could not check:" << window.message;
+        break;
+    }
+    m_shown.push_back(window);
 }
 
 void SimUpdater::backgroundCheck()
@@ -54,7 +73,7 @@ void SimUpdater::backgroundCheck()
     ++m_backgroundChecks;
     // A background check says nothing unless it found something to offer.
     if (const SimUpdateWindow window = answer(); window.kind == SimUpdateWindow::Kind::Offer)
-        m_shown.push_back(window);
+        show(window);
 }
 
 } // namespace ravlin

@@ -48,6 +48,7 @@ public:
 
 private:
     SimUpdateWindow answer() const;
+    void show(const SimUpdateWindow& window);
 
     struct Feed {
         std::optional<QString> version;
