@@ -42,7 +42,7 @@ permission accessibility off
 start
 advance 3
 dump controller welcome
-screenshot FOLDER/00-welcome.png
+screenshot FOLDER/00-welcome.png region=welcome
 permission accessibility on
 advance 1
 welcome press done
@@ -156,7 +156,7 @@ defaults write ravlin.welcomeShown true
 start
 advance 2
 dump welcome
-screenshot FOLDER/18-welcome-icon-off.png
+screenshot FOLDER/18-welcome-icon-off.png region=welcome
 welcome press openMenuBarSettings
 dump opened
 allow de.vexa.Ravlin on
