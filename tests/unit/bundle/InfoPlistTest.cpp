@@ -68,8 +68,9 @@ TEST_F(InfoPlist, GivesSparkleItsFeedAndKey)
     ASSERT_TRUE(plist[QStringLiteral("SUPublicEDKey")].asString().has_value());
     // Development builds carry no key; a release's key is 32 bytes.
     const QString key = text("SUPublicEDKey");
-    if (!key.isEmpty())
+    if (!key.isEmpty()) {
         EXPECT_EQ(QByteArray::fromBase64(key.toLatin1()).size(), 32);
+    }
     EXPECT_TRUE(plist[QStringLiteral("SUEnableAutomaticChecks")].asBool().has_value());
     EXPECT_EQ(plist[QStringLiteral("SUScheduledCheckInterval")].asInteger(), 86400);
 }
