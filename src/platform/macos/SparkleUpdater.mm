@@ -14,7 +14,7 @@
 - (NSSet<NSString*>*)allowedChannelsForUpdater:(SPUUpdater*)updater
 {
     (void)updater;
-    return self.channels ?: [NSSet set];
+    return self.channels != nil ? self.channels : [NSSet set];
 }
 
 - (BOOL)supportsGentleScheduledUpdateReminders
