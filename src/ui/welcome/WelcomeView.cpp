@@ -10,9 +10,11 @@
 #include "ui/settings/SettingsGroup.h"
 #include "ui/settings/SettingsRow.h"
 #include "ui/settings/SettingsStyle.h"
+#include "ui/settings/TextLabel.h"
 #include "ui/settings/ToggleSwitch.h"
 
 #include <QCloseEvent>
+#include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QShortcut>
@@ -177,9 +179,17 @@ void WelcomeView::addShortcutRow(SettingsGroup* group)
     QLabel* keys = SettingsStyle::label(chord ? chord->displayText() : L(QStringLiteral("shortcut.none")),
                                         SettingsStyle::bodyFont(), SettingsStyle::primaryText(), row);
     keys->setObjectName(QStringLiteral("shortcut"));
-    keys->setStyleSheet(QStringLiteral("QLabel { background: white; border: 1px solid rgba(0,0,0,40);"
-                                       " border-radius: 5px; padding: 2px 8px; }"));
-    row->addTrailing(keys);
+    // Keys read left to right in every language, as the system writes them.
+    static_cast<TextLabel*>(keys)->setFollowsWindowDirection(false);
+    auto* cap = new QFrame(row);
+    cap->setObjectName(QStringLiteral("keyCap"));
+    cap->setStyleSheet(QStringLiteral("#keyCap { background: white; border: 1px solid #c8c8cc;"
+                                      " border-radius: 5px; }"));
+    auto* inside = new QHBoxLayout(cap);
+    inside->setContentsMargins(9, 3, 9, 3);
+    keys->setParent(cap);
+    inside->addWidget(keys);
+    row->addTrailing(cap);
     group->addRow(row);
 }
 
