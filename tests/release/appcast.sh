@@ -37,7 +37,8 @@ cp "$work/Ravlin.dmg" "$work/changed.dmg"; printf 'x' >> "$work/changed.dmg"
 other=$(SPARKLE_PRIVATE_KEY=$(bash "$release/ed25519.sh" generate) bash "$release/ed25519.sh" public)
 ! bash "$release/ed25519.sh" verify "$work/Ravlin.dmg" "$sig" "$other" || fail "another key verifies"
 
-# The feed: a stable item, then a beta on top of it.
+# The feed as the repository holds it: a stable item, then a beta on top of it.
+cp "$release/../../updates/appcast.xml" "$work/appcast.xml"
 bash "$release/appcast-item.sh" --archive "$work/Ravlin.dmg" --info-plist "$work/Info.plist" \
   --url "$url" --date "Tue, 01 Dec 2026 10:00:00 +0000" > "$work/stable.xml"
 bash "$release/add-to-appcast.sh" "$work/appcast.xml" "$work/stable.xml"
