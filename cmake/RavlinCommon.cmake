@@ -5,7 +5,7 @@ target_compile_definitions(ravlin_common INTERFACE
   QT_NO_CAST_FROM_ASCII
   QT_NO_CONTEXTLESS_CONNECT
   QT_NO_KEYWORDS
-  RAVLIN_VERSION="${PROJECT_VERSION}")
+  RAVLIN_VERSION="${RAVLIN_DISPLAY_VERSION}")
 if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
   target_compile_options(ravlin_common INTERFACE -Wall -Wextra -Wpedantic -Wno-missing-field-initializers)
 endif()

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs what Ravlin needs to build, test and run on Debian 12. Safe to run again:
-# it only calls apt-get when a package is missing.
+# it only calls apt-get when a package is missing. OpenSSL signs and checks the update feed's
+# Ed25519 signatures and Ruby reads the Homebrew cask in the release tests.
 set -euo pipefail
 
 packages=(
@@ -9,6 +10,7 @@ packages=(
   libplist-dev libgtest-dev libgmock-dev libbenchmark-dev
   fonts-material-design-icons-iconfont fonts-noto-core fonts-noto-cjk
   xvfb xauth
+  openssl ruby
 )
 if [[ "${RAVLIN_WITH_CLANG:-0}" == 1 ]]; then
   packages+=(clang libclang-rt-14-dev)

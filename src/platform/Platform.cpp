@@ -12,6 +12,7 @@
 #include "Screens.h"
 #include "StatusBar.h"
 #include "UnavailableServices.h"
+#include "Updater.h"
 #include "WindowServer.h"
 #include "Workspace.h"
 #include "foundation/DefaultsStore.h"

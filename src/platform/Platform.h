@@ -19,6 +19,7 @@ class LocationService;
 class LoginItems;
 class MenuBarSpacing;
 class SystemProbe;
+class Updater;
 class Events;
 class LoginItems;
 class Permissions;
@@ -60,6 +61,8 @@ struct Platform {
     std::unique_ptr<MenuBarSpacing> menuBarSpacing;
     // System-wide keyboard shortcuts; may stay empty where there are none.
     std::unique_ptr<HotKeys> hotKeys;
+    // Finds and installs new versions; may stay empty where the build has no updater.
+    std::unique_ptr<Updater> updater;
     // The system's preferred interface languages, most wanted first (tags such as "de-DE").
     QStringList preferredLanguages;
     // This application's bundle identifier ("de.vexa.Ravlin"); empty without one.

@@ -59,6 +59,8 @@ const QHash<QString, char32_t>& symbolGlyphs()
         {QStringLiteral("globe"), 0xe894},             // language
         {QStringLiteral("info.circle"), 0xe88e},       // info
         {QStringLiteral("arrow.clockwise"), 0xe5d5},   // refresh
+        // welcome window
+        {QStringLiteral("power"), 0xe8ac}, // power_settings_new
     };
     return map;
 }

@@ -10,6 +10,7 @@
 #include "ui/ArrangeHUD.h"
 #include "ui/RavlinBar.h"
 #include "ui/settings/SettingsWindowController.h"
+#include "ui/welcome/WelcomeWindowController.h"
 
 #import <AppKit/AppKit.h>
 
@@ -39,10 +40,12 @@ int main(int argc, char** argv)
                                       delegate.systemStats(), delegate.weatherService(), delegate.tileModel(),
                                       delegate.menuBar().permissions(), *platform.workspace});
     SettingsWindowController settings(delegate);
+    WelcomeWindowController welcome(delegate);
     AppWindows windows;
     windows.guide = &arrangeGuide;
     windows.panel = &panel;
     windows.settings = &settings;
+    windows.welcome = &welcome;
     delegate.setWindows(windows);
 
     QTimer::singleShot(0, [&] {

@@ -181,6 +181,8 @@ void registerAll(ScriptRunner& runner)
     registerSettingsWindowCommands(runner);
     registerKeyboardCommands(runner);
     registerCellCommands(runner);
+    registerUpdateCommands(runner);
+    registerWelcomeCommands(runner);
     registerPendingCommands(runner);
 }
 

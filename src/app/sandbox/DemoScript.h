@@ -35,11 +35,17 @@ inline QString inFolder(QString tour, const QString& folder)
 inline QString demoScript(const QString& folder)
 {
     QString tour = QStringLiteral(R"(
-# Ravlin starts: its items stand right of everything, the bar collapses after 0.7 s and
-# a full rebuild captures every hidden item 0.6 s later.
+# Ravlin starts for the first time: its items stand right of everything, the bar collapses
+# after 0.7 s, a full rebuild captures every hidden item 0.6 s later, and the welcome window
+# introduces Ravlin with the two permissions, the shortcut and launch at login.
+permission accessibility off
 start
 advance 3
-dump controller
+dump controller welcome
+screenshot FOLDER/00-welcome.png region=welcome
+permission accessibility on
+advance 1
+welcome press done
 screenshot FOLDER/01-bar-collapsed.png
 # The status menu's show command expands the hidden section in place.
 click main right
@@ -104,6 +110,9 @@ settings tab 2
 screenshot FOLDER/10-settings-language.png
 settings tab 3
 screenshot FOLDER/11-settings-about.png
+# The About tab checks for updates as the status menu does; the updater shows what it found.
+settings press checkForUpdates
+dump updates
 settings close
 # An application starts for the first time: its item goes to the panel, marked as new.
 launch com.example.paste
@@ -121,7 +130,39 @@ click main right
 menu point text:menu.layouts
 screenshot FOLDER/15-menu-layouts.png
 menu close
+# Check for Updates… in the status menu; the General tab's update settings.
+click main right
+screenshot FOLDER/16-menu-updates.png
+menu text:menu.checkForUpdates
+dump updates
+settings open 0
+settings scroll end
+screenshot FOLDER/17-settings-updates.png
+settings close
 dump controller process
+)");
+    return sampleDesktopForMachine() + inFolder(tour, folder);
+}
+
+// macOS 26 with Ravlin switched off under "Allow in the Menu Bar": no icon to click, so the
+// welcome window opens on the way back, and closes once the icon is there again.
+inline QString iconSwitchedOffDemoScript(const QString& folder)
+{
+    const QString tour = QStringLiteral(R"(
+# macOS 26: Ravlin is switched off in System Settings › Menu Bar.
+system 26
+allow de.vexa.Ravlin off
+defaults write ravlin.welcomeShown true
+start
+advance 2
+dump welcome
+screenshot FOLDER/18-welcome-icon-off.png region=welcome
+welcome press openMenuBarSettings
+dump opened
+allow de.vexa.Ravlin on
+advance 1
+dump welcome
+screenshot FOLDER/19-icon-back.png
 )");
     return sampleDesktopForMachine() + inFolder(tour, folder);
 }

@@ -236,6 +236,21 @@ void extrasCommand(CommandContext& c)
                       : SimExtras::No;
 }
 
+// The system's "Allow in the Menu Bar" list, which macOS 26 and later have; Ravlin's own
+// items can be switched off there too.
+void allowCommand(CommandContext& c)
+{
+    const QString bundle = c.need(1, QStringLiteral("the bundle identifier"));
+    const bool on = yesNo(c, c.need(2, QStringLiteral("on or off")), QStringLiteral("allow"));
+    SimDesktop& desktop = c.session.desktop();
+    if (desktop.generation() < 26)
+        c.fail(QStringLiteral("system %1 has no Allow in the Menu Bar list (system 26 and 27 have)")
+                   .arg(desktop.generation()));
+    if (!desktop.installedApp(bundle))
+        c.fail(QStringLiteral("unknown application %1").arg(bundle));
+    desktop.setAllowedInMenuBar(bundle, on);
+}
+
 void permissionCommand(CommandContext& c)
 {
     const QString which = c.need(1, QStringLiteral("screen or accessibility"));
@@ -370,6 +385,7 @@ void registerDesktopCommands(ScriptRunner& runner)
     runner.addCommand(QStringLiteral("item"), Phase::BeforeStart, itemCommand);
     runner.addCommand(QStringLiteral("extras"), Phase::BeforeStart, extrasCommand);
     runner.addCommand(QStringLiteral("permission"), Phase::Any, permissionCommand);
+    runner.addCommand(QStringLiteral("allow"), Phase::Any, allowCommand);
     runner.addCommand(QStringLiteral("launch"), Phase::AfterStart,
                       [](CommandContext& c) { lifecycleCommand(c, true); });
     runner.addCommand(QStringLiteral("terminate"), Phase::AfterStart,

@@ -12,6 +12,8 @@
 #include "platform/sim/SimStatusBar.h"
 #include "ui/DesktopRenderer.h"
 #include "ui/RavlinBar.h"
+#include "ui/welcome/WelcomeView.h"
+#include "ui/welcome/WelcomeWindowController.h"
 #include "ui/RavlinBarView.h"
 
 #include <QAccessible>
@@ -94,14 +96,11 @@ void panelCommand(CommandContext& c)
     c.session.scheduler().runDue();
 }
 
-// The panel with some of the desktop around it, for a closer look.
-QImage aroundPanel(CommandContext& c, const QImage& desktop)
+// A window with some of the desktop around it, for a closer look.
+QImage aroundWindow(const QWidget& window, const QImage& desktop)
 {
-    RavlinBar* bar = c.session.tilePanel();
-    if (!bar || !bar->isVisible())
-        c.fail(QStringLiteral("screenshot region=panel needs the tile panel open"));
     const double dpr = desktop.devicePixelRatio();
-    const QRectF around = QRectF(bar->window()->geometry()).adjusted(-24, -30, 24, 30);
+    const QRectF around = QRectF(window.geometry()).adjusted(-24, -30, 24, 30);
     const QRect pixels =
         QRectF(around.topLeft() * dpr, around.size() * dpr).toRect().intersected(desktop.rect());
     QImage cropped = desktop.copy(pixels);
@@ -114,13 +113,22 @@ void screenshotCommand(CommandContext& c)
     const QString path = c.need(1, QStringLiteral("the file to write"));
     const auto options = c.options(2);
     const QString region = options.value(QStringLiteral("region"), QStringLiteral("desktop"));
-    if (region != u"desktop" && region != u"panel")
-        c.fail(QStringLiteral("screenshot takes region=desktop or region=panel"));
+    if (region != u"desktop" && region != u"panel" && region != u"welcome")
+        c.fail(QStringLiteral("screenshot takes region=desktop, region=panel or region=welcome"));
     const QFileInfo file(path);
     QDir().mkpath(file.absolutePath());
     QImage image = DesktopRenderer().render(desktopScene(c.session, true));
-    if (region == u"panel")
-        image = aroundPanel(c, image);
+    if (region == u"panel") {
+        RavlinBar* bar = c.session.tilePanel();
+        if (!bar || !bar->isVisible())
+            c.fail(QStringLiteral("screenshot region=panel needs the tile panel open"));
+        image = aroundWindow(*bar->window(), image);
+    } else if (region == u"welcome") {
+        const WelcomeWindowController& welcome = c.session.welcomeWindow();
+        if (!welcome.isVisible())
+            c.fail(QStringLiteral("screenshot region=welcome needs the welcome window open"));
+        image = aroundWindow(*welcome.view(), image);
+    }
     if (!image.save(file.absoluteFilePath(), "PNG"))
         c.fail(QStringLiteral("cannot write the screenshot to %1").arg(path));
 }

@@ -51,6 +51,7 @@ probe disk 994662584320 431245393920
 probe net 120000000 30000000
 location 52.52 13.405 "Berlin"
 forecast {"current": {"temperature_2m": 14.6, "weather_code": 2}, "daily": {"temperature_2m_max": [17.2], "temperature_2m_min": [8.9]}}
+update offer 0.2.0
 )");
 }
 

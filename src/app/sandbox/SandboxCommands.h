@@ -31,6 +31,10 @@ void registerSettingsWindowCommands(ScriptRunner& runner);
 void registerKeyboardCommands(ScriptRunner& runner);
 // when, upgrade; the section items.
 void registerCellCommands(ScriptRunner& runner);
+// update; the section updates.
+void registerUpdateCommands(ScriptRunner& runner);
+// welcome; the section welcome.
+void registerWelcomeCommands(ScriptRunner& runner);
 // Every command of the script language that a later part of the sandbox brings.
 void registerPendingCommands(ScriptRunner& runner);
 

@@ -14,8 +14,11 @@
 #include "ui/settings/SettingsView.h"
 #include "ui/settings/SettingsWindowController.h"
 #include "ui/settings/ShortcutField.h"
+#include "ui/welcome/WelcomeView.h"
+#include "ui/welcome/WelcomeWindowController.h"
 #include "core/settings/KeyChord.h"
 #include "platform/sim/SimHotKeys.h"
+#include "platform/sim/SimUpdater.h"
 #include "ui/RavlinBarView.h"
 
 #include "foundation/ResourceBundle.h"
@@ -102,6 +105,7 @@ SandboxSession::~SandboxSession()
     // The settings window works on the application, so it goes first; the application
     // goes before the other windows and the services it uses.
     m_settingsWindow.reset();
+    m_welcomeWindow.reset();
     m_app.reset();
 }
 
@@ -140,8 +144,10 @@ std::vector<QWidget*> SandboxSession::visibleWindows()
     std::vector<QWidget*> windows;
     QWidget* settings =
         m_settingsWindow && m_settingsWindow->isVisible() ? m_settingsWindow->view() : nullptr;
+    QWidget* welcome =
+        m_welcomeWindow && m_welcomeWindow->isVisible() ? m_welcomeWindow->view() : nullptr;
     for (QWidget* window :
-         {settings, arrangeWindow(), m_ravlinBar ? m_ravlinBar->window() : nullptr})
+         {welcome, settings, arrangeWindow(), m_ravlinBar ? m_ravlinBar->window() : nullptr})
         if (window && window->isVisible())
             windows.push_back(window);
     return windows;
@@ -162,6 +168,12 @@ SettingsWindowController& SandboxSession::settingsWindow()
 {
     app();
     return *m_settingsWindow;
+}
+
+WelcomeWindowController& SandboxSession::welcomeWindow()
+{
+    app();
+    return *m_welcomeWindow;
 }
 
 SimHotKeys& SandboxSession::hotKeys()
@@ -201,6 +213,16 @@ QString SandboxSession::pressKey(const KeyChord& chord)
                                                          : QStringLiteral("settings");
 }
 
+SimUpdater* SandboxSession::updater()
+{
+    return static_cast<SimUpdater*>(m_platform.updater.get());
+}
+
+void SandboxSession::removeUpdater()
+{
+    m_platform.updater.reset();
+}
+
 SimMenuBarSpacing& SandboxSession::menuBarSpacing()
 {
     return static_cast<SimMenuBarSpacing&>(*m_platform.menuBarSpacing);
@@ -232,10 +254,12 @@ AppDelegate& SandboxSession::app()
             m_app->menuBar().permissions(), *m_platform.workspace});
         m_ravlinBar->setAnimated(false); // virtual time has no animation frames
         m_settingsWindow = std::make_unique<SettingsWindowController>(*m_app);
+        m_welcomeWindow = std::make_unique<WelcomeWindowController>(*m_app);
         AppWindows windows;
         windows.guide = m_arrangeHUD.get();
         windows.panel = m_ravlinBar.get();
         windows.settings = m_settingsWindow.get();
+        windows.welcome = m_welcomeWindow.get();
         m_app->setWindows(windows);
         m_app->setLogDirectory(m_options.logDir);
     }
@@ -252,6 +276,7 @@ void SandboxSession::quit()
 {
     // In the order of the destructor: what works on the application goes first.
     m_settingsWindow.reset();
+    m_welcomeWindow.reset();
     m_app.reset();
     m_ravlinBar.reset();
     m_arrangeHUD.reset();

@@ -24,6 +24,7 @@ class ArrangeGuide;
 class ArrangeHUD;
 class RavlinBar;
 class SettingsWindowController;
+class WelcomeWindowController;
 class SimApplicationControl;
 class SimAssessmentMode;
 class SimDesktop;
@@ -33,6 +34,7 @@ class SimLoginItems;
 class SimMenuBarSpacing;
 class SimSystemProbe;
 class SimHotKeys;
+class SimUpdater;
 struct KeyChord;
 } // namespace ravlin
 
@@ -81,8 +83,12 @@ public:
     // Presses the arrange guide's done button; false when the guide is not showing.
     bool pressArrangeDone();
     SettingsWindowController& settingsWindow();
+    WelcomeWindowController& welcomeWindow();
     SimMenuBarSpacing& menuBarSpacing();
     SimHotKeys& hotKeys();
+    // The simulated updater; null once a script took it away.
+    SimUpdater* updater();
+    void removeUpdater();
     // A person presses the chord: a registered global shortcut takes it first, as the
     // system does; otherwise it goes to the key window (the open panel, or the settings
     // window's shortcut field that is recording, or its focused control). Answers where it
@@ -128,6 +134,7 @@ private:
     std::unique_ptr<ArrangeHUD> m_arrangeHUD;
     std::unique_ptr<RavlinBar> m_ravlinBar;
     std::unique_ptr<SettingsWindowController> m_settingsWindow;
+    std::unique_ptr<WelcomeWindowController> m_welcomeWindow;
     std::unique_ptr<AppDelegate> m_app;
     bool m_started = false;
 };

@@ -22,6 +22,8 @@
 #include <QLabel>
 #include <QJsonObject>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSpinBox>
 
 namespace ravlin::sandbox {
@@ -108,6 +110,20 @@ void pickLanguage(CommandContext& c)
     picker->setCurrentIndex(index);
 }
 
+// The tab in front scrolls to its end or back to its top, as the scroll wheel would.
+void scrollTab(CommandContext& c)
+{
+    const QString where = c.need(2, QStringLiteral("end or top"));
+    if (where != u"end" && where != u"top")
+        c.fail(QStringLiteral("settings scroll takes end or top, not %1").arg(where));
+    for (QScrollArea* area : openWindow(c).findChildren<QScrollArea*>()) {
+        if (!area->isVisible())
+            continue;
+        QScrollBar* bar = area->verticalScrollBar();
+        bar->setValue(where == u"end" ? bar->maximum() : bar->minimum());
+    }
+}
+
 void settingsCommand(CommandContext& c)
 {
     const QString verb =
@@ -138,13 +154,15 @@ void settingsCommand(CommandContext& c)
             field->startRecording();
         else
             field->clear();
+    } else if (verb == u"scroll") {
+        scrollTab(c);
     } else if (verb == u"press") {
         control<QPushButton>(c, c.need(2, QStringLiteral("the button's name")),
                              QStringLiteral("button"))
             ->click();
     } else {
         c.fail(QStringLiteral(
-            "settings knows open, close, tab, place, toggle, set, language and press"));
+            "settings knows open, close, tab, place, toggle, set, language, scroll and press"));
     }
     c.session.scheduler().runDue();
 }

@@ -84,7 +84,8 @@ int runDemo(const SandboxSession::Options& options, QString folder)
     double seconds = 0;
     int commands = 0;
     // Each tour runs on a desktop of its own.
-    for (const QString& script : {demoScript(folder), crowdedDemoScript(folder)}) {
+    for (const QString& script :
+         {demoScript(folder), crowdedDemoScript(folder), iconSwitchedOffDemoScript(folder)}) {
         SandboxSession session(options);
         ScriptRunner runner(session, narration, narration);
         registerAll(runner);

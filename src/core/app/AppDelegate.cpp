@@ -3,6 +3,8 @@
 #include "GlobalShortcuts.h"
 #include "MenuBarServices.h"
 #include "SettingsPresenter.h"
+#include "SoftwareUpdate.h"
+#include "WelcomeGuide.h"
 #include "core/bar/MenuBarHideEngine.h"
 #include "core/bar/StatusBarController.h"
 #include "core/bar/TilePanel.h"
@@ -43,11 +45,27 @@ AppDelegate::AppDelegate(Platform& platform, Scheduler& scheduler, const Resourc
                                                   *m_language, *m_logs)),
       m_scannerModel(std::make_unique<ScannerModel>(m_menuBar->scanner(), m_menuBar->apps())),
       m_tileModel(std::make_unique<TileModel>(*platform.defaults)),
-      m_hideEngine(std::make_unique<MenuBarHideEngine>(platform.assessmentMode.get()))
-{}
+      m_hideEngine(std::make_unique<MenuBarHideEngine>(platform.assessmentMode.get())),
+      m_updates(std::make_unique<SoftwareUpdate>(*platform.defaults, platform.updater.get()))
+{
+    m_welcome = std::make_unique<WelcomeGuide>(WelcomeServices{
+        scheduler, *platform.defaults, *m_preferences, m_menuBar->permissions(),
+        *platform.workspace, [this]() -> std::optional<bool> {
+            if (!m_statusBar)
+                return std::nullopt;
+            return m_statusBar->mainItemShown();
+        }});
+}
+
+void AppDelegate::setWindows(const AppWindows& windows)
+{
+    m_windows = windows;
+    m_welcome->setPresenter(windows.welcome);
+}
 
 AppDelegate::~AppDelegate()
 {
+    m_welcome->setPresenter(nullptr);
     m_shortcuts.reset();
     if (m_windows.panel && m_launched)
         m_windows.panel->onSettings = nullptr;
@@ -106,6 +124,7 @@ void AppDelegate::applicationDidFinishLaunching(const QStringList& arguments)
     }
     m_preferences->registerDefaults();
     m_language->applyStored();
+    m_updates->apply();
     m_statusBar =
         std::make_unique<StatusBarController>(StatusBarServices{m_scheduler,
                                                                 *m_preferences,
@@ -131,6 +150,7 @@ void AppDelegate::applicationDidFinishLaunching(const QStringList& arguments)
                                                                 m_windows.panel,
                                                                 m_windows.guide,
                                                                 m_windows.settings,
+                                                                m_updates.get(),
                                                                 m_platform.bundleIdentifier,
                                                                 onBatteryReader()});
     makeShortcuts();
@@ -149,6 +169,7 @@ void AppDelegate::applicationDidFinishLaunching(const QStringList& arguments)
     if (m_preferences->launchAtLogin() && m_platform.loginItems &&
         !LaunchAtLogin::isEnabled(*m_platform.loginItems))
         LaunchAtLogin::setEnabled(*m_platform.loginItems, true);
+    m_welcome->launched();
     if (arguments.contains(QStringLiteral("--settings")))
         showSettings(0);
 }
@@ -170,9 +191,12 @@ void AppDelegate::makeShortcuts()
                                                     *m_notifications, std::move(actions));
 }
 
+// A person who cannot find Ravlin's icon opens the application again: where the bar does not
+// show it, the welcome window says how to bring it back instead of the settings opening.
 bool AppDelegate::applicationShouldHandleReopen(bool)
 {
-    showSettings(0);
+    if (!m_welcome->reopened())
+        showSettings(0);
     return true;
 }
 

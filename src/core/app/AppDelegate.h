@@ -21,11 +21,14 @@ class Resources;
 class ScannerModel;
 class Scheduler;
 class SettingsPresenter;
+class SoftwareUpdate;
 class StatusBarController;
 class SystemStats;
 class TileModel;
 class TilePanel;
 class WeatherService;
+class WelcomeGuide;
+class WelcomePresenter;
 struct Platform;
 
 // The windows the application shows, made by the interface layer.
@@ -33,6 +36,7 @@ struct AppWindows {
     TilePanel* panel = nullptr;
     ArrangeGuide* guide = nullptr;
     SettingsPresenter* settings = nullptr;
+    WelcomePresenter* welcome = nullptr;
 };
 
 // The application object: owns the single instance of each service of the
@@ -43,7 +47,7 @@ public:
     ~AppDelegate();
 
     // The interface's windows; set before launching.
-    void setWindows(const AppWindows& windows) { m_windows = windows; }
+    void setWindows(const AppWindows& windows);
     const AppWindows& windows() const { return m_windows; }
 
     // The start-up sequence, with the process's arguments.
@@ -63,6 +67,8 @@ public:
     TileModel& tileModel() const { return *m_tileModel; }
     DiagnosticLogs& diagnosticLogs() const { return *m_logs; }
     MenuBarHideEngine& hideEngine() const { return *m_hideEngine; }
+    SoftwareUpdate& softwareUpdate() const { return *m_updates; }
+    WelcomeGuide& welcomeGuide() const { return *m_welcome; }
     // Absent until start-up made it (and never made by a second copy or the self-test).
     StatusBarController* statusBar() const { return m_statusBar.get(); }
     // The system-wide shortcuts; absent until start-up made them, like the status bar.
@@ -91,6 +97,8 @@ private:
     std::unique_ptr<ScannerModel> m_scannerModel;
     std::unique_ptr<TileModel> m_tileModel;
     std::unique_ptr<MenuBarHideEngine> m_hideEngine;
+    std::unique_ptr<SoftwareUpdate> m_updates;
+    std::unique_ptr<WelcomeGuide> m_welcome;
     std::unique_ptr<StatusBarController> m_statusBar;
     std::unique_ptr<GlobalShortcuts> m_shortcuts;
     AppWindows m_windows;

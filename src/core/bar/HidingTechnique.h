@@ -50,6 +50,8 @@ struct HidingContext {
     std::function<QStringList()> applicationsWithItems;
     // Where Ravlin's main item stands (screen coordinates).
     std::function<std::optional<ScreenRect>()> mainFrame;
+    // Whether the bar shows Ravlin's own items at all (the system can switch them off).
+    std::function<bool()> ownItemsShown;
     // A click on one of the technique's own items is a click on the chevron.
     std::function<void()> ownItemClicked;
     // The technique's hiding changed on its own (an answer came, a refusal): the chevron follows.

@@ -236,6 +236,9 @@ void SeparatorHiding::verify()
 // `length`: what the separator was when the bar may have dropped it.
 void SeparatorHiding::verifyLength(double length)
 {
+    // A bar that shows none of Ravlin's items says nothing about the separators' length.
+    if (m_context.ownItemsShown && !m_context.ownItemsShown())
+        return;
     if (separatorsKept()) {
         setHolds(true);
         return;

@@ -4,6 +4,7 @@
 #include "ArrangeGuide.h"
 #include "TilePanel.h"
 #include "core/app/SettingsPresenter.h"
+#include "core/app/SoftwareUpdate.h"
 #include "core/settings/LanguageManager.h"
 #include "core/settings/Preferences.h"
 #include "platform/ApplicationControl.h"
@@ -28,13 +29,16 @@ void StatusBarController::showMenu()
     m_mainItem->popUpMenu(buildMenu());
 }
 
-// Settings, about and quit close both menus.
+// Settings, about, the check for updates and quit close every menu.
 void StatusBarController::appendApplicationEntries(std::vector<MenuEntry>& e)
 {
     const LanguageManager& lm = m_s.language;
     e.push_back(entry(lm.L(QStringLiteral("menu.settings")), weakly([this] { menuSettings(); }),
                       QStringLiteral(",")));
     e.push_back(entry(lm.L(QStringLiteral("menu.about")), weakly([this] { menuAbout(); })));
+    if (m_s.updates && m_s.updates->available())
+        e.push_back(entry(lm.L(QStringLiteral("menu.checkForUpdates")),
+                          weakly([this] { m_s.updates->checkNow(); })));
     e.push_back(MenuEntry::separatorEntry());
     e.push_back(entry(lm.L(QStringLiteral("menu.quit")), weakly([this] { menuQuit(); }),
                       QStringLiteral("q")));

@@ -39,6 +39,18 @@ std::optional<ScreenRect> StatusBarController::frameOf(const StatusItem* item) c
     return m_s.reader.frameOf(*item);
 }
 
+bool StatusBarController::mainItemShown() const
+{
+    const std::optional<ScreenRect> frame = frameOf(m_mainItem.get());
+    if (!frame)
+        return false;
+    const ScreenPoint centre{frame->x + frame->width / 2, frame->y + frame->height / 2};
+    for (const ScreenInfo& screen : m_s.screens.screens())
+        if (screen.frame.contains(centre))
+            return true;
+    return false;
+}
+
 // The chevron is what the user clicks: never under the camera housing. The bar puts an item
 // asked for the rightmost place right of everything else, so it is made anew there.
 void StatusBarController::keepChevronClearOfNotch()

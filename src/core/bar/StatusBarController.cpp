@@ -76,6 +76,7 @@ HidingContext StatusBarController::makeHidingContext()
         [this] { return knownEntries(); },
         [this] { return m_s.apps.scanBundleIDs(); },
         [this] { return frameOf(m_mainItem.get()); },
+        [this] { return mainItemShown(); },
         weakly([this] { mainClicked(); }),
         weakly([this] { updateChevron(); }),
         [this](const QString& why) { handOver(why); },

@@ -47,6 +47,7 @@ class Preferences;
 class ScannerModel;
 class Screens;
 class SettingsPresenter;
+class SoftwareUpdate;
 class StatusBar;
 class StatusItem;
 class TilePanel;
@@ -82,6 +83,7 @@ struct StatusBarServices {
     TilePanel* panel = nullptr;
     ArrangeGuide* guide = nullptr;
     SettingsPresenter* settings = nullptr;
+    SoftwareUpdate* updates = nullptr;
     QString bundleIdentifier;
     // Whether the Mac runs on battery now (absent: unknown, or no battery).
     std::function<std::optional<bool>()> onBattery;
@@ -214,6 +216,9 @@ public:
         Action action = Action::None;
     };
     Footnote footnoteFor(const OutOfSight& sight) const;
+    // Whether the bar shows Ravlin's icon on a display (the system's list of applications
+    // allowed in the menu bar can take all of Ravlin's items out of it).
+    bool mainItemShown() const;
     QString panelFootnote() const;
     void footnoteClicked();
     void keepChevronClearOfNotch();

@@ -18,6 +18,7 @@
 #include "MacWindowServer.h"
 #include "MacWorkspace.h"
 #include "SMAppServiceLoginItems.h"
+#include "SparkleUpdater.h"
 #include "platform/qt/QtHttpClient.h"
 
 namespace ravlin::macos {
@@ -43,6 +44,7 @@ Platform makePlatform(Scheduler& scheduler)
     platform.application = std::make_unique<MacApplicationControl>();
     platform.menuBarSpacing = std::make_unique<MacMenuBarSpacing>();
     platform.hotKeys = std::make_unique<MacHotKeys>();
+    platform.updater = std::make_unique<SparkleUpdater>();
     platform.preferredLanguages = MacSystem::preferredLanguages();
     platform.bundleIdentifier = MacSystem::bundleIdentifier();
     return platform;

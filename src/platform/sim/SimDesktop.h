@@ -3,6 +3,8 @@
 #include "SimTypes.h"
 #include "foundation/PlistValue.h"
 
+#include <QSet>
+
 #include <functional>
 #include <map>
 #include <utility>
@@ -132,6 +134,10 @@ public:
     // Items the assessment mode hides leave the bar: they take no room and are not on screen.
     using ItemHider = std::function<bool(const SimItem&)>;
     void setItemHider(ItemHider hider) { m_hider = std::move(hider); }
+    // The system's "Allow in the Menu Bar" list (macOS 26 and later): the items of an
+    // application switched off there leave the bar as hidden items do, Ravlin's own too.
+    void setAllowedInMenuBar(const QString& bundleId, bool allowed);
+    bool allowedInMenuBar(const QString& bundleId) const { return !m_notAllowed.contains(bundleId); }
 
     // Entries the window list carries besides the desktop's own windows (odd ones for tests).
     void addRawWindow(PlistValue entry) { m_rawWindows.push_back(std::move(entry)); }
@@ -179,6 +185,8 @@ private:
         double distanceFromRightEnd;
     };
     bool isPresent(const SimItem& item) const;
+    // Present, but kept out of the bar by the assessment mode or the allow list.
+    bool isTakenOut(const SimItem& item) const;
     double itemHeight(const SimItem& item) const;
     double movableRightEnd() const;
     std::vector<Slot> slotsFor(double width) const;
@@ -207,6 +215,7 @@ private:
     std::vector<LifecycleListener> m_lifecycle;
     OwnItemClickHandler m_ownClick;
     ItemHider m_hider;
+    QSet<QString> m_notAllowed;
     std::vector<ClickListener> m_clickListeners;
     std::vector<SimPostedEvent> m_events;
     std::vector<SimActivation> m_activations;

@@ -20,6 +20,19 @@ bool SimDesktop::isPresent(const SimItem& item) const
     return a && a->running && !item.discarded;
 }
 
+bool SimDesktop::isTakenOut(const SimItem& item) const
+{
+    return (m_hider && m_hider(item)) || !allowedInMenuBar(item.bundleId);
+}
+
+void SimDesktop::setAllowedInMenuBar(const QString& bundleId, bool allowed)
+{
+    if (allowed)
+        m_notAllowed.remove(bundleId);
+    else
+        m_notAllowed.insert(bundleId);
+}
+
 void SimDesktop::discardIfTooLong(SimItem& item) const
 {
     if (item.own && item.width >= longestItem())
@@ -38,7 +51,7 @@ double SimDesktop::movableRightEnd() const
 {
     double x = mainScreen().width;
     for (const SimItem& item : m_fixed) {
-        if (isPresent(item) && !(m_hider && m_hider(item)))
+        if (isPresent(item) && !isTakenOut(item))
             x -= item.width;
     }
     return x;
@@ -54,7 +67,7 @@ std::vector<SimPlacedItem> SimDesktop::bar() const
         for (const SimItem& item : row) {
             if (!isPresent(item))
                 continue;
-            if (m_hider && m_hider(item)) {
+            if (isTakenOut(item)) {
                 hiddenX -= item.width;
                 hidden.push_back({item,
                                   app(item.bundleId)->pid,

@@ -6,6 +6,7 @@
 #include "SimHotKeys.h"
 #include "SimMenuBarSpacing.h"
 #include "SimStatusBar.h"
+#include "SimUpdater.h"
 #include "platform/ApplicationControl.h"
 #include "platform/AssessmentMode.h"
 #include "platform/EventMonitors.h"
@@ -41,6 +42,7 @@ void installSimBarServices(Platform& platform, SimDesktop& desktop, Scheduler& s
     platform.application = std::make_unique<SimApplicationControl>();
     platform.menuBarSpacing = std::make_unique<SimMenuBarSpacing>();
     platform.hotKeys = std::make_unique<SimHotKeys>();
+    platform.updater = std::make_unique<SimUpdater>();
 }
 
 } // namespace ravlin

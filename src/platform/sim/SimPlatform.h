@@ -11,7 +11,8 @@ struct Platform;
 void installSimServices(Platform& platform, SimDesktop& desktop);
 
 // Adds the status bar, the global event monitors, the assessment mode (absent
-// until a script makes it available), the application object and the item spacing.
+// until a script makes it available), the application object, the item spacing, the
+// global shortcuts and the updater.
 void installSimBarServices(Platform& platform, SimDesktop& desktop, Scheduler& scheduler);
 
 } // namespace ravlin

@@ -1,5 +1,6 @@
 #include "AboutTab.h"
 
+#include "AppMark.h"
 #include "ItemIcon.h"
 #include "OpenSourceNotices.h"
 #include "SettingsActions.h"
@@ -9,42 +10,16 @@
 #include "SettingsStyle.h"
 #include "TextLabel.h"
 #include "core/app/AppDelegate.h"
+#include "core/app/SoftwareUpdate.h"
 #include "core/settings/LanguageManager.h"
-#include "ui/SymbolRenderer.h"
 #include "ui/Theme.h"
 
 #include <QLabel>
-#include <QLinearGradient>
-#include <QPainter>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 namespace ravlin {
 namespace {
-
-// The application's mark: the chevron of its menu-bar item on a blue tile.
-class AppMark : public QWidget {
-public:
-    explicit AppMark(QWidget* parent) : QWidget(parent) { setFixedSize(64, 64); }
-
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        QPainter p(this);
-        p.setRenderHint(QPainter::Antialiasing);
-        const QRectF tile = QRectF(rect()).adjusted(4, 3, -4, -5);
-        p.setPen(Qt::NoPen);
-        p.setBrush(QColor(0, 0, 0, 28));
-        p.drawRoundedRect(tile.translated(0, 1.5), 13, 13);
-        QLinearGradient fill(tile.topLeft(), tile.bottomLeft());
-        fill.setColorAt(0, QColor(64, 156, 255));
-        fill.setColorAt(1, QColor(0, 98, 224));
-        p.setBrush(fill);
-        p.drawRoundedRect(tile, 13, 13);
-        SymbolRenderer::paint(p, tile.adjusted(12, 12, -12, -12), QStringLiteral("chevron.left"),
-                              Qt::white);
-    }
-};
 
 QLabel* centred(QLabel* label)
 {
@@ -88,6 +63,15 @@ void AboutTab::buildHeader()
     versionLine->setObjectName(QStringLiteral("version"));
     versionLine->setTextInteractionFlags(Qt::TextSelectableByMouse);
     column->addWidget(centred(versionLine));
+    SoftwareUpdate& updates = m_app.softwareUpdate();
+    if (updates.available()) {
+        column->addSpacing(8);
+        auto* check = new SettingsButton(SettingsButton::Kind::Push,
+                                         lm.L(QStringLiteral("menu.checkForUpdates")), header);
+        check->setObjectName(QStringLiteral("checkForUpdates"));
+        connect(check, &QPushButton::clicked, this, [&updates] { updates.checkNow(); });
+        column->addWidget(check, 0, Qt::AlignHCenter);
+    }
     addWidget(header, 0);
 }
 

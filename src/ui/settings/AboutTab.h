@@ -7,7 +7,7 @@ namespace ravlin {
 class AppDelegate;
 class SettingsActions;
 
-// Name, tagline and version, the notices of what the program ships with, and
+// Name, tagline and version with the check for updates, the notices of what the program ships with, and
 // the way to the system's own Control Center settings.
 class AboutTab : public SettingsPage {
     Q_OBJECT

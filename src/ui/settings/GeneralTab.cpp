@@ -10,6 +10,7 @@
 #include "ToggleSwitch.h"
 #include "core/app/AppDelegate.h"
 #include "core/app/GlobalShortcuts.h"
+#include "core/app/SoftwareUpdate.h"
 #include "core/settings/LanguageManager.h"
 #include "core/settings/Preferences.h"
 
@@ -31,6 +32,7 @@ GeneralTab::GeneralTab(AppDelegate& app, SettingsActions& actions, QWidget* pare
     buildHiding();
     buildPanel();
     buildShortcuts();
+    buildUpdates();
     finish();
     refresh();
 }
@@ -163,6 +165,37 @@ void GeneralTab::addShortcutRow(SettingsGroup* group, Shortcut which, const QStr
     group->addRow(r.row);
 }
 
+// Only a build with an updater offers its settings.
+void GeneralTab::buildUpdates()
+{
+    SoftwareUpdate& updates = m_app.softwareUpdate();
+    if (!updates.available())
+        return;
+    const LanguageManager& lm = m_app.languageManager();
+    SettingsGroup* group = addSection(lm.L(QStringLiteral("general.section.updates")));
+    m_autoUpdate = addSwitchRow(group, QStringLiteral("autoUpdate"),
+                                lm.L(QStringLiteral("general.autoUpdate")),
+                                lm.L(QStringLiteral("general.autoUpdate.desc")));
+    connect(m_autoUpdate, &ToggleSwitch::toggled, this,
+            [&updates](bool on) { updates.setAutomaticChecks(on); });
+
+    auto* row = new SettingsRow(lm.L(QStringLiteral("general.updateChannel")),
+                                lm.L(QStringLiteral("general.updateChannel.desc")));
+    m_updateChannel = new PopupButton;
+    m_updateChannel->setObjectName(QStringLiteral("updateChannel"));
+    m_updateChannel->setAccessibleName(lm.L(QStringLiteral("general.updateChannel")));
+    for (UpdateChannel channel : {UpdateChannel::Stable, UpdateChannel::Beta}) {
+        const QString raw = updateChannelRawValue(channel);
+        m_updateChannel->addItem(lm.L(QStringLiteral("general.updateChannel.") + raw), raw);
+    }
+    connect(m_updateChannel, &PopupButton::currentIndexChanged, this, [this, &updates](int index) {
+        if (auto channel = updateChannelFromRawValue(m_updateChannel->itemData(index).toString()))
+            updates.setChannel(*channel);
+    });
+    row->addTrailing(m_updateChannel);
+    group->addRow(row);
+}
+
 // A chord the rules refuse is not stored: the row says why, and the old one stays.
 void GeneralTab::recorded(Shortcut which, const std::optional<KeyChord>& chord)
 {
@@ -208,6 +241,11 @@ void GeneralTab::refresh()
     for (Shortcut which : {Shortcut::Panel, Shortcut::HiddenSection}) {
         shortcutRow(which).field->setChord(p.shortcut(which));
         showProblem(which);
+    }
+    if (m_autoUpdate) {
+        const SoftwareUpdate& updates = m_app.softwareUpdate();
+        m_autoUpdate->setCheckedQuietly(updates.automaticChecks());
+        m_updateChannel->setCurrentDataQuietly(updateChannelRawValue(updates.channel()));
     }
 }
 

@@ -28,6 +28,7 @@ private:
     void buildHiding();
     void buildPanel();
     void buildShortcuts();
+    void buildUpdates();
     void addShortcutRow(SettingsGroup* group, Shortcut which, const QString& name,
                         const QString& titleKey);
     void recorded(Shortcut which, const std::optional<KeyChord>& chord);
@@ -46,6 +47,8 @@ private:
     ToggleSwitch* m_systemTiles = nullptr;
     ToggleSwitch* m_weather = nullptr;
     PopupButton* m_style = nullptr;
+    ToggleSwitch* m_autoUpdate = nullptr;     // absent without an updater
+    PopupButton* m_updateChannel = nullptr;
     struct ShortcutRow {
         SettingsRow* row = nullptr;
         ShortcutField* field = nullptr;

@@ -8,6 +8,7 @@
 #include "SettingsToolbar.h"
 #include "core/app/AppDelegate.h"
 #include "core/settings/LanguageManager.h"
+#include "core/app/SoftwareUpdate.h"
 #include "core/settings/Preferences.h"
 
 #include <QAbstractButton>
@@ -69,6 +70,7 @@ SettingsView::SettingsView(AppDelegate& app, SettingsActions& actions, QWidget* 
     auto* closeKey = new QShortcut(QKeySequence::Close, this);
     connect(closeKey, &QShortcut::activated, this, &QWidget::close);
     connect(&app.preferences(), &Preferences::willChange, this, &SettingsView::refreshPages);
+    connect(&app.softwareUpdate(), &SoftwareUpdate::changed, this, &SettingsView::refreshPages);
     connect(&app.languageManager(), &LanguageManager::willChange, this, &SettingsView::rebuild);
     build();
 }
