@@ -273,8 +273,8 @@ QString RavlinBar::accessibleName(const PanelTile& tile) const
         if (tile.content && std::holds_alternative<NetworkRates>(*tile.content)) {
             const NetworkRates& rates = std::get<NetworkRates>(*tile.content);
             return tile.label + QStringLiteral(", ") +
-                   m_s.language.L(QStringLiteral("a11y.network"), rateText(rates.down),
-                                  rateText(rates.up));
+                   m_s.language.L(QStringLiteral("a11y.network"), rateText(rates.down, m_s.language.decimalPoint()),
+                                  rateText(rates.up, m_s.language.decimalPoint()));
         }
         return tile.label;
     case TileKind::Weather: {

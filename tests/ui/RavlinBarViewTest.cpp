@@ -186,7 +186,7 @@ TEST_F(ViewTest, StatisticsCannotBeDraggedNorDroppedOn)
 TEST_F(ViewTest, NewFiguresRedrawTheStatistics)
 {
     const auto v = view(TileStyle::Strip);
-    EXPECT_EQ(v->tile(QStringLiteral("sys.batt"))->subtitle, QStringLiteral("80 %"));
+    EXPECT_EQ(v->tile(QStringLiteral("sys.batt"))->subtitle, QStringLiteral("80%"));
     world.probe().setBattery(std::nullopt);
     world.stats().refresh();
     EXPECT_FALSE(v->tile(QStringLiteral("sys.batt")));
@@ -246,7 +246,7 @@ TEST_F(ViewTest, EveryStyleDrawsAStatisticWithItsUnit)
             const auto v = view(style, PanelWorld::groups(3), direction);
             v->grab();
             const QString battery = v->tile(QStringLiteral("sys.batt"))->subtitle;
-            EXPECT_EQ(battery, QStringLiteral("80 %"));
+            EXPECT_EQ(battery, QStringLiteral("80%"));
             EXPECT_TRUE(v->paintedTexts(QStringLiteral("sys.batt")).contains(battery))
                 << tileStyleRawValue(style).toStdString() << ": "
                 << v->paintedTexts(QStringLiteral("sys.batt")).join(u'|').toStdString();
@@ -260,7 +260,7 @@ TEST_F(ViewTest, AFullGaugeKeepsItsUnitInTheGrid)
     world.stats().refresh();
     const auto v = view(TileStyle::Grid);
     v->grab();
-    EXPECT_TRUE(v->paintedTexts(QStringLiteral("sys.batt")).contains(QStringLiteral("100 %")));
+    EXPECT_TRUE(v->paintedTexts(QStringLiteral("sys.batt")).contains(QStringLiteral("100%")));
 }
 
 TEST_F(ViewTest, ATallPanelScrollsAndOnlyWhatIsInSightIsDrawnAndHit)

@@ -34,7 +34,7 @@ int main(int argc, char** argv)
                         platform.preferredLanguages);
     AppDelegate delegate(platform, scheduler, resources);
 
-    ArrangeHUD arrangeGuide(*platform.screens);
+    ArrangeHUD arrangeGuide(*platform.screens, delegate.languageManager());
     RavlinBar panel(RavlinBarServices{scheduler, *platform.screens, delegate.preferences(), delegate.languageManager(),
                                       delegate.systemStats(), delegate.weatherService(), delegate.tileModel(),
                                       delegate.menuBar().permissions(), *platform.workspace});

@@ -92,7 +92,7 @@ key Escape
 advance 0.3
 # Arrange mode opens every section and explains how to move items.
 click main right
-menu "Menüleiste anordnen…"
+menu text:menu.arrange
 screenshot FOLDER/07-arrange-mode.png
 hud done
 # The settings window, tab by tab.

@@ -47,17 +47,16 @@ MenuModel StatusBarController::buildMenu()
     auto& e = menu.entries;
     e.push_back(entry(lm.L(m_expanded ? QStringLiteral("menu.hide") : QStringLiteral("menu.show")),
                       weakly([this] { menuToggle(); })));
-    // These two titles stay German in every language, on purpose.
-    e.push_back(entry(QStringLiteral("Menüleiste anordnen…"), weakly([this] { menuArrange(); })));
+    e.push_back(entry(lm.L(QStringLiteral("menu.arrange")), weakly([this] { menuArrange(); })));
     if (m_alwaysSep)
         e.push_back(
             entry(lm.L(QStringLiteral("menu.alwaysHidden")), weakly([this] { menuAlways(); })));
     e.push_back(MenuEntry::separatorEntry());
-    MenuEntry design = entry(QStringLiteral("Design"), {});
+    MenuEntry design = entry(lm.L(QStringLiteral("menu.style")), {});
     const TileStyle current = m_s.preferences.tileStyle();
     for (TileStyle style : allTileStyles) {
         MenuEntry choice =
-            entry(tileStyleTitle(style),
+            entry(lm.L(tileStyleTitleKey(style)),
                   weakly([this, style] { menuPickStyle(tileStyleRawValue(style)); }));
         choice.checked = style == current;
         design.submenu.push_back(std::move(choice));

@@ -21,7 +21,7 @@ std::vector<BarGroup> BarGrouping::makeGroups(const std::vector<MenuBarItemInfo>
 
 std::vector<BarGroup> BarGrouping::group(const std::vector<BarItem>& items) const
 {
-    BarGroup apps{appsTitle, {}};
+    BarGroup apps{m_language.L(QStringLiteral("bar.apps")), {}};
     BarGroup system{m_language.L(QStringLiteral("bar.apple")), {}};
     for (const BarItem& item : items)
         (item.isApple ? system : apps).items.push_back(item);

@@ -12,9 +12,6 @@ class LanguageManager;
 // Splits the panel's items into the applications' group and the system's group.
 class BarGrouping {
 public:
-    // Deliberately not looked up: it reads "Apps" in every language.
-    static inline const QString appsTitle = QStringLiteral("Apps");
-
     BarGrouping(BarItemFactory& factory, const LanguageManager& language);
 
     std::vector<BarGroup> makeGroups(const std::vector<MenuBarItemInfo>& infos);

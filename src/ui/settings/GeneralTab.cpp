@@ -117,7 +117,7 @@ void GeneralTab::buildPanel()
     m_style->setObjectName(QStringLiteral("tileStyle"));
     m_style->setAccessibleName(lm.L(QStringLiteral("general.tileStyle")));
     for (TileStyle style : allTileStyles)
-        m_style->addItem(tileStyleTitle(style), tileStyleRawValue(style));
+        m_style->addItem(lm.L(tileStyleTitleKey(style)), tileStyleRawValue(style));
     connect(m_style, &PopupButton::currentIndexChanged, this, [this, &p](int index) {
         if (auto style = tileStyleFromRawValue(m_style->itemData(index).toString()))
             p.setTileStyle(*style);
