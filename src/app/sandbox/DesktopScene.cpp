@@ -26,17 +26,20 @@ DesktopScene::StatusItem ownItem(const SimStatusItem& item, const WindowServerRe
     return shown;
 }
 
-DesktopScene::Menu menuOf(const std::vector<MenuEntry>& entries, const QString& pointed)
+DesktopScene::Menu menuOf(const std::vector<MenuEntry>& entries, const QString& pointed,
+                          bool rightToLeft)
 {
     DesktopScene::Menu menu;
+    menu.rightToLeft = rightToLeft;
     for (const MenuEntry& e : entries)
         menu.rows.push_back({e.title, e.separator, e.checked, !e.submenu.empty(),
-                             !pointed.isEmpty() && e.title == pointed});
+                             !pointed.isEmpty() && e.title == pointed, e.shownKeyEquivalent()});
     return menu;
 }
 
 // The status menu hangs below its item; each submenu the pointer opened stands beside the
-// entry that holds it, on the left when there is no room on the right.
+// entry that holds it, on its trailing side (the left, right to left) unless there is no
+// room there.
 void openMenus(const SimStatusBar& bar, DesktopScene& scene)
 {
     const std::optional<MenuModel>& open = bar.openMenu();
@@ -44,11 +47,13 @@ void openMenus(const SimStatusBar& bar, DesktopScene& scene)
     if (!open || !anchor)
         return;
     const double right = scene.displays.empty() ? 1440 : scene.displays.front().frame.right();
+    const double left = scene.displays.empty() ? 0 : scene.displays.front().frame.left();
+    const bool rtl = open->rightToLeft;
     const QStringList path = bar.pointedPath();
     const std::vector<MenuEntry>* entries = &open->entries;
     QPointF origin(anchor->x, anchor->maxY() + 2);
     for (qsizetype depth = 0;; ++depth) {
-        DesktopScene::Menu menu = menuOf(*entries, path.value(depth));
+        DesktopScene::Menu menu = menuOf(*entries, path.value(depth), rtl);
         menu.origin = origin;
         const QSizeF size = DesktopRenderer::menuSize(menu);
         if (menu.origin.x() + size.width() > right - 4)
@@ -64,10 +69,11 @@ void openMenus(const SimStatusBar& bar, DesktopScene& scene)
         const double y =
             menu.origin.y() +
             DesktopRenderer::menuRowOffset(menu, std::size_t(holder - entries->begin()));
-        const QSizeF sub = DesktopRenderer::menuSize(menuOf(holder->submenu, QString()));
-        const double beside = menu.origin.x() + size.width() - 2;
-        origin = QPointF(beside + sub.width() > right ? menu.origin.x() - sub.width() + 2 : beside,
-                         y - DesktopRenderer::menuRowOffset(menu, 0));
+        const QSizeF sub = DesktopRenderer::menuSize(menuOf(holder->submenu, QString(), rtl));
+        const double onRight = menu.origin.x() + size.width() - 2;
+        const double onLeft = menu.origin.x() - sub.width() + 2;
+        const bool leftwards = rtl ? onLeft >= left : onRight + sub.width() > right;
+        origin = QPointF(leftwards ? onLeft : onRight, y - DesktopRenderer::menuRowOffset(menu, 0));
         entries = &holder->submenu;
     }
 }

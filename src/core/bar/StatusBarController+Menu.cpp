@@ -25,7 +25,9 @@ MenuEntry entry(const QString& title, std::function<void()> action, const QStrin
 
 void StatusBarController::showMenu()
 {
-    m_mainItem->popUpMenu(m_usesEngine ? buildEngineMenu() : buildMenu());
+    MenuModel menu = m_usesEngine ? buildEngineMenu() : buildMenu();
+    menu.rightToLeft = m_s.language.isRTL();
+    m_mainItem->popUpMenu(menu);
 }
 
 // Settings, about and quit close both menus.
