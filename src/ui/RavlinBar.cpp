@@ -289,8 +289,15 @@ QString RavlinBar::accessibleName(const PanelTile& tile) const
     return tile.label;
 }
 
+// The weather opens the forecast; without location access it asks for access instead,
+// through the system where it still asks, else in the privacy settings.
 void RavlinBar::openWeather()
 {
+    if (!m_s.weather.hasLocationAccess()) {
+        if (!m_s.weather.askForLocationAccess())
+            m_s.permissions.openLocationSettings();
+        return;
+    }
     if (const std::optional<QString> url =
             m_s.workspace.urlForApplication(QStringLiteral("com.apple.weather")))
         m_s.workspace.openApplication(*url, true);

@@ -93,7 +93,9 @@ public:
     // The accessible name of a tile, as a screen reader speaks it.
     QString accessibleNameOf(const PanelTile& tile) const;
     std::function<QString(const PanelTile&)> accessibleNamer;
-    std::optional<QRectF> settingsRect() const { return m_layout.settingsButton; }
+    // The gear, pinned to the bottom of the panel whatever the scroll, in content
+    // coordinates (as tile rectangles are) at the present scroll offset.
+    std::optional<QRectF> settingsRect() const;
     const QString& settingsName() const { return m_settingsName; }
 
     QSize sizeHint() const override;
@@ -145,6 +147,10 @@ private:
     void paintScroller(QPainter& painter);
     void setHover(std::optional<QString> key);
     QRectF visibleContent() const;
+    // The footer's height, and the gear where it stands in the view.
+    double footerHeight() const;
+    std::optional<QRectF> pinnedSettingsButton() const;
+    void paintFooter(QPainter& painter);
     QPointF toContent(const QPointF& viewPoint) const { return viewPoint + QPointF(0, m_scroll); }
 
     const PanelContent& m_content;

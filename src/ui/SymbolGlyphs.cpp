@@ -52,6 +52,7 @@ const QHash<QString, char32_t>& symbolGlyphs()
         {QStringLiteral("lock.shield"), 0xe32a},   // security
         {QStringLiteral("accessibility"), 0xe84e}, // accessibility
         {QStringLiteral("location.fill"), 0xe569}, // near_me
+        {QStringLiteral("location.slash"), 0xe0c7}, // location_off
         // settings window
         {QStringLiteral("gearshape"), 0xe8b8},         // settings
         {QStringLiteral("menubar.rectangle"), 0xe069}, // web_asset

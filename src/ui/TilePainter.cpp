@@ -8,6 +8,7 @@
 #include <QPaintDevice>
 #include <QPainter>
 #include <QPainterPath>
+#include <QTextLayout>
 
 #include <algorithm>
 
@@ -78,8 +79,7 @@ bool symbol(Canvas& c, const QRectF& rect, const QString& name, const QColor& co
 void cachedText(Canvas& c, const QRectF& rect, const QString& s, const QFont& font,
                 const QColor& colour, Qt::Alignment align)
 {
-    const PaintCache::Line& line =
-        c.cache->line(s, font, rect.width(), c.p.layoutDirection() == Qt::RightToLeft);
+    const PaintCache::Line& line = c.cache->line(s, font, rect.width(), s.isRightToLeft());
     double x = rect.left();
     if (align & Qt::AlignRight)
         x = rect.right() - line.size.width();
@@ -105,10 +105,61 @@ void text(Canvas& c, const QRectF& rect, const QString& s, const QFont& font, co
     c.p.setFont(font);
     c.p.setPen(colour);
     const QString shown = c.p.fontMetrics().elidedText(s, Qt::ElideRight, int(rect.width()));
+    // Each text is laid out in its own direction, so that a Latin name in a right-to-left
+    // panel is cut at its own end.
+    const Qt::LayoutDirection direction = c.p.layoutDirection();
+    c.p.setLayoutDirection(s.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
     c.p.drawText(rect, int(align | Qt::AlignVCenter | Qt::AlignAbsolute) | Qt::TextSingleLine,
                  shown);
+    c.p.setLayoutDirection(direction);
     if (c.painted && !shown.isEmpty())
         c.painted->append(shown);
+}
+
+// Whether the text needs a second line at that width.
+bool needsTwoLines(const QString& s, const QFont& font, double width)
+{
+    return QFontMetricsF(font).horizontalAdvance(s) > width;
+}
+
+// Where a text that does not fit on one line breaks: after a word, or anywhere in a
+// script written without spaces.
+std::pair<QString, QString> breakLine(const QString& s, const QFont& font, double width)
+{
+    QTextLayout layout(s, font);
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    line.setLineWidth(width);
+    layout.endLayout();
+    const int length = std::max(1, line.textLength());
+    return {s.left(length).trimmed(), s.mid(length).trimmed()};
+}
+
+// A text on up to two lines, centred on the rectangle's middle: one that does not fit on one
+// line goes on to a second, and only the second is cut. Noted as drawn, the lines joined by
+// a line break. Where the rectangle has no room for two lines, the text is cut on one.
+void wrappedText(Canvas& c, const QRectF& rect, const QString& s, const QFont& font,
+                 const QColor& colour, Qt::Alignment align)
+{
+    const double lineHeight = QFontMetricsF(font).height();
+    if (!needsTwoLines(s, font, rect.width()) || rect.height() < 2 * lineHeight) {
+        text(c, rect, s, font, colour, align);
+        return;
+    }
+    const auto [first, rest] = breakLine(s, font, rect.width());
+    QStringList* painted = std::exchange(c.painted, nullptr);
+    QStringList shown;
+    c.painted = &shown;
+    const double top = rect.center().y() - lineHeight;
+    text(c, QRectF(rect.left(), top, rect.width(), lineHeight), first, font, colour, align);
+    text(c, QRectF(rect.left(), top + lineHeight, rect.width(), lineHeight), rest, font, colour,
+         align);
+    c.painted = painted;
+    if (painted)
+        painted->append(shown.join(u'\n'));
 }
 
 // Figures, rates and temperatures read left to right in every language.
@@ -438,17 +489,32 @@ void TilePainter::emptyNote(const QString& note, const QRectF& rect)
 void TilePainter::weather(const PanelTile& t, const QRectF& rect)
 {
     const Box b{rect, m_rtl};
+    if (t.asksForAccess) {
+        const double h = rect.height();
+        symbol(m_c, b.at(12, (h - 18) / 2, 18, 18), t.symbol,
+               t.accent.value_or(Theme::systemBlue()));
+        wrappedText(m_c, b.span(40, 0, 34, h), t.label, fontOf(m_c, 12, QFont::Medium),
+                    Theme::hudPrimaryText(), b.lead());
+        symbol(m_c, b.at(rect.width() - 26, (h - 16) / 2, 16, 16),
+               m_rtl ? QStringLiteral("chevron.left") : QStringLiteral("chevron.right"),
+               Theme::hudSecondaryText());
+        return;
+    }
     symbol(m_c, b.at(12, 13, 32, 32), t.symbol,
                           t.accent.value_or(Theme::systemBlue()));
     symbol(m_c, b.at(54, 13, 11, 11), QStringLiteral("location.fill"),
                           Theme::hudSecondaryText());
-    text(m_c, b.span(69, 9, 110, 19), t.label, fontOf(m_c, 13, QFont::DemiBold),
-         Theme::hudPrimaryText(), b.lead());
-    text(m_c, b.span(54, 30, 110, 16), t.note, fontOf(m_c, 11), Theme::hudSecondaryText(),
-         b.lead());
-    figures(m_c, b.at(rect.width() - 112, 5, 100, 30), t.subtitle, fontOf(m_c, 25, QFont::Light),
+    // The place and the description take whatever the figures beside them leave.
+    const QFont temperature = fontOf(m_c, 25, QFont::Light);
+    const QFont range = fontOf(m_c, 10.5);
+    const double beside = 12 + 10;
+    text(m_c, b.span(69, 9, beside + QFontMetricsF(temperature).horizontalAdvance(t.subtitle), 19),
+         t.label, fontOf(m_c, 13, QFont::DemiBold), Theme::hudPrimaryText(), b.lead());
+    text(m_c, b.span(54, 30, beside + QFontMetricsF(range).horizontalAdvance(t.detail), 16), t.note,
+         fontOf(m_c, 11), Theme::hudSecondaryText(), b.lead());
+    figures(m_c, b.at(rect.width() - 112, 5, 100, 30), t.subtitle, temperature,
             Theme::hudPrimaryText(), b.trail());
-    figures(m_c, b.at(rect.width() - 152, 36, 140, 15), t.detail, fontOf(m_c, 10.5),
+    figures(m_c, b.at(rect.width() - 172, 36, 160, 15), t.detail, range,
             Theme::hudSecondaryText(), b.trail());
 }
 
@@ -491,8 +557,8 @@ void TilePainter::dashboard(const PanelTile& t, const QRectF& rect)
     }
     const QString owner = ownerLine(t);
     if (owner.isEmpty()) {
-        text(m_c, b.span(48, 0, 10, h), t.label, fontOf(m_c, 12.5, QFont::DemiBold),
-             Theme::hudPrimaryText(), b.lead());
+        wrappedText(m_c, b.span(48, 0, 10, h), t.label, fontOf(m_c, 12.5, QFont::DemiBold),
+                    Theme::hudPrimaryText(), b.lead());
         return;
     }
     text(m_c, b.span(48, h / 2 - 16, 10, 17), t.label, fontOf(m_c, 12.5, QFont::DemiBold),
@@ -520,9 +586,15 @@ void TilePainter::capsule(const PanelTile& t, const QRectF& rect)
         figures(m_c, b.span(110, 0, 16, h), t.subtitle, fontOf(m_c, 12.5, QFont::DemiBold),
                 Theme::hudPrimaryText(), b.trail());
         break;
-    default:
-        text(m_c, b.span(x, 0, 14, h), t.label, fontOf(m_c, 12.5, QFont::Medium),
-             Theme::hudPrimaryText(), b.lead());
+    default: {
+        // A name too long for one line takes two in a slightly smaller size.
+        const QRectF label = b.span(x, 0, 14, h);
+        const QFont font = fontOf(m_c, 12.5, QFont::Medium);
+        wrappedText(m_c, label, t.label,
+                    needsTwoLines(t.label, font, label.width()) ? fontOf(m_c, 11, QFont::Medium)
+                                                                : font,
+                    Theme::hudPrimaryText(), b.lead());
+    }
     }
 }
 
@@ -539,7 +611,11 @@ void TilePainter::gridCell(const PanelTile& t, const QRectF& rect)
                 Theme::hudSecondaryText(), b.lead());
         return;
     }
-    const QRectF top(rect.left() + (w - 34) / 2, rect.top() + 9, 34, 34);
+    // A name that needs two lines takes them, and the picture above moves up for it.
+    const QFont labelFont = fontOf(m_c, 10.5);
+    const bool twoLines = t.kind == TileKind::Item && needsTwoLines(t.label, labelFont, w - 8);
+    const double side = twoLines ? 28 : 34;
+    const QRectF top(rect.left() + (w - side) / 2, rect.top() + (twoLines ? 6 : 9), side, side);
     if (t.kind == TileKind::Stat) {
         ring(m_p, top, t.percent.value_or(0), accent, 3.5);
         wholeFigures(m_c, top.adjusted(4.5, 0, -4.5, 0), t.subtitle, 10, QFont::DemiBold,
@@ -547,8 +623,9 @@ void TilePainter::gridCell(const PanelTile& t, const QRectF& rect)
     } else {
         disc(m_c, t, top);
     }
-    text(m_c, QRectF(rect.left() + 5, rect.top() + 48, w - 10, 15), t.label, fontOf(m_c, 10.5),
-         Theme::hudPrimaryText(), Qt::AlignHCenter);
+    const QRectF label = twoLines ? QRectF(rect.left() + 4, rect.top() + 36, w - 8, 32)
+                                  : QRectF(rect.left() + 5, rect.top() + 48, w - 10, 15);
+    wrappedText(m_c, label, t.label, labelFont, Theme::hudPrimaryText(), Qt::AlignHCenter);
 }
 
 void TilePainter::stripRow(const PanelTile& t, const QRectF& rect)

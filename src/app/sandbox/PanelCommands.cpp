@@ -40,6 +40,8 @@ void tileCommand(CommandContext& c)
     if (what == u"click") {
         const QString key = c.need(2, QStringLiteral("the tile's key"));
         if (key == RavlinBarView::settingsKey) {
+            if (!view.isTileVisible(key))
+                c.fail(QStringLiteral("the settings button is out of sight"));
             view.clickTile(key);
             c.session.scheduler().runDue();
             return;
@@ -182,6 +184,19 @@ QJsonObject accessibleJson(const RavlinBarView& view)
             {QStringLiteral("entries"), entries}};
 }
 
+// The gear where it stands in the panel's window (not in the scrolled content), and
+// whether it is in sight.
+QJsonValue settingsButtonJson(const RavlinBarView& view)
+{
+    const std::optional<QRectF> r = view.settingsRect();
+    if (!r)
+        return QJsonValue();
+    const QRectF inView = r->translated(0, -view.scrollOffset());
+    return QJsonObject{{QStringLiteral("frame"),
+                        QJsonArray{inView.x(), inView.y(), inView.width(), inView.height()}},
+                       {QStringLiteral("visible"), view.isTileVisible(RavlinBarView::settingsKey)}};
+}
+
 QJsonValue panelSection(SandboxSession& s, bool)
 {
     RavlinBar* bar = s.tilePanel();
@@ -209,6 +224,7 @@ QJsonValue panelSection(SandboxSession& s, bool)
          view.panelLayout().emptyNote ? QJsonValue(view.emptyText()) : QJsonValue()},
         {QStringLiteral("focus"),
          view.focusedKey() ? QJsonValue(*view.focusedKey()) : QJsonValue()},
+        {QStringLiteral("settingsButton"), settingsButtonJson(view)},
         {QStringLiteral("keyFocus"), bar->isVisible() && bar->window()->focusWidget() == &view},
         {QStringLiteral("accessible"), accessibleJson(view)}};
 }

@@ -78,11 +78,12 @@ std::vector<PanelSection> PanelContent::sections(const PanelRequest& request) co
     return filtered(std::move(result), request.query);
 }
 
+// Names only: a tile is not found by its figures, its state or a request it makes.
 QStringList PanelContent::searchTexts(const PanelTile& tile)
 {
+    if (tile.asksForAccess)
+        return {};
     QStringList texts{tile.label};
-    if (tile.kind == TileKind::Weather)
-        texts << tile.note;
     if (tile.kind == TileKind::Item && tile.content) {
         const BarItem& item = std::get<BarItem>(*tile.content);
         texts << item.info.owner << item.info.name << item.searchTerms;
@@ -112,6 +113,14 @@ PanelTile PanelContent::weatherTile() const
     PanelTile tile;
     tile.kind = TileKind::Weather;
     tile.key = QStringLiteral("weather");
+    tile.accent = weatherAccent;
+    // Without location access there are no figures: one line asks for it instead.
+    if (!m_weather.hasLocationAccess() && !m_weather.temp()) {
+        tile.label = m_language.L(QStringLiteral("weather.allowLocation"));
+        tile.symbol = QStringLiteral("location.slash");
+        tile.asksForAccess = true;
+        return tile;
+    }
     const std::optional<QString> city = m_weather.city();
     tile.label = city && !city->isEmpty() ? *city : m_language.L(QStringLiteral("weather.title"));
     tile.subtitle = temperatureText(m_weather.temp());
@@ -121,7 +130,6 @@ PanelTile PanelContent::weatherTile() const
     // Without location access there is no forecast to describe: say why instead.
     tile.note =
         m_weather.denied() ? m_language.L(QStringLiteral("weather.denied")) : description.text;
-    tile.accent = weatherAccent;
     return tile;
 }
 

@@ -40,7 +40,8 @@ public:
 
     std::vector<PanelSection> sections(const PanelRequest& request) const;
     // The texts a search looks for in a tile: its names, and for an item also its
-    // application's name, its title and its accessibility title and description.
+    // application's name, its title and its accessibility title and description. The
+    // weather is found by its place, never by its description or a request.
     static QStringList searchTexts(const PanelTile& tile);
 
     PanelTile weatherTile() const;

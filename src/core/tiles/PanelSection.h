@@ -28,6 +28,7 @@ struct PanelTile {
     std::optional<double> percent;      // a statistic's gauge, 0–100
     std::optional<TileContent> content; // the tiles the style arranges
     bool isNew = false;                 // an item first seen within the last day
+    bool asksForAccess = false;         // the weather header asks for location access
 };
 
 // One titled block of the panel. The weather header and the permission tiles

@@ -141,6 +141,7 @@ TEST_F(PanelContentTest, TitlesWordsAndNumbersFollowTheInterfaceLanguage)
     world.scheduler.advance(1);
     probe.setNetwork(std::pair<std::uint64_t, std::uint64_t>{1'500'000, 0});
     stats.refresh();
+    location.setStatus(LocationAuthorization::AuthorizedAlways, false);
     PanelRequest request;
     request.groups = {{QStringLiteral("ignored"), {item(u"n:a"_s, u"A"_s)}}};
     struct Expected {
@@ -173,6 +174,7 @@ TEST_F(PanelContentTest, TitlesWordsAndNumbersFollowTheInterfaceLanguage)
 
 TEST_F(PanelContentTest, TheWeatherHeaderNamesThePlaceOrSaysWeather)
 {
+    location.setStatus(LocationAuthorization::AuthorizedAlways, false);
     PanelTile tile = content.weatherTile();
     EXPECT_EQ(tile.label, u"Weather"_s);
     EXPECT_EQ(tile.subtitle, QStringLiteral("--°"));
@@ -192,14 +194,47 @@ TEST_F(PanelContentTest, TheWeatherHeaderNamesThePlaceOrSaysWeather)
     EXPECT_EQ(tile.symbol, u"cloud.sun.fill"_s);
 }
 
-TEST_F(PanelContentTest, WithoutLocationAccessTheHeaderSaysSo)
+// Without location access there is nothing to show but a request: one line that asks for
+// access, without placeholders, and a search never finds it.
+TEST_F(PanelContentTest, WithoutLocationAccessTheHeaderAsksForItAndSearchPassesItBy)
 {
-    EXPECT_EQ(content.weatherTile().note, QStringLiteral("—"));
-    location.setStatus(LocationAuthorization::Denied, false);
+    for (LocationAuthorization status :
+         {LocationAuthorization::NotDetermined, LocationAuthorization::Denied,
+          LocationAuthorization::Restricted, LocationAuthorization::AuthorizedWhenInUse}) {
+        location.setStatus(status, false);
+        const PanelTile tile = content.weatherTile();
+        EXPECT_TRUE(tile.asksForAccess);
+        EXPECT_EQ(tile.label, world.language().L(QStringLiteral("weather.allowLocation")));
+        EXPECT_TRUE(tile.subtitle.isEmpty());
+        EXPECT_TRUE(tile.detail.isEmpty());
+        EXPECT_TRUE(tile.note.isEmpty());
+        EXPECT_TRUE(PanelContent::searchTexts(tile).isEmpty());
+    }
+    PanelRequest request;
+    request.query = QStringLiteral("location");
+    EXPECT_TRUE(sections(request).empty());
+    location.setStatus(LocationAuthorization::AuthorizedAlways, false);
+    EXPECT_FALSE(content.weatherTile().asksForAccess);
+}
+
+TEST_F(PanelContentTest, TheWeatherIsFoundByItsPlaceNotByItsDescription)
+{
+    location.setStatus(LocationAuthorization::AuthorizedAlways, false);
+    location.setPosition(Coordinate{52.5, 13.4});
+    geocoder.setCity(QStringLiteral("Berlin"));
+    http.setAnswer(R"({"current":{"temperature_2m":20,"weather_code":2},
+        "daily":{"temperature_2m_max":[22],"temperature_2m_min":[12]}})");
     weather.refreshIfStale();
     world.scheduler.runDue();
-    ASSERT_TRUE(weather.denied());
-    EXPECT_EQ(content.weatherTile().note, world.language().L(QStringLiteral("weather.denied")));
+    ASSERT_FALSE(content.weatherTile().note.isEmpty());
+    PanelRequest request;
+    request.query = content.weatherTile().note.left(4);
+    for (const PanelSection& s : sections(request))
+        for (const PanelTile& t : s.tiles)
+            EXPECT_NE(t.kind, TileKind::Weather);
+    request.query = QStringLiteral("berl");
+    ASSERT_FALSE(sections(request).empty());
+    EXPECT_EQ(sections(request)[0].tiles[0].key, u"weather"_s);
 }
 
 TEST_F(PanelContentTest, ItemsFollowTheSavedOrderWithinTheirGroup)
