@@ -7,6 +7,7 @@
 namespace ravlin {
 
 class Accessibility;
+class Appearance;
 class ApplicationControl;
 class AssessmentMode;
 class EventMonitors;
@@ -60,6 +61,8 @@ struct Platform {
     std::unique_ptr<MenuBarSpacing> menuBarSpacing;
     // System-wide keyboard shortcuts; may stay empty where there are none.
     std::unique_ptr<HotKeys> hotKeys;
+    // The system's light or dark appearance; may stay empty (then windows are dark).
+    std::unique_ptr<Appearance> appearance;
     // The system's preferred interface languages, most wanted first (tags such as "de-DE").
     QStringList preferredLanguages;
     // This application's bundle identifier ("de.vexa.Ravlin"); empty without one.

@@ -1,6 +1,7 @@
 #include "RavlinBar.h"
 
 #include "HudContainer.h"
+#include "platform/Appearance.h"
 #include "NativeWindow.h"
 #include "PaintCache.h"
 #include "PanelWindow.h"
@@ -27,7 +28,29 @@ namespace P = PanelPlacement;
 RavlinBar::RavlinBar(RavlinBarServices services)
     : m_s(services), m_content(services.stats, services.weather, services.tiles, services.language),
       m_paintCache(std::make_unique<PaintCache>())
-{}
+{
+    if (m_s.appearance) {
+        std::weak_ptr<bool> alive = m_alive;
+        m_s.appearance->whenChanged([this, alive] {
+            if (alive.lock())
+                followAppearance();
+        });
+    }
+}
+
+PanelPalette RavlinBar::palette() const
+{
+    return PanelPalette::forAppearance(!m_s.appearance || m_s.appearance->isDark());
+}
+
+// The open panel takes the system's new appearance at once, as the system's own do.
+void RavlinBar::followAppearance()
+{
+    if (auto* container = static_cast<HudContainer*>(m_container.data()))
+        container->setPalette(palette());
+    if (RavlinBarView* v = view())
+        v->setPalette(palette());
+}
 
 RavlinBar::~RavlinBar()
 {
@@ -109,6 +132,7 @@ void RavlinBar::replaceContent(RavlinBarView* view)
         m_container->deleteLater();
     }
     auto* container = new HudContainer(m_panel.get());
+    container->setPalette(palette());
     container->setNativeBackground(
         NativeWindow::addHudBackground(m_panel.get(), HudContainer::cornerRadius));
     container->setContent(view);
@@ -133,7 +157,8 @@ RavlinBarView* RavlinBar::makeView(const std::vector<BarGroup>& groups, ItemCall
                                          m_s.language.L(QStringLiteral("bar.empty")),
                                          m_s.language.L(QStringLiteral("search.noMatches")),
                                          m_s.language.L(QStringLiteral("a11y.settings")),
-                                         m_paintCache.get()};
+                                         m_paintCache.get(),
+                                         palette()};
     auto* view = new RavlinBarView(sources, std::move(request), m_s.preferences.tileStyle());
     view->setLayoutDirection(m_s.language.isRTL() ? Qt::RightToLeft : Qt::LeftToRight);
     view->onActivate = std::move(onActivate);

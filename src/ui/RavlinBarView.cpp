@@ -34,7 +34,8 @@ RavlinBarView::RavlinBarView(const Sources& sources, PanelRequest request, TileS
                              QWidget* parent)
     : QWidget(parent), m_content(sources.content), m_tiles(sources.tiles),
       m_request(std::move(request)), m_style(style), m_emptyText(sources.emptyText),
-      m_noMatchText(sources.noMatchText), m_settingsName(sources.settingsName), m_paintCache(sources.paintCache)
+      m_noMatchText(sources.noMatchText), m_settingsName(sources.settingsName), m_paintCache(sources.paintCache),
+      m_palette(sources.palette)
 {
     static const bool accessibleInstalled = [] {
         QAccessible::installFactory(&RavlinBarAccessible::factory);
@@ -64,6 +65,12 @@ void RavlinBarView::rebuild()
         m_focus.reset();
         m_focusShown = false;
     }
+}
+
+void RavlinBarView::setPalette(PanelPalette palette)
+{
+    m_palette = palette;
+    update();
 }
 
 QString RavlinBarView::emptyText() const
@@ -552,7 +559,7 @@ void RavlinBarView::paintEvent(QPaintEvent*)
     painter.setClipRect(QRectF(0, 0, width(), height() - footerHeight()));
     painter.translate(0, -m_scroll);
     const QRectF inSight = visibleContent();
-    TilePainter tiles(painter, m_style, isRightToLeft(), m_paintCache);
+    TilePainter tiles(painter, m_style, isRightToLeft(), m_paintCache, m_palette);
     for (const PanelLayout::PlacedHeader& h : m_layout.headers)
         if (h.rect.intersects(inSight))
             tiles.header(m_sections[h.section].title.value_or(QString()), h.rect);
@@ -597,13 +604,13 @@ void RavlinBarView::paintFooter(QPainter& painter)
     if (maximumScroll() > 0) {
         const double top = height() - footerHeight();
         painter.fillRect(QRectF(PanelLayout::padding, top, width() - 2 * PanelLayout::padding, 0.5),
-                         QColor(255, 255, 255, 30));
+                         m_palette.ink(30));
     }
     TileState state;
     state.hovered = m_hover == settingsKey;
     state.pressed = m_pressed == settingsKey && state.hovered;
     state.focused = m_focusShown && m_focus == settingsKey;
-    TilePainter(painter, m_style, isRightToLeft(), m_paintCache).settingsButton(*gear, state);
+    TilePainter(painter, m_style, isRightToLeft(), m_paintCache, m_palette).settingsButton(*gear, state);
 }
 
 // The dragged tile follows the pointer.
@@ -615,7 +622,7 @@ void RavlinBarView::paintDragged(QPainter& painter)
     TileState state;
     state.hovered = true;
     state.floating = true;
-    TilePainter(painter, m_style, isRightToLeft(), m_paintCache)
+    TilePainter(painter, m_style, isRightToLeft(), m_paintCache, m_palette)
         .tile(tileOf(*p), p->rect.translated(m_pointer - m_pressPoint), state);
 }
 
@@ -634,7 +641,7 @@ void RavlinBarView::paintScroller(QPainter& painter)
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(255, 255, 255, 92));
+    painter.setBrush(m_palette.ink(92));
     painter.drawRoundedRect(QRectF(x, y, thickness, thumb), thickness / 2, thickness / 2);
     painter.restore();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "PanelLayout.h"
+#include "PanelPalette.h"
 #include "core/settings/TileStyle.h"
 #include "core/tiles/PanelContent.h"
 
@@ -46,6 +47,7 @@ public:
         QString noMatchText; // shown when nothing matches what the user typed
         QString settingsName; // the gear's name for screen readers
         PaintCache* paintCache = nullptr; // kept by the panel across shows
+        PanelPalette palette;             // light or dark, as the system is
     };
 
     RavlinBarView(const Sources& sources, PanelRequest request, TileStyle style,
@@ -66,6 +68,8 @@ public:
     std::function<void()> onContentHeightChanged;
 
     TileStyle style() const { return m_style; }
+    const PanelPalette& palette() const { return m_palette; }
+    void setPalette(PanelPalette palette);
     bool isRightToLeft() const { return layoutDirection() == Qt::RightToLeft; }
     const std::vector<PanelSection>& sections() const { return m_sections; }
     const QString& footnote() const { return m_request.footnote; }
@@ -161,6 +165,7 @@ private:
     QString m_noMatchText;
     QString m_settingsName;
     PaintCache* m_paintCache;
+    PanelPalette m_palette;
     std::optional<QString> m_focus;
     bool m_focusShown = false;
     std::vector<PanelSection> m_sections;

@@ -6,6 +6,7 @@
 #include "core/settings/Preferences.h"
 #include "core/sysinfo/SystemStats.h"
 #include "platform/sim/SimSystemProbe.h"
+#include "platform/sim/SimAppearance.h"
 #include "ui/RavlinBar.h"
 #include "ui/RavlinBarView.h"
 
@@ -169,4 +170,24 @@ TEST_F(PanelTest, OnAScreenNarrowerThanThePanelItTakesTheScreensWidth)
     show(PanelWorld::groups(3), ScreenRect{276, 476, 24, 24});
     EXPECT_EQ(bar->frame()->x, 8);
     EXPECT_EQ(bar->frame()->width, 284);
+}
+
+// The panel is drawn in the system's appearance and follows a switch while it is open.
+TEST_F(PanelTest, FollowsTheSystemsLightOrDarkAppearance)
+{
+    auto& appearance = static_cast<SimAppearance&>(*world.platform.appearance);
+    auto backdrop = [&] {
+        // A point of the glass between the padding and the first tile.
+        const QImage shot = bar->window()->grab().toImage();
+        return qGray(shot.pixel(6, shot.height() / 2));
+    };
+    appearance.setDark(false);
+    show();
+    EXPECT_GT(backdrop(), 200);
+    appearance.setDark(true);
+    EXPECT_LT(backdrop(), 80);
+    bar->hide();
+    appearance.setDark(false);
+    show();
+    EXPECT_GT(backdrop(), 200);
 }

@@ -212,6 +212,8 @@ QJsonValue panelSection(SandboxSession& s, bool)
         {QStringLiteral("frame"), QJsonArray{f->x, f->y, f->width, f->height}},
         {QStringLiteral("style"), tileStyleRawValue(view.style())},
         {QStringLiteral("rtl"), view.isRightToLeft()},
+        {QStringLiteral("appearance"),
+         view.palette().dark ? QStringLiteral("dark") : QStringLiteral("light")},
         {QStringLiteral("fades"), bar->fadeCount()},
         {QStringLiteral("footnote"), text(view.footnote())},
         {QStringLiteral("scroll"), QJsonObject{{QStringLiteral("offset"), view.scrollOffset()},

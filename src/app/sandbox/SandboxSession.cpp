@@ -229,7 +229,7 @@ AppDelegate& SandboxSession::app()
         m_ravlinBar = std::make_unique<RavlinBar>(RavlinBarServices{
             m_scheduler, *m_platform.screens, m_app->preferences(), m_app->languageManager(),
             m_app->systemStats(), m_app->weatherService(), m_app->tileModel(),
-            m_app->menuBar().permissions(), *m_platform.workspace});
+            m_app->menuBar().permissions(), *m_platform.workspace, m_platform.appearance.get()});
         m_ravlinBar->setAnimated(false); // virtual time has no animation frames
         m_settingsWindow = std::make_unique<SettingsWindowController>(*m_app);
         AppWindows windows;

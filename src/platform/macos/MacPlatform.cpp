@@ -2,6 +2,7 @@
 
 #include "CFPreferencesDefaultsStore.h"
 #include "MacAccessibility.h"
+#include "MacAppearance.h"
 #include "MacApplicationControl.h"
 #include "MacAssessmentMode.h"
 #include "MacEventMonitors.h"
@@ -43,6 +44,7 @@ Platform makePlatform(Scheduler& scheduler)
     platform.application = std::make_unique<MacApplicationControl>();
     platform.menuBarSpacing = std::make_unique<MacMenuBarSpacing>();
     platform.hotKeys = std::make_unique<MacHotKeys>();
+    platform.appearance = std::make_unique<MacAppearance>();
     platform.preferredLanguages = MacSystem::preferredLanguages();
     platform.bundleIdentifier = MacSystem::bundleIdentifier();
     return platform;

@@ -8,6 +8,7 @@
 #include "sandbox/ScriptRunner.h"
 
 #include "core/settings/KeyChord.h"
+#include "platform/sim/SimAppearance.h"
 #include "platform/sim/SimApplicationControl.h"
 #include "platform/sim/SimAssessmentMode.h"
 #include "platform/sim/SimDesktop.h"
@@ -141,8 +142,18 @@ QWidget* SandboxWindow::buildSidebar()
                     .arg(on ? QStringLiteral("granted") : QStringLiteral("withdrawn")));
         }
     });
+    auto* dark = new QCheckBox(QStringLiteral("Dark appearance"), system);
+    dark->setChecked(true);
+    connect(dark, &QCheckBox::toggled, this, [this](bool on) {
+        if (m_session && m_session->platform().appearance) {
+            static_cast<SimAppearance&>(*m_session->platform().appearance).setDark(on);
+            log(QStringLiteral("the system's appearance is %1 now")
+                    .arg(on ? QStringLiteral("dark") : QStringLiteral("light")));
+        }
+    });
     form->addRow(screen);
     form->addRow(ax);
+    form->addRow(dark);
     m_engine = new QComboBox(system);
     m_engine->addItems(
         {QStringLiteral("unavailable"), QStringLiteral("available"), QStringLiteral("refuse")});
