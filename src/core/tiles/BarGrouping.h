@@ -15,7 +15,8 @@ public:
     BarGrouping(BarItemFactory& factory, const LanguageManager& language);
 
     std::vector<BarGroup> makeGroups(const std::vector<MenuBarItemInfo>& infos);
-    std::vector<BarGroup> group(const std::vector<BarItem>& items) const;
+    // Items that would read alike are named apart first.
+    std::vector<BarGroup> group(std::vector<BarItem> items) const;
 
 private:
     BarItemFactory& m_factory;

@@ -7,7 +7,8 @@ bool BarItem::operator==(const BarItem& other) const
     return info == other.info && image == other.image &&
            imageIsApplicationIcon == other.imageIsApplicationIcon &&
            symbolName == other.symbolName && label == other.label && isApple == other.isApple &&
-           key == other.key && isNew == other.isNew && searchTerms == other.searchTerms;
+           key == other.key && isNew == other.isNew && searchTerms == other.searchTerms &&
+           ownTitle == other.ownTitle && ownDescription == other.ownDescription;
 }
 
 } // namespace ravlin
