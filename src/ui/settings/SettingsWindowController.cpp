@@ -7,6 +7,7 @@
 #include "foundation/Logging.h"
 #include "platform/ApplicationControl.h"
 #include "platform/Platform.h"
+#include "platform/Screens.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -64,6 +65,10 @@ void SettingsWindowController::makeWindow()
 
 void SettingsWindowController::placeOnScreen()
 {
+    // As tall as each tab needs, within the main display's visible height.
+    if (Screens* screens = m_app.platform().screens.get())
+        if (const std::optional<ScreenInfo> main = screens->mainScreen())
+            m_view->setMaximumWindowHeight(int(main->visibleFrame.height));
     // Centred, a little above the middle, where the system puts a new preferences window.
     const QScreen* screen = QGuiApplication::primaryScreen();
     if (!screen)

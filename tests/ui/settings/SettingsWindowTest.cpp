@@ -9,6 +9,7 @@
 #include "ui/settings/SettingsToolbar.h"
 
 #include <QAbstractButton>
+#include <QScrollArea>
 #include <QShortcut>
 
 #include <gtest/gtest.h>
@@ -29,6 +30,14 @@ protected:
 
     test::SettingsWorld world;
 };
+
+QScrollArea* scrollAreaOf(QWidget* page)
+{
+    for (QWidget* w = page; w; w = w->parentWidget())
+        if (auto* scroll = qobject_cast<QScrollArea*>(w))
+            return scroll;
+    return nullptr;
+}
 
 } // namespace
 
@@ -89,6 +98,40 @@ TEST_F(SettingsWindow, TheToolbarSwitchesTabsAndTheWindowTakesEachPagesHeight)
     EXPECT_EQ(view.width(), SettingsStyle::windowWidth);
     view.toolbar()->tabButton(0)->click();
     EXPECT_EQ(view.height(), generalHeight);
+}
+
+// Each tab is shown whole, as the system's settings windows are: the General tab down to its
+// keyboard shortcuts on a 1440×900 display, in English and in German. Only a page taller
+// than the screen allows scrolls, within the screen's visible height.
+TEST_F(SettingsWindow, ShowsEachTabWholeWhereTheScreenHasRoom)
+{
+    for (const char* language : {"en", "de"}) {
+        SCOPED_TRACE(language);
+        world.script(QStringLiteral("language ") + QString::fromLatin1(language));
+        SettingsView& view = world.open(0);
+        SettingsPage* page = view.page(0);
+        QScrollArea* scroll = scrollAreaOf(page);
+        ASSERT_NE(scroll, nullptr);
+        EXPECT_GE(view.height() - view.toolbar()->sizeHint().height(),
+                  page->heightForWidth(SettingsStyle::windowWidth));
+        EXPECT_EQ(scroll->verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
+        EXPECT_GT(view.height(), 600 + view.toolbar()->sizeHint().height());
+        EXPECT_LE(view.height(), 900 - 24);
+        world.window().close();
+    }
+}
+
+TEST(SettingsWindowSmallScreen, APageTallerThanTheScreenScrollsWithinIt)
+{
+    test::SettingsWorld world;
+    world.script(QStringLiteral("screen 1280 600"));
+    world.typicalDesktop();
+    world.start();
+    SettingsView& view = world.open(0);
+    EXPECT_LE(view.height(), 600 - 24 - SettingsStyle::screenAllowance);
+    QScrollArea* scroll = scrollAreaOf(view.page(0));
+    ASSERT_NE(scroll, nullptr);
+    EXPECT_EQ(scroll->verticalScrollBarPolicy(), Qt::ScrollBarAsNeeded);
 }
 
 TEST(SettingsWindowStart, TheSettingsArgumentOpensGeneralAfterStartUp)
