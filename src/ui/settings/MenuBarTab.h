@@ -34,6 +34,8 @@ public:
     void activated() override;
 
     bool engineMode() const { return m_engine; }
+    // Scrolls the layouts into view and puts the keyboard in the name field.
+    void focusLayoutName();
     SegmentedControl* placementControl(const QString& key) const { return m_placements.value(key); }
 
 private:
@@ -48,6 +50,8 @@ private:
     void buildNewItems();
     void buildLayouts();
     void refreshLayouts();
+    void layoutNameChanged();
+    void saveLayout();
     PopupButton* layoutPopup(const QString& name, bool withOff);
     void exportLayout();
     void importLayout();
@@ -80,6 +84,9 @@ private:
     PopupButton* m_layoutOnDisplay = nullptr;
     PopupButton* m_layoutOnBattery = nullptr;
     QLineEdit* m_layoutName = nullptr;
+    QPushButton* m_saveLayout = nullptr;
+    SettingsRow* m_saveRow = nullptr;
+    SettingsGroup* m_layouts = nullptr;
 };
 
 } // namespace ravlin

@@ -13,6 +13,7 @@
 #include <QAbstractButton>
 #include <QCloseEvent>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QVBoxLayout>
@@ -169,6 +170,9 @@ void SettingsView::fitToPage()
     // A page that fits never shows a scroll bar, not even for a moment while the window settles.
     auto* scroll = static_cast<QScrollArea*>(m_stack->widget(m_tab));
     scroll->setVerticalScrollBarPolicy(scrolls ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+    // A scrolling page keeps the height its wrapped lines need beside the scroll bar; the
+    // scroll area would otherwise squeeze its rows to the viewport.
+    page->setMinimumHeight(scrolls ? page->heightForWidth(width - scroll->verticalScrollBar()->sizeHint().width()) : 0);
     setFixedSize(width, toolbar + (scrolls ? room : needed));
 }
 

@@ -1,5 +1,6 @@
 #include "SettingsWindowController.h"
 
+#include "MenuBarTab.h"
 #include "SettingsActions.h"
 #include "SettingsView.h"
 #include "WindowActivation.h"
@@ -39,6 +40,13 @@ void SettingsWindowController::show(int tab)
     if (application)
         application->activate();
     WindowActivation::bringToFront(m_view.get());
+}
+
+void SettingsWindowController::showLayoutNaming()
+{
+    show(1);
+    if (auto* tab = qobject_cast<MenuBarTab*>(m_view->page(1)))
+        tab->focusLayoutName();
 }
 
 void SettingsWindowController::close()
