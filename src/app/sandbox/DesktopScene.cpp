@@ -3,12 +3,13 @@
 #include "SandboxSession.h"
 
 #include "core/bar/StatusBarController.h"
-#include "platform/WindowServer.h"
 #include "platform/sim/SimDesktop.h"
+#include "platform/sim/SimItemPicture.h"
 #include "platform/sim/SimStatusBar.h"
 #include "ui/ArrangeHUD.h"
 #include "ui/RavlinBar.h"
 
+#include <QDataStream>
 #include <QWidget>
 
 #include <algorithm>
@@ -78,9 +79,27 @@ void openMenus(const SimStatusBar& bar, DesktopScene& scene)
     }
 }
 
+// Every display's menu bar shows the same items at the same distance from its right edge.
+void mirrorOnOtherDisplays(DesktopScene& scene)
+{
+    if (scene.displays.size() < 2)
+        return;
+    const QRectF main = scene.displays.front().frame;
+    const std::vector<DesktopScene::StatusItem> onMain = scene.items;
+    for (std::size_t i = 1; i < scene.displays.size(); ++i) {
+        const QRectF other = scene.displays[i].frame;
+        const QPointF shift(other.right() - main.right(), other.top() - main.top());
+        for (DesktopScene::StatusItem item : onMain) {
+            item.frame.translate(shift);
+            if (item.frame.left() >= other.left())
+                scene.items.push_back(item);
+        }
+    }
+}
+
 } // namespace
 
-DesktopScene desktopScene(SandboxSession& s, bool withWindows)
+DesktopScene desktopScene(SandboxSession& s, bool withWindows, bool withMenus)
 {
     DesktopScene scene;
     SimDesktop& desktop = s.desktop();
@@ -91,25 +110,50 @@ DesktopScene desktopScene(SandboxSession& s, bool withWindows)
                                   screens[i].notch});
     }
     for (const SimPlacedItem& placed : desktop.bar()) {
-        if (!placed.onScreen)
+        if (!placed.onScreen || placed.frame.width <= 0)
             continue;
         if (placed.item.own) {
             if (const SimStatusItem* own = s.statusBar().item(placed.item.title))
                 scene.items.push_back(ownItem(*own, placed.frame));
             continue;
         }
+        if (placed.inOverflow)
+            continue;
+        // Drawn as the item looks, whether or not the system lets anyone take its picture.
         DesktopScene::StatusItem item;
         item.frame =
             QRectF(placed.frame.x, placed.frame.y, placed.frame.width, placed.frame.height);
-        item.image = s.platform().windowServer->windowImage(std::uint32_t(placed.item.window));
+        item.image = simItemPicture(placed);
         scene.items.push_back(item);
     }
+    mirrorOnOtherDisplays(scene);
     if (withWindows) {
         for (QWidget* window : s.visibleWindows())
             scene.windows.push_back(window);
     }
-    openMenus(s.statusBar(), scene);
+    if (withMenus)
+        openMenus(s.statusBar(), scene);
     return scene;
+}
+
+QByteArray desktopSceneKey(SandboxSession& s)
+{
+    QByteArray key;
+    QDataStream out(&key, QIODevice::WriteOnly);
+    SimDesktop& desktop = s.desktop();
+    for (std::size_t i = 0; i < desktop.screens().size(); ++i) {
+        const WindowServerRect f = desktop.screenFrame(i);
+        out << f.x << f.y << f.width << f.height << desktop.screens()[i].notch;
+    }
+    for (const SimPlacedItem& placed : desktop.bar()) {
+        out << qint64(placed.item.window) << placed.item.title << placed.item.owner
+            << placed.frame.x << placed.frame.width << placed.frame.height << placed.onScreen
+            << placed.inOverflow;
+        if (placed.item.own)
+            if (const SimStatusItem* own = s.statusBar().item(placed.item.title))
+                out << own->image() << own->length();
+    }
+    return key;
 }
 
 } // namespace ravlin::sandbox

@@ -1,5 +1,6 @@
 #include "DesktopCanvas.h"
 
+#include "sandbox/DesktopScene.h"
 #include "sandbox/SandboxSession.h"
 
 #include "foundation/Scheduler.h"
@@ -57,7 +58,20 @@ void DesktopCanvas::setSession(SandboxSession* session)
 {
     m_session = session;
     m_dragging.reset();
+    m_shownKey.clear();
     updateGeometry();
+    update();
+}
+
+void DesktopCanvas::refresh()
+{
+    if (!m_session)
+        return;
+    QByteArray key = desktopSceneKey(*m_session);
+    if (key == m_shownKey)
+        return;
+    m_shownKey = std::move(key);
+    ++m_repaintsAsked;
     update();
 }
 
