@@ -212,7 +212,8 @@ void DesktopRenderer::statusItem(QPainter& p, const DesktopScene::StatusItem& it
 {
     const QRectF r = item.frame;
     if (item.separator) {
-        if (r.width() >= 3)
+        // The divider of a shown section; a separator stretched to hide items is empty bar.
+        if (r.width() >= 3 && r.width() <= 24)
             p.fillRect(
                 QRectF(r.center().x() - 0.5, r.top() + r.height() * 0.28, 1, r.height() * 0.44),
                 QColor(255, 255, 255, 110));

@@ -18,7 +18,9 @@ QImage simItemPicture(const SimPlacedItem& p)
     const QString letter = name.isEmpty() ? QStringLiteral("?") : name.left(1).toUpper();
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
-    const double side = std::min(size.width(), size.height()) * 0.62;
+    // As tall as a glyph of a 24-point bar, whatever the bar's and the item's size.
+    const double side =
+        std::min(size.width() * 0.9, std::min(double(size.height()), 24 * scale) * 0.62);
     const QRectF box((size.width() - side) / 2, (size.height() - side) / 2, side, side);
     painter.setPen(QPen(QColor(255, 255, 255, 235), scale * 1.4));
     painter.drawRoundedRect(box, side * 0.24, side * 0.24);
