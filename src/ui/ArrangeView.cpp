@@ -71,23 +71,21 @@ ArrangeView::ArrangeView(const LanguageManager& language, QWidget* parent) : QWi
     title->setSpacing(8);
     title->addWidget(
         new SymbolLabel(QStringLiteral("arrow.left.and.right"), Theme::systemBlue(), 18, this));
-    title->addWidget(label(L("arrange.title"), Theme::font(13, QFont::DemiBold),
-                           Theme::hudPrimaryText(), this));
+    title->addWidget(
+        label(L("arrange.title"), Theme::font(13, QFont::DemiBold), Theme::hudPrimaryText(), this));
     title->addStretch();
     column->addLayout(title);
 
-    auto* instruction = label(L("arrange.instruction"),
-        Theme::font(11.5), Theme::hudPrimaryText(), this);
+    auto* instruction =
+        label(L("arrange.instruction"), Theme::font(11.5), Theme::hudPrimaryText(), this);
     instruction->setTextFormat(Qt::RichText);
     instruction->setWordWrap(true);
     column->addWidget(instruction);
 
     auto* footer = new QHBoxLayout;
     footer->setSpacing(12);
-    footer->addWidget(
-        legendEntry(QStringLiteral("eye.slash"), L("arrange.hidden"), this));
-    footer->addWidget(
-        legendEntry(QStringLiteral("eye"), L("arrange.visible"), this));
+    footer->addWidget(legendEntry(QStringLiteral("eye.slash"), L("arrange.hidden"), this));
+    footer->addWidget(legendEntry(QStringLiteral("eye"), L("arrange.visible"), this));
     footer->addStretch();
     m_done = new QPushButton(L("arrange.done"), this);
     m_done->setFont(Theme::font(12, QFont::DemiBold));

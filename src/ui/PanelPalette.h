@@ -16,10 +16,7 @@ struct PanelPalette {
 
     static PanelPalette forAppearance(bool dark) { return PanelPalette{dark}; }
 
-    QColor primaryText() const
-    {
-        return dark ? QColor(255, 255, 255, 235) : QColor(0, 0, 0, 218);
-    }
+    QColor primaryText() const { return dark ? QColor(255, 255, 255, 235) : QColor(0, 0, 0, 218); }
     QColor secondaryText() const
     {
         return dark ? QColor(235, 235, 245, 150) : QColor(60, 60, 67, 160);
@@ -39,7 +36,10 @@ struct PanelPalette {
         return g;
     }
     // The panel's own backdrop, top and bottom, and its hairline border.
-    QColor backdropTop() const { return dark ? QColor(44, 44, 48, 240) : QColor(248, 248, 250, 244); }
+    QColor backdropTop() const
+    {
+        return dark ? QColor(44, 44, 48, 240) : QColor(248, 248, 250, 244);
+    }
     QColor backdropBottom() const
     {
         return dark ? QColor(30, 30, 33, 244) : QColor(238, 238, 242, 248);

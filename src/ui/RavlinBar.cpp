@@ -1,7 +1,6 @@
 #include "RavlinBar.h"
 
 #include "HudContainer.h"
-#include "platform/Appearance.h"
 #include "NativeWindow.h"
 #include "PaintCache.h"
 #include "PanelWindow.h"
@@ -16,6 +15,7 @@
 #include "core/tiles/TileModel.h"
 #include "foundation/Logging.h"
 #include "foundation/Scheduler.h"
+#include "platform/Appearance.h"
 #include "platform/Screens.h"
 #include "platform/Workspace.h"
 
@@ -153,7 +153,10 @@ RavlinBarView* RavlinBar::makeView(const std::vector<BarGroup>& groups, ItemCall
     request.hasAccessibility = m_s.permissions.hasAccessibility();
     if (footnote)
         request.footnote = footnote();
-    const RavlinBarView::Sources sources{m_content, m_s.tiles, m_s.stats, m_s.weather,
+    const RavlinBarView::Sources sources{m_content,
+                                         m_s.tiles,
+                                         m_s.stats,
+                                         m_s.weather,
                                          m_s.language.L(QStringLiteral("bar.empty")),
                                          m_s.language.L(QStringLiteral("search.noMatches")),
                                          m_s.language.L(QStringLiteral("a11y.settings")),
@@ -298,7 +301,8 @@ QString RavlinBar::accessibleName(const PanelTile& tile) const
         if (tile.content && std::holds_alternative<NetworkRates>(*tile.content)) {
             const NetworkRates& rates = std::get<NetworkRates>(*tile.content);
             return tile.label + QStringLiteral(", ") +
-                   m_s.language.L(QStringLiteral("a11y.network"), rateText(rates.down, m_s.language.decimalPoint()),
+                   m_s.language.L(QStringLiteral("a11y.network"),
+                                  rateText(rates.down, m_s.language.decimalPoint()),
                                   rateText(rates.up, m_s.language.decimalPoint()));
         }
         return tile.label;

@@ -34,8 +34,8 @@ RavlinBarView::RavlinBarView(const Sources& sources, PanelRequest request, TileS
                              QWidget* parent)
     : QWidget(parent), m_content(sources.content), m_tiles(sources.tiles),
       m_request(std::move(request)), m_style(style), m_emptyText(sources.emptyText),
-      m_noMatchText(sources.noMatchText), m_settingsName(sources.settingsName), m_paintCache(sources.paintCache),
-      m_palette(sources.palette)
+      m_noMatchText(sources.noMatchText), m_settingsName(sources.settingsName),
+      m_paintCache(sources.paintCache), m_palette(sources.palette)
 {
     static const bool accessibleInstalled = [] {
         QAccessible::installFactory(&RavlinBarAccessible::factory);
@@ -180,8 +180,7 @@ std::optional<QRectF> RavlinBarView::pinnedSettingsButton() const
     if (!m_layout.settingsButton)
         return std::nullopt;
     const double size = PanelLayout::settingsButtonSize;
-    return QRectF(m_layout.settingsButton->x(), height() - PanelLayout::padding - size, size,
-                  size);
+    return QRectF(m_layout.settingsButton->x(), height() - PanelLayout::padding - size, size, size);
 }
 
 std::optional<QRectF> RavlinBarView::settingsRect() const
@@ -610,7 +609,8 @@ void RavlinBarView::paintFooter(QPainter& painter)
     state.hovered = m_hover == settingsKey;
     state.pressed = m_pressed == settingsKey && state.hovered;
     state.focused = m_focusShown && m_focus == settingsKey;
-    TilePainter(painter, m_style, isRightToLeft(), m_paintCache, m_palette).settingsButton(*gear, state);
+    TilePainter(painter, m_style, isRightToLeft(), m_paintCache, m_palette)
+        .settingsButton(*gear, state);
 }
 
 // The dragged tile follows the pointer.

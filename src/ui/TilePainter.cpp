@@ -416,7 +416,7 @@ void TilePainter::searchField(const QString& query, const QRectF& rect, QStringL
     m_p.drawRoundedRect(rect, radius, radius);
     const Box b{rect, m_rtl};
     symbol(m_c, b.at(10, 7, 14, 14), QStringLiteral("magnifyingglass"),
-                          m_c.palette.secondaryText());
+           m_c.palette.secondaryText());
     const QFont font = fontOf(m_c, 13);
     const QRectF textRect = b.span(30, 0, 12, rect.height());
     text(m_c, textRect, query, font, m_c.palette.primaryText(), b.lead());
@@ -439,7 +439,7 @@ void TilePainter::settingsButton(const QRectF& rect, const TileState& state)
         m_p.drawEllipse(rect);
     }
     symbol(m_c, rect.adjusted(4, 4, -4, -4), QStringLiteral("gearshape"),
-                          state.hovered ? m_c.palette.primaryText() : m_c.palette.secondaryText());
+           state.hovered ? m_c.palette.primaryText() : m_c.palette.secondaryText());
     m_p.restore();
     if (state.focused)
         focusRing(rect, rect.height() / 2);
@@ -493,8 +493,7 @@ void TilePainter::weather(const PanelTile& t, const QRectF& rect)
     }
     symbol(m_c, b.at(12, 13, 32, 32), t.symbol,
                           t.accent.value_or(Theme::systemBlue()));
-    symbol(m_c, b.at(54, 13, 11, 11), QStringLiteral("location.fill"),
-                          m_c.palette.secondaryText());
+    symbol(m_c, b.at(54, 13, 11, 11), QStringLiteral("location.fill"), m_c.palette.secondaryText());
     // The place and the description take whatever the figures beside them leave.
     const QFont temperature = fontOf(m_c, 25, QFont::Light);
     const QFont range = fontOf(m_c, 10.5);
@@ -520,7 +519,7 @@ void TilePainter::permission(const PanelTile& t, const QRectF& rect)
     const QString chevron =
         m_rtl ? QStringLiteral("chevron.left") : QStringLiteral("chevron.right");
     symbol(m_c, b.at(rect.width() - 26, (rect.height() - 16) / 2, 16, 16), chevron,
-                          m_c.palette.secondaryText());
+           m_c.palette.secondaryText());
 }
 
 void TilePainter::dashboard(const PanelTile& t, const QRectF& rect)
@@ -640,8 +639,8 @@ void TilePainter::stripRow(const PanelTile& t, const QRectF& rect)
          m_c.palette.primaryText(), b.lead());
     const QRectF trailingBox = b.at(rect.width() - trailingWidth - 12, 0, trailingWidth, h);
     if (t.kind == TileKind::Network)
-        figures(m_c, trailingBox, trailing, fontOf(m_c, 12, QFont::Medium), m_c.palette.primaryText(),
-                b.trail());
+        figures(m_c, trailingBox, trailing, fontOf(m_c, 12, QFont::Medium),
+                m_c.palette.primaryText(), b.trail());
     else
         text(m_c, trailingBox, trailing, fontOf(m_c, 11), m_c.palette.secondaryText(), b.trail());
 }

@@ -36,8 +36,8 @@ public:
         PanelPalette palette;        // the system's light or dark appearance
     };
 
-    TilePainter(QPainter& painter, TileStyle style, bool rightToLeft,
-                PaintCache* cache = nullptr, PanelPalette palette = {});
+    TilePainter(QPainter& painter, TileStyle style, bool rightToLeft, PaintCache* cache = nullptr,
+                PanelPalette palette = {});
 
     // Paints one tile; every text it draws, as drawn (elided where it had to be), is
     // appended to `painted` when one is given.

@@ -5,8 +5,8 @@
 #include "core/settings/LanguageManager.h"
 #include "core/settings/Preferences.h"
 #include "core/sysinfo/SystemStats.h"
-#include "platform/sim/SimSystemProbe.h"
 #include "platform/sim/SimAppearance.h"
+#include "platform/sim/SimSystemProbe.h"
 #include "ui/RavlinBar.h"
 #include "ui/RavlinBarView.h"
 

@@ -1,7 +1,7 @@
 // How tiles write their names: two lines before a name is cut, and a name cut at its
 // own end whichever way the panel reads.
-#include "ui/PaintCache.h"
 #include "ui/TilePainter.h"
+#include "ui/PaintCache.h"
 
 #include <QImage>
 #include <QPainter>
@@ -61,11 +61,11 @@ TEST(TilePainter, ANameTooLongForOneLineTakesTwoBeforeItIsCut)
     for (PaintCache* c : {static_cast<PaintCache*>(nullptr), &cache}) {
         for (TileStyle style : {TileStyle::Grid, TileStyle::Capsules, TileStyle::Dashboard}) {
             SCOPED_TRACE(int(style));
-            const QSizeF size = style == TileStyle::Grid ? QSizeF(65.75, 72)
+            const QSizeF size = style == TileStyle::Grid       ? QSizeF(65.75, 72)
                                 : style == TileStyle::Capsules ? QSizeF(138, 40)
                                                                : QSizeF(138, 50);
-            const Painted shown = paint(itemTile(QStringLiteral("Paste Helper Pro")), style,
-                                        size, false, c);
+            const Painted shown =
+                paint(itemTile(QStringLiteral("Paste Helper Pro")), style, size, false, c);
             ASSERT_EQ(shown.texts.size(), 1);
             EXPECT_TRUE(shown.texts[0].contains(u'\n')) << shown.texts[0].toStdString();
             EXPECT_FALSE(shown.texts[0].startsWith(QStringLiteral("Paste Hel…")));

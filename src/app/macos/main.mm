@@ -35,10 +35,10 @@ int main(int argc, char** argv)
     AppDelegate delegate(platform, scheduler, resources);
 
     ArrangeHUD arrangeGuide(*platform.screens, delegate.languageManager());
-    RavlinBar panel(RavlinBarServices{scheduler, *platform.screens, delegate.preferences(), delegate.languageManager(),
-                                      delegate.systemStats(), delegate.weatherService(), delegate.tileModel(),
-                                      delegate.menuBar().permissions(), *platform.workspace,
-                                      platform.appearance.get()});
+    RavlinBar panel(RavlinBarServices{
+        scheduler, *platform.screens, delegate.preferences(), delegate.languageManager(),
+        delegate.systemStats(), delegate.weatherService(), delegate.tileModel(),
+        delegate.menuBar().permissions(), *platform.workspace, platform.appearance.get()});
     SettingsWindowController settings(delegate);
     AppWindows windows;
     windows.guide = &arrangeGuide;

@@ -19,8 +19,8 @@
 
 #include <QAbstractButton>
 #include <QJsonArray>
-#include <QLabel>
 #include <QJsonObject>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollArea>
@@ -232,14 +232,13 @@ QJsonValue layoutNaming(const SettingsView& view)
         return QJsonValue();
     const auto* row = qobject_cast<const SettingsRow*>(save->parentWidget());
     const QLabel* hint = row ? row->hintLabel() : nullptr;
-    return QJsonObject{
-        {QStringLiteral("text"), field->text()},
-        {QStringLiteral("focused"), field->window()->focusWidget() == field},
-        {QStringLiteral("inSight"), field->isVisible() && inSight(*field)},
-        {QStringLiteral("button"), save->text()},
-        {QStringLiteral("enabled"), save->isEnabled()},
-        {QStringLiteral("note"),
-         hint && !hint->isHidden() ? QJsonValue(hint->text()) : QJsonValue()}};
+    return QJsonObject{{QStringLiteral("text"), field->text()},
+                       {QStringLiteral("focused"), field->window()->focusWidget() == field},
+                       {QStringLiteral("inSight"), field->isVisible() && inSight(*field)},
+                       {QStringLiteral("button"), save->text()},
+                       {QStringLiteral("enabled"), save->isEnabled()},
+                       {QStringLiteral("note"),
+                        hint && !hint->isHidden() ? QJsonValue(hint->text()) : QJsonValue()}};
 }
 
 QJsonValue settingsSection(SandboxSession& s, bool)

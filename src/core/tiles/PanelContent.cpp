@@ -68,7 +68,8 @@ std::vector<PanelSection> PanelContent::sections(const PanelRequest& request) co
     if (request.showWeather)
         result.push_back({std::nullopt, {weatherTile()}, false});
     if (request.showSystemTiles)
-        result.push_back({m_language.L(QStringLiteral("panel.statistics")), statisticsTiles(), true});
+        result.push_back(
+            {m_language.L(QStringLiteral("panel.statistics")), statisticsTiles(), true});
     for (const BarGroup& group : request.groups)
         result.push_back({group.title, itemTiles(group), true});
     std::vector<PanelTile> permissions =

@@ -31,7 +31,8 @@ MacAppearance::~MacAppearance()
 
 bool MacAppearance::isDark() const
 {
-    NSAppearance* appearance = NSApp ? NSApp.effectiveAppearance : NSAppearance.currentDrawingAppearance;
+    NSAppearance* appearance =
+        NSApp ? NSApp.effectiveAppearance : NSAppearance.currentDrawingAppearance;
     NSAppearanceName best = [appearance
         bestMatchFromAppearancesWithNames:@[ NSAppearanceNameAqua, NSAppearanceNameDarkAqua ]];
     return [best isEqualToString:NSAppearanceNameDarkAqua];

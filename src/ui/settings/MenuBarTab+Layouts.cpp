@@ -81,8 +81,8 @@ void MenuBarTab::buildLayouts()
     m_layoutName->setMaxLength(60);
     m_layoutName->setFixedWidth(150);
     save->addTrailing(m_layoutName);
-    m_saveLayout =
-        makeButton(QStringLiteral("saveLayout"), lm.L(QStringLiteral("menubar.layouts.save")), save);
+    m_saveLayout = makeButton(QStringLiteral("saveLayout"),
+                              lm.L(QStringLiteral("menubar.layouts.save")), save);
     connect(m_saveLayout, &QPushButton::clicked, this, &MenuBarTab::saveLayout);
     connect(m_layoutName, &QLineEdit::returnPressed, this, &MenuBarTab::saveLayout);
     connect(m_layoutName, &QLineEdit::textChanged, this, &MenuBarTab::layoutNameChanged);

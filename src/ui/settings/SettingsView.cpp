@@ -172,7 +172,9 @@ void SettingsView::fitToPage()
     scroll->setVerticalScrollBarPolicy(scrolls ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
     // A scrolling page keeps the height its wrapped lines need beside the scroll bar; the
     // scroll area would otherwise squeeze its rows to the viewport.
-    page->setMinimumHeight(scrolls ? page->heightForWidth(width - scroll->verticalScrollBar()->sizeHint().width()) : 0);
+    page->setMinimumHeight(
+        scrolls ? page->heightForWidth(width - scroll->verticalScrollBar()->sizeHint().width())
+                : 0);
     setFixedSize(width, toolbar + (scrolls ? room : needed));
 }
 

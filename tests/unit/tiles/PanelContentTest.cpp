@@ -156,8 +156,7 @@ TEST_F(PanelContentTest, TitlesWordsAndNumbersFollowTheInterfaceLanguage)
         {"tr", u"Sistem"_s, u"Hava Durumu"_s, u"Y: --°  D: --°"_s, u"%23"_s, u"↓1,5 MB/s"_s},
         {"he", u"מערכת"_s, u"מזג אוויר"_s, u"מקס׳: --°  מינ׳: --°"_s, u"23%"_s, u"↓1.5 MB/s"_s},
         {"ja", u"システム"_s, u"天気"_s, u"最高: --°  最低: --°"_s, u"23%"_s, u"↓1.5 MB/s"_s},
-        {"ar", u"النظام"_s, u"الطقس"_s, u"العظمى: --°  الصغرى: --°"_s, u"23%"_s,
-         u"↓1.5 MB/s"_s},
+        {"ar", u"النظام"_s, u"الطقس"_s, u"العظمى: --°  الصغرى: --°"_s, u"23%"_s, u"↓1.5 MB/s"_s},
     };
     for (const Expected& e : cases) {
         SCOPED_TRACE(e.code);
@@ -168,7 +167,8 @@ TEST_F(PanelContentTest, TitlesWordsAndNumbersFollowTheInterfaceLanguage)
         EXPECT_EQ(all[0].tiles[0].label, e.weather);
         EXPECT_EQ(all[0].tiles[0].detail, e.range);
         EXPECT_EQ(all[1].tiles[3].subtitle, e.percent);
-        EXPECT_TRUE(all[1].tiles[4].subtitle.startsWith(e.rate)) << all[1].tiles[4].subtitle.toStdString();
+        EXPECT_TRUE(all[1].tiles[4].subtitle.startsWith(e.rate))
+            << all[1].tiles[4].subtitle.toStdString();
     }
 }
 

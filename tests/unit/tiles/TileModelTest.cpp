@@ -126,7 +126,8 @@ TEST(BarGrouping, AppsFirstThenTheSystemGroupEmptyGroupsLeftOut)
     EXPECT_EQ(keys(groups[1].items), split("s1 s2"));
 
     w.language().apply(QStringLiteral("he"));
-    const auto hebrew = grouping.group({tile(QStringLiteral("a1")), tile(QStringLiteral("s1"), true)});
+    const auto hebrew =
+        grouping.group({tile(QStringLiteral("a1")), tile(QStringLiteral("s1"), true)});
     EXPECT_EQ(hebrew[0].title, QStringLiteral("אפליקציות"));
     EXPECT_EQ(hebrew[1].title, QStringLiteral("מערכת"));
     w.language().apply(QStringLiteral("en"));

@@ -38,8 +38,7 @@ void fillMenu(QMenu& menu, const std::vector<MenuEntry>& entries, const QStringL
         // The key equivalent goes after a tab, which the menu shows in its own column, as
         // the Mac writes it ("⌘,") rather than as this desktop would ("Ctrl+,").
         const QString shortcut = e.shownKeyEquivalent();
-        QAction* action =
-            menu.addAction(shortcut.isEmpty() ? e.title : e.title + u'\t' + shortcut);
+        QAction* action = menu.addAction(shortcut.isEmpty() ? e.title : e.title + u'\t' + shortcut);
         action->setCheckable(e.checked);
         action->setChecked(e.checked);
         QObject::connect(action, &QAction::triggered, &menu, [here, &chosen] { chosen = here; });
