@@ -99,3 +99,23 @@ TEST(TilePainter, ALatinNameIsCutAtItsOwnEndInARightToLeftPanel)
         EXPECT_LE(rightmost.height(), 3) << "the name's end is not its ellipsis";
     }
 }
+
+// The weather's place and description use the room the figures beside them leave.
+TEST(TilePainter, TheWeatherLinesUseTheRoomTheFiguresLeave)
+{
+    PanelTile weather;
+    weather.kind = TileKind::Weather;
+    weather.key = QStringLiteral("weather");
+    weather.label = QStringLiteral("Frankfurt am Main");
+    weather.subtitle = QStringLiteral("21°");
+    weather.detail = QStringLiteral("H: 24°  T: 13°");
+    weather.note = QStringLiteral("Leichter Nieselregen");
+    weather.symbol = QStringLiteral("cloud.drizzle.fill");
+    for (bool rightToLeft : {false, true}) {
+        const Painted shown = paint(weather, TileStyle::Dashboard, QSizeF(284, 58), rightToLeft);
+        for (const QString& text : shown.texts)
+            EXPECT_FALSE(text.endsWith(u'…')) << text.toStdString();
+        EXPECT_TRUE(shown.texts.contains(QStringLiteral("Leichter Nieselregen")));
+        EXPECT_TRUE(shown.texts.contains(QStringLiteral("Frankfurt am Main")));
+    }
+}
