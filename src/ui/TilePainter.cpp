@@ -545,14 +545,18 @@ void TilePainter::dashboard(const PanelTile& t, const QRectF& rect)
                 m_c.palette.primaryText(), b.trail());
         return;
     }
+    // The owner's line gives way to a name that needs two lines and already says it.
     const QString owner = ownerLine(t);
-    if (owner.isEmpty()) {
-        wrappedText(m_c, b.span(48, 0, 10, h), t.label, fontOf(m_c, 12.5, QFont::DemiBold),
-                    m_c.palette.primaryText(), b.lead());
+    const QFont labelFont = fontOf(m_c, 12.5, QFont::DemiBold);
+    const bool ownerSaid = t.label.startsWith(owner) &&
+                           needsTwoLines(t.label, labelFont, b.span(48, 0, 10, h).width());
+    if (owner.isEmpty() || ownerSaid) {
+        wrappedText(m_c, b.span(48, 0, 10, h), t.label, labelFont, m_c.palette.primaryText(),
+                    b.lead());
         return;
     }
-    text(m_c, b.span(48, h / 2 - 16, 10, 17), t.label, fontOf(m_c, 12.5, QFont::DemiBold),
-         m_c.palette.primaryText(), b.lead());
+    text(m_c, b.span(48, h / 2 - 16, 10, 17), t.label, labelFont, m_c.palette.primaryText(),
+         b.lead());
     text(m_c, b.span(48, h / 2 + 1, 10, 14), owner, fontOf(m_c, 10.5), m_c.palette.secondaryText(),
          b.lead());
 }
