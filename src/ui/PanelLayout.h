@@ -31,7 +31,7 @@ struct PanelLayout {
     static constexpr double searchFieldHeight = 28;
     static constexpr double settingsButtonSize = 22;
     // The strip is a compact list: it asks for no more than this and scrolls the rest.
-    static constexpr double stripMaximumHeight = 480;
+    static constexpr double stripMaximumHeight = 640;
 
     std::vector<PlacedTile> tiles;
     std::vector<PlacedHeader> headers;

@@ -504,7 +504,8 @@ void TilePainter::weather(const PanelTile& t, const QRectF& rect)
          fontOf(m_c, 11), m_c.palette.secondaryText(), b.lead());
     figures(m_c, b.at(rect.width() - 112, 5, 100, 30), t.subtitle, temperature,
             m_c.palette.primaryText(), b.trail());
-    figures(m_c, b.at(rect.width() - 172, 36, 160, 15), t.detail, range,
+    // The range line holds words as well as figures: it reads in its own direction.
+    text(m_c, b.at(rect.width() - 172, 36, 160, 15), t.detail, range,
             m_c.palette.secondaryText(), b.trail());
 }
 
