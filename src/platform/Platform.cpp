@@ -1,6 +1,7 @@
 #include "Platform.h"
 
 #include "Accessibility.h"
+#include "Appearance.h"
 #include "ApplicationControl.h"
 #include "AssessmentMode.h"
 #include "EventMonitors.h"

@@ -7,6 +7,7 @@
 namespace ravlin {
 
 class Accessibility;
+class Appearance;
 class ApplicationControl;
 class AssessmentMode;
 class EventMonitors;
@@ -63,6 +64,8 @@ struct Platform {
     std::unique_ptr<HotKeys> hotKeys;
     // Finds and installs new versions; may stay empty where the build has no updater.
     std::unique_ptr<Updater> updater;
+    // The system's light or dark appearance; may stay empty (then windows are dark).
+    std::unique_ptr<Appearance> appearance;
     // The system's preferred interface languages, most wanted first (tags such as "de-DE").
     QStringList preferredLanguages;
     // This application's bundle identifier ("de.vexa.Ravlin"); empty without one.

@@ -21,6 +21,12 @@ struct MenuEntry {
     std::function<void()> action;
     std::vector<MenuEntry> submenu;
 
+    // The key equivalent as a menu shows it, after the command key's sign ("⌘Q").
+    QString shownKeyEquivalent() const
+    {
+        return keyEquivalent.isEmpty() ? QString() : QStringLiteral("⌘") + keyEquivalent.toUpper();
+    }
+
     static MenuEntry separatorEntry()
     {
         MenuEntry e;
@@ -31,6 +37,8 @@ struct MenuEntry {
 
 struct MenuModel {
     std::vector<MenuEntry> entries;
+    // Laid out for a language read from right to left: mirrored, submenus open leftwards.
+    bool rightToLeft = false;
 };
 
 // The event being handled while a status item's action runs.

@@ -2,6 +2,7 @@
 
 #include "ArrangeView.h"
 #include "NativeWindow.h"
+#include "core/settings/LanguageManager.h"
 #include "platform/Screens.h"
 
 #include <QVBoxLayout>
@@ -30,7 +31,9 @@ double mainDisplayHeight(Screens& screens)
 
 } // namespace
 
-ArrangeHUD::ArrangeHUD(Screens& screens) : m_screens(screens) {}
+ArrangeHUD::ArrangeHUD(Screens& screens, const LanguageManager& language)
+    : m_screens(screens), m_language(language)
+{}
 
 ArrangeHUD::~ArrangeHUD() = default;
 
@@ -39,10 +42,11 @@ void ArrangeHUD::makePanel()
     m_panel = std::make_unique<QWidget>(nullptr, Qt::Tool | Qt::FramelessWindowHint |
                                                      Qt::WindowStaysOnTopHint);
     m_panel->setAttribute(Qt::WA_TranslucentBackground);
-    m_panel->setWindowTitle(QStringLiteral("Menüleiste anordnen"));
+    m_madeInLanguage = m_language.effectiveCode();
+    m_panel->setWindowTitle(m_language.L(QStringLiteral("arrange.title")));
     auto* layout = new QVBoxLayout(m_panel.get());
     layout->setContentsMargins(0, 0, 0, 0);
-    m_view = new ArrangeView(m_panel.get());
+    m_view = new ArrangeView(m_language, m_panel.get());
     m_view->onDone = [this] {
         if (onDone)
             onDone();
@@ -54,7 +58,7 @@ void ArrangeHUD::makePanel()
 
 void ArrangeHUD::show(const ScreenRect& anchor)
 {
-    if (!m_panel)
+    if (!m_panel || m_madeInLanguage != m_language.effectiveCode())
         makePanel();
     const int width = ArrangeView::contentWidth;
     const int height = m_view->heightForWidth(width);

@@ -2,6 +2,7 @@
 
 #include "SymbolRenderer.h"
 #include "Theme.h"
+#include "core/settings/LanguageManager.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -57,8 +58,10 @@ QWidget* legendEntry(const QString& symbol, const QString& text, QWidget* parent
 
 } // namespace
 
-ArrangeView::ArrangeView(QWidget* parent) : QWidget(parent)
+ArrangeView::ArrangeView(const LanguageManager& language, QWidget* parent) : QWidget(parent)
 {
+    auto L = [&](const char* key) { return language.L(QString::fromLatin1(key)); };
+    setLayoutDirection(language.isRTL() ? Qt::RightToLeft : Qt::LeftToRight);
     setAttribute(Qt::WA_TranslucentBackground);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(16, 14, 16, 12);
@@ -68,28 +71,23 @@ ArrangeView::ArrangeView(QWidget* parent) : QWidget(parent)
     title->setSpacing(8);
     title->addWidget(
         new SymbolLabel(QStringLiteral("arrow.left.and.right"), Theme::systemBlue(), 18, this));
-    title->addWidget(label(QStringLiteral("Menüleiste anordnen"), Theme::font(13, QFont::DemiBold),
-                           Theme::hudPrimaryText(), this));
+    title->addWidget(
+        label(L("arrange.title"), Theme::font(13, QFont::DemiBold), Theme::hudPrimaryText(), this));
     title->addStretch();
     column->addLayout(title);
 
-    auto* instruction = label(
-        QStringLiteral(
-            "Halte <b>⌘</b> und ziehe die Icons, die <b>immer sichtbar</b> bleiben sollen, "
-            "<b>rechts</b> neben Ravlins Markierung. Alles <b>links</b> davon wird ausgeblendet."),
-        Theme::font(11.5), Theme::hudPrimaryText(), this);
+    auto* instruction =
+        label(L("arrange.instruction"), Theme::font(11.5), Theme::hudPrimaryText(), this);
     instruction->setTextFormat(Qt::RichText);
     instruction->setWordWrap(true);
     column->addWidget(instruction);
 
     auto* footer = new QHBoxLayout;
     footer->setSpacing(12);
-    footer->addWidget(
-        legendEntry(QStringLiteral("eye.slash"), QStringLiteral("links = versteckt"), this));
-    footer->addWidget(
-        legendEntry(QStringLiteral("eye"), QStringLiteral("rechts = sichtbar"), this));
+    footer->addWidget(legendEntry(QStringLiteral("eye.slash"), L("arrange.hidden"), this));
+    footer->addWidget(legendEntry(QStringLiteral("eye"), L("arrange.visible"), this));
     footer->addStretch();
-    m_done = new QPushButton(QStringLiteral("Fertig"), this);
+    m_done = new QPushButton(L("arrange.done"), this);
     m_done->setFont(Theme::font(12, QFont::DemiBold));
     m_done->setCursor(Qt::PointingHandCursor);
     m_done->setDefault(true);

@@ -8,12 +8,14 @@ class QPushButton;
 
 namespace ravlin {
 
+class LanguageManager;
+
 // The content of the arrange-mode guide: title, instruction, legend and the done
-// button. Its texts are fixed German on purpose, like the other arrange texts.
+// button, in the interface language and its reading direction.
 class ArrangeView : public QWidget {
     Q_OBJECT
 public:
-    explicit ArrangeView(QWidget* parent = nullptr);
+    explicit ArrangeView(const LanguageManager& language, QWidget* parent = nullptr);
 
     static constexpr int contentWidth = 340;
     QSize sizeHint() const override;

@@ -66,6 +66,24 @@ QFont menuFont()
     return Theme::font(13);
 }
 
+// A chevron pointing to where the submenu opens, drawn rather than typed: a text arrow
+// would be mirrored again by the text layout of a right-to-left row.
+void submenuArrow(QPainter& p, const QRectF& box, bool pointsLeft, const QColor& colour)
+{
+    const double h = 4, w = 3.2, cx = box.center().x(), cy = box.center().y();
+    const double tip = pointsLeft ? cx - w / 2 : cx + w / 2;
+    const double back = pointsLeft ? cx + w / 2 : cx - w / 2;
+    QPainterPath chevron;
+    chevron.moveTo(back, cy - h);
+    chevron.lineTo(tip, cy);
+    chevron.lineTo(back, cy + h);
+    p.save();
+    p.setBrush(Qt::NoBrush);
+    p.setPen(QPen(colour, 1.4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    p.drawPath(chevron);
+    p.restore();
+}
+
 } // namespace
 
 QSizeF DesktopRenderer::menuSize(const DesktopScene::Menu& menu)
@@ -74,7 +92,9 @@ QSizeF DesktopRenderer::menuSize(const DesktopScene::Menu& menu)
     double width = menuWidthMin, height = 2 * menuPadding;
     for (const auto& row : menu.rows) {
         height += row.separator ? menuSeparator : menuRow;
-        width = std::max(width, metrics.horizontalAdvance(row.title) + 64);
+        const double shortcut =
+            row.shortcut.isEmpty() ? 0 : metrics.horizontalAdvance(row.shortcut) + 24;
+        width = std::max(width, metrics.horizontalAdvance(row.title) + shortcut + 64);
     }
     return {width, height};
 }
@@ -88,11 +108,19 @@ double DesktopRenderer::menuRowOffset(const DesktopScene::Menu& menu, std::size_
 }
 
 // A light menu as the system draws one: a rounded translucent sheet with a soft shadow,
-// check marks in the leading margin, submenu arrows at the trailing end, the entry under
-// the pointer in the accent colour.
+// check marks in the leading margin, key equivalents and submenu arrows at the trailing
+// end, the entry under the pointer in the accent colour. Right to left, all of it mirrored.
 void DesktopRenderer::menu(QPainter& p, const DesktopScene::Menu& m) const
 {
     const QRectF sheet(m.origin, menuSize(m));
+    const bool rtl = m.rightToLeft;
+    // Rectangles are measured from the leading edge and mirrored for right to left.
+    auto place = [&](double leading, double y, double width) {
+        const double x = rtl ? sheet.right() - leading - width : sheet.left() + leading;
+        return QRectF(x, y, width, menuRow);
+    };
+    const Qt::Alignment leadingAlign = rtl ? Qt::AlignRight : Qt::AlignLeft;
+    const Qt::Alignment trailingAlign = rtl ? Qt::AlignLeft : Qt::AlignRight;
     p.save();
     p.setPen(Qt::NoPen);
     for (int i = 10; i >= 1; --i) {
@@ -121,12 +149,20 @@ void DesktopRenderer::menu(QPainter& p, const DesktopScene::Menu& m) const
         }
         p.setPen(text);
         if (row.checked)
-            p.drawText(QRectF(line.left() + 6, y, 14, menuRow), Qt::AlignVCenter, QStringLiteral("✓"));
-        p.drawText(QRectF(line.left() + 22, y, line.width() - 44, menuRow),
-                   Qt::AlignVCenter | Qt::AlignLeft, row.title);
+            p.drawText(place(11, y, 14), Qt::AlignVCenter | leadingAlign, QStringLiteral("✓"));
+        const double trailing = row.hasSubmenu || !row.shortcut.isEmpty() ? 24 : 0;
+        const double shortcutWidth =
+            row.shortcut.isEmpty() ? 0 : p.fontMetrics().horizontalAdvance(row.shortcut) + 8;
+        p.drawText(place(27, y, sheet.width() - 27 - 12 - trailing - shortcutWidth),
+                   Qt::AlignVCenter | leadingAlign, row.title);
+        if (!row.shortcut.isEmpty()) {
+            p.setPen(row.highlighted ? text : QColor(28, 28, 30, 128));
+            p.drawText(place(sheet.width() - 16 - shortcutWidth, y, shortcutWidth),
+                       Qt::AlignVCenter | trailingAlign, row.shortcut);
+            p.setPen(text);
+        }
         if (row.hasSubmenu)
-            p.drawText(QRectF(line.right() - 18, y, 12, menuRow), Qt::AlignVCenter | Qt::AlignRight,
-                       QStringLiteral("›"));
+            submenuArrow(p, place(sheet.width() - 21, y, 8), rtl, text);
         y += menuRow;
     }
     p.restore();
@@ -176,7 +212,8 @@ void DesktopRenderer::statusItem(QPainter& p, const DesktopScene::StatusItem& it
 {
     const QRectF r = item.frame;
     if (item.separator) {
-        if (r.width() >= 3)
+        // The divider of a shown section; a separator stretched to hide items is empty bar.
+        if (r.width() >= 3 && r.width() <= 24)
             p.fillRect(
                 QRectF(r.center().x() - 0.5, r.top() + r.height() * 0.28, 1, r.height() * 0.44),
                 QColor(255, 255, 255, 110));

@@ -34,9 +34,11 @@ struct DesktopScene {
             bool checked = false;
             bool hasSubmenu = false;
             bool highlighted = false;
+            QString shortcut; // as the menu shows it ("⌘,")
         };
         QPointF origin;
         std::vector<Row> rows;
+        bool rightToLeft = false; // mirrored: titles from the right, check marks on the right
     };
 
     std::vector<Display> displays;

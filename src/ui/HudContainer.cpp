@@ -37,10 +37,10 @@ void HudContainer::paintEvent(QPaintEvent*)
     shape.addRoundedRect(r, cornerRadius, cornerRadius);
     // A faint light from above, as the HUD material shows over a desktop.
     QLinearGradient glass(r.topLeft(), r.bottomLeft());
-    glass.setColorAt(0, QColor(44, 44, 48, 240));
-    glass.setColorAt(1, QColor(30, 30, 33, 244));
+    glass.setColorAt(0, m_palette.backdropTop());
+    glass.setColorAt(1, m_palette.backdropBottom());
     p.fillPath(shape, glass);
-    p.setPen(QPen(QColor(255, 255, 255, 20), 1)); // white at 0.08
+    p.setPen(QPen(m_palette.border(), 1));
     p.drawPath(shape);
 }
 

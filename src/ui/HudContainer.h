@@ -1,11 +1,14 @@
 #pragma once
 
+#include "PanelPalette.h"
+
 #include <QWidget>
 
 namespace ravlin {
 
 // The rounded, blurred backdrop of a floating panel. On macOS the window gets the
-// system's HUD material behind it; elsewhere the container paints a dark glass of its own.
+// system's HUD material behind it; elsewhere the container paints a glass of its own, dark
+// or light as the system's appearance is.
 class HudContainer : public QWidget {
     Q_OBJECT
 public:
@@ -18,6 +21,13 @@ public:
     QWidget* content() const { return m_content; }
     // Whether the native material stands behind the container.
     void setNativeBackground(bool native) { m_native = native; }
+    // Light or dark, as the system is.
+    void setPalette(PanelPalette palette)
+    {
+        m_palette = palette;
+        update();
+    }
+    const PanelPalette& palette() const { return m_palette; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -26,6 +36,7 @@ protected:
 private:
     QWidget* m_content = nullptr;
     bool m_native = false;
+    PanelPalette m_palette;
 };
 
 } // namespace ravlin

@@ -9,7 +9,7 @@ namespace {
 
 constexpr double rowGap = 8;   // dashboard and capsules, both directions
 constexpr double stackGap = 6; // weather header and permission tiles
-constexpr double stripGap = 4; // between strip rows
+constexpr double stripGap = 3; // between strip rows
 constexpr double gridGap = 7;  // the grid's flow, both directions
 constexpr double gridColumns = 4;
 constexpr double gridHeight = 72;
@@ -20,7 +20,7 @@ double heightOf(const PanelTile& tile, TileStyle style)
 {
     switch (tile.kind) {
     case TileKind::Weather:
-        return 58;
+        return tile.asksForAccess ? 40 : 58;
     case TileKind::Permission:
         return 48;
     default:
@@ -34,7 +34,7 @@ double heightOf(const PanelTile& tile, TileStyle style)
     case TileStyle::Grid:
         return gridHeight;
     case TileStyle::Strip:
-        return 34;
+        return 28;
     }
     return 40;
 }
@@ -97,11 +97,13 @@ public:
 
     void settingsButton(PanelLayout& out)
     {
+        const double contentEnd = m_y;
         m_y += m_started ? PanelLayout::headerGap : 0;
         m_started = true;
         const double size = PanelLayout::settingsButtonSize;
         out.settingsButton = QRectF(x0() + m_inner - size, m_y, size, size);
         m_y += size;
+        out.footerHeight = height() - contentEnd;
     }
 
     double height() const
@@ -208,6 +210,11 @@ PanelLayout PanelLayout::make(const std::vector<PanelSection>& sections, TileSty
                 *part = mirrored(**part, width);
     }
     return out;
+}
+
+double PanelLayout::preferredHeight(TileStyle style) const
+{
+    return style == TileStyle::Strip ? std::min(height, stripMaximumHeight) : height;
 }
 
 const PanelLayout::PlacedTile* PanelLayout::tileAt(const QPointF& point) const

@@ -30,13 +30,19 @@ struct PanelLayout {
     static constexpr double headerGap = 6;
     static constexpr double searchFieldHeight = 28;
     static constexpr double settingsButtonSize = 22;
+    // The strip is a compact list: it asks for no more than this and scrolls the rest.
+    static constexpr double stripMaximumHeight = 640;
 
     std::vector<PlacedTile> tiles;
     std::vector<PlacedHeader> headers;
     std::optional<QRectF> emptyNote; // "no hidden items", when there are none
     std::optional<QRectF> footnote;  // a line under everything else, when there is one
     std::optional<QRectF> searchField;    // above everything while the user types
-    std::optional<QRectF> settingsButton; // the gear, at the trailing end of the last line
+    // The gear, at the trailing end of a footer under the content. The footer stays at the
+    // bottom of the panel while the content scrolls; the rectangle is where it stands when
+    // the panel is as tall as its content.
+    std::optional<QRectF> settingsButton;
+    double footerHeight = 0; // the footer's share of `height`, the gap above it included
     double height = 0;
 
     // Lays the sections out for a panel `width` wide; right-to-left mirrors every rectangle.
@@ -44,6 +50,9 @@ struct PanelLayout {
                             double width, bool rightToLeft, bool noteEmpty,
                             bool withFootnote = false, bool withSearchField = false,
                             bool withSettingsButton = false);
+
+    // The height the panel asks for: the content's, short of the strip's limit.
+    double preferredHeight(TileStyle style) const;
 
     // The tile under a point, if any.
     const PlacedTile* tileAt(const QPointF& point) const;

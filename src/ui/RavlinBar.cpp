@@ -15,6 +15,7 @@
 #include "core/tiles/TileModel.h"
 #include "foundation/Logging.h"
 #include "foundation/Scheduler.h"
+#include "platform/Appearance.h"
 #include "platform/Screens.h"
 #include "platform/Workspace.h"
 
@@ -27,7 +28,29 @@ namespace P = PanelPlacement;
 RavlinBar::RavlinBar(RavlinBarServices services)
     : m_s(services), m_content(services.stats, services.weather, services.tiles, services.language),
       m_paintCache(std::make_unique<PaintCache>())
-{}
+{
+    if (m_s.appearance) {
+        std::weak_ptr<bool> alive = m_alive;
+        m_s.appearance->whenChanged([this, alive] {
+            if (alive.lock())
+                followAppearance();
+        });
+    }
+}
+
+PanelPalette RavlinBar::palette() const
+{
+    return PanelPalette::forAppearance(!m_s.appearance || m_s.appearance->isDark());
+}
+
+// The open panel takes the system's new appearance at once, as the system's own do.
+void RavlinBar::followAppearance()
+{
+    if (auto* container = static_cast<HudContainer*>(m_container.data()))
+        container->setPalette(palette());
+    if (RavlinBarView* v = view())
+        v->setPalette(palette());
+}
 
 RavlinBar::~RavlinBar()
 {
@@ -109,6 +132,7 @@ void RavlinBar::replaceContent(RavlinBarView* view)
         m_container->deleteLater();
     }
     auto* container = new HudContainer(m_panel.get());
+    container->setPalette(palette());
     container->setNativeBackground(
         NativeWindow::addHudBackground(m_panel.get(), HudContainer::cornerRadius));
     container->setContent(view);
@@ -129,11 +153,15 @@ RavlinBarView* RavlinBar::makeView(const std::vector<BarGroup>& groups, ItemCall
     request.hasAccessibility = m_s.permissions.hasAccessibility();
     if (footnote)
         request.footnote = footnote();
-    const RavlinBarView::Sources sources{m_content, m_s.tiles, m_s.stats, m_s.weather,
+    const RavlinBarView::Sources sources{m_content,
+                                         m_s.tiles,
+                                         m_s.stats,
+                                         m_s.weather,
                                          m_s.language.L(QStringLiteral("bar.empty")),
                                          m_s.language.L(QStringLiteral("search.noMatches")),
                                          m_s.language.L(QStringLiteral("a11y.settings")),
-                                         m_paintCache.get()};
+                                         m_paintCache.get(),
+                                         palette()};
     auto* view = new RavlinBarView(sources, std::move(request), m_s.preferences.tileStyle());
     view->setLayoutDirection(m_s.language.isRTL() ? Qt::RightToLeft : Qt::LeftToRight);
     view->onActivate = std::move(onActivate);
@@ -273,8 +301,9 @@ QString RavlinBar::accessibleName(const PanelTile& tile) const
         if (tile.content && std::holds_alternative<NetworkRates>(*tile.content)) {
             const NetworkRates& rates = std::get<NetworkRates>(*tile.content);
             return tile.label + QStringLiteral(", ") +
-                   m_s.language.L(QStringLiteral("a11y.network"), rateText(rates.down),
-                                  rateText(rates.up));
+                   m_s.language.L(QStringLiteral("a11y.network"),
+                                  rateText(rates.down, m_s.language.decimalPoint()),
+                                  rateText(rates.up, m_s.language.decimalPoint()));
         }
         return tile.label;
     case TileKind::Weather: {
@@ -289,8 +318,15 @@ QString RavlinBar::accessibleName(const PanelTile& tile) const
     return tile.label;
 }
 
+// The weather opens the forecast; without location access it asks for access instead,
+// through the system where it still asks, else in the privacy settings.
 void RavlinBar::openWeather()
 {
+    if (!m_s.weather.hasLocationAccess()) {
+        if (!m_s.weather.askForLocationAccess())
+            m_s.permissions.openLocationSettings();
+        return;
+    }
     if (const std::optional<QString> url =
             m_s.workspace.urlForApplication(QStringLiteral("com.apple.weather")))
         m_s.workspace.openApplication(*url, true);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "PanelPalette.h"
 #include "core/bar/TilePanel.h"
 #include "core/tiles/PanelContent.h"
 #include "platform/Screens.h"
@@ -13,6 +14,7 @@ class QWidget;
 
 namespace ravlin {
 
+class Appearance;
 class HudContainer;
 class LanguageManager;
 class PaintCache;
@@ -38,6 +40,8 @@ struct RavlinBarServices {
     TileModel& tiles;
     PermissionManager& permissions;
     Workspace& workspace;
+    // The system's light or dark appearance, which the panel follows (none: dark).
+    Appearance* appearance = nullptr;
 };
 
 // The floating tile panel under the main status item. The window is made once
@@ -89,6 +93,8 @@ private:
     void askForPermission(const QString& key);
     double mainDisplayHeight() const;
     QString accessibleName(const PanelTile& tile) const;
+    PanelPalette palette() const;
+    void followAppearance();
 
     RavlinBarServices m_s;
     PanelContent m_content;

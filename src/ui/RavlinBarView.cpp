@@ -34,7 +34,8 @@ RavlinBarView::RavlinBarView(const Sources& sources, PanelRequest request, TileS
                              QWidget* parent)
     : QWidget(parent), m_content(sources.content), m_tiles(sources.tiles),
       m_request(std::move(request)), m_style(style), m_emptyText(sources.emptyText),
-      m_noMatchText(sources.noMatchText), m_settingsName(sources.settingsName), m_paintCache(sources.paintCache)
+      m_noMatchText(sources.noMatchText), m_settingsName(sources.settingsName),
+      m_paintCache(sources.paintCache), m_palette(sources.palette)
 {
     static const bool accessibleInstalled = [] {
         QAccessible::installFactory(&RavlinBarAccessible::factory);
@@ -64,6 +65,12 @@ void RavlinBarView::rebuild()
         m_focus.reset();
         m_focusShown = false;
     }
+}
+
+void RavlinBarView::setPalette(PanelPalette palette)
+{
+    m_palette = palette;
+    update();
 }
 
 QString RavlinBarView::emptyText() const
@@ -106,9 +113,9 @@ void RavlinBarView::setFocusedKey(const std::optional<QString>& key)
         moved.setChild(index >= 0 ? index : int(tileKeys().size()));
         QAccessible::updateAccessibility(&moved);
     }
-    if (key) {
-        if (const std::optional<QRectF> r =
-                *key == settingsKey ? m_layout.settingsButton : tileRect(*key))
+    // The gear is always in sight; a tile may have to be brought into view.
+    if (key && *key != settingsKey) {
+        if (const std::optional<QRectF> r = tileRect(*key))
             scrollIntoView(*r);
     }
     update();
@@ -119,8 +126,8 @@ void RavlinBarView::scrollIntoView(const QRectF& rect)
     constexpr double margin = 6;
     if (rect.top() - margin < m_scroll)
         setScrollOffset(rect.top() - margin);
-    else if (rect.bottom() + margin > m_scroll + height())
-        setScrollOffset(rect.bottom() + margin - height());
+    else if (rect.bottom() + margin > m_scroll + height() - footerHeight())
+        setScrollOffset(rect.bottom() + margin - height() + footerHeight());
 }
 
 void RavlinBarView::pressSettings()
@@ -157,13 +164,37 @@ void RavlinBarView::setScrollOffset(double offset)
     update();
 }
 
+// The part of the content in sight: above the footer, which never scrolls.
 QRectF RavlinBarView::visibleContent() const
 {
-    return QRectF(0, m_scroll, width(), height());
+    return QRectF(0, m_scroll, width(), std::max(0.0, height() - footerHeight()));
+}
+
+double RavlinBarView::footerHeight() const
+{
+    return m_layout.settingsButton ? m_layout.footerHeight : 0.0;
+}
+
+std::optional<QRectF> RavlinBarView::pinnedSettingsButton() const
+{
+    if (!m_layout.settingsButton)
+        return std::nullopt;
+    const double size = PanelLayout::settingsButtonSize;
+    return QRectF(m_layout.settingsButton->x(), height() - PanelLayout::padding - size, size, size);
+}
+
+std::optional<QRectF> RavlinBarView::settingsRect() const
+{
+    const std::optional<QRectF> pinned = pinnedSettingsButton();
+    return pinned ? std::optional(pinned->translated(0, m_scroll)) : std::nullopt;
 }
 
 bool RavlinBarView::isTileVisible(const QString& key) const
 {
+    if (key == settingsKey) {
+        const std::optional<QRectF> gear = pinnedSettingsButton();
+        return gear && QRectF(rect()).contains(*gear);
+    }
     const std::optional<QRectF> r = tileRect(key);
     return r && r->intersects(visibleContent());
 }
@@ -185,7 +216,7 @@ QSize RavlinBarView::sizeHint() const
 int RavlinBarView::heightForWidth(int width) const
 {
     const PanelLayout layout = width == this->width() ? m_layout : layoutFor(width);
-    return int(std::ceil(layout.height));
+    return int(std::ceil(layout.preferredHeight(m_style)));
 }
 
 const PanelTile& RavlinBarView::tileOf(const PanelLayout::PlacedTile& placed) const
@@ -224,11 +255,14 @@ std::optional<QString> RavlinBarView::keyAt(const QPointF& point) const
 {
     if (!rect().contains(point.toPoint()))
         return std::nullopt;
+    const std::optional<QRectF> gear = pinnedSettingsButton();
+    if (gear && gear->contains(point))
+        return settingsKey;
+    if (point.y() >= height() - footerHeight())
+        return std::nullopt; // the footer hides what scrolled under it
     const PanelLayout::PlacedTile* p = m_layout.tileAt(toContent(point));
     if (p)
         return tileOf(*p).key;
-    if (m_layout.settingsButton && m_layout.settingsButton->contains(toContent(point)))
-        return settingsKey;
     if (onFootnote && m_layout.footnote && m_layout.footnote->contains(toContent(point)))
         return footnoteKey;
     return std::nullopt;
@@ -521,10 +555,10 @@ void RavlinBarView::paintEvent(QPaintEvent*)
 {
     m_painted.clear();
     QPainter painter(this);
-    painter.setClipRect(rect());
+    painter.setClipRect(QRectF(0, 0, width(), height() - footerHeight()));
     painter.translate(0, -m_scroll);
     const QRectF inSight = visibleContent();
-    TilePainter tiles(painter, m_style, isRightToLeft(), m_paintCache);
+    TilePainter tiles(painter, m_style, isRightToLeft(), m_paintCache, m_palette);
     for (const PanelLayout::PlacedHeader& h : m_layout.headers)
         if (h.rect.intersects(inSight))
             tiles.header(m_sections[h.section].title.value_or(QString()), h.rect);
@@ -532,13 +566,6 @@ void RavlinBarView::paintEvent(QPaintEvent*)
         tiles.searchField(m_request.query, *m_layout.searchField, &m_painted[QStringLiteral("search")]);
     if (m_layout.emptyNote && m_layout.emptyNote->intersects(inSight))
         tiles.emptyNote(emptyText(), *m_layout.emptyNote);
-    if (m_layout.settingsButton && m_layout.settingsButton->intersects(inSight)) {
-        TileState gear;
-        gear.hovered = m_hover == settingsKey;
-        gear.pressed = m_pressed == settingsKey && gear.hovered;
-        gear.focused = m_focusShown && m_focus == settingsKey;
-        tiles.settingsButton(*m_layout.settingsButton, gear);
-    }
     if (m_layout.footnote && m_layout.footnote->intersects(inSight))
         tiles.footnote(m_request.footnote, *m_layout.footnote);
     const std::optional<QString> under = m_dragging ? keyAt(m_pointer) : std::nullopt;
@@ -555,10 +582,35 @@ void RavlinBarView::paintEvent(QPaintEvent*)
         state.focused = m_focusShown && m_focus == t.key && !m_dragging;
         tiles.tile(t, p.rect, state, &m_painted[t.key]);
     }
-    if (m_dragging)
-        paintDragged(painter);
     painter.translate(0, m_scroll);
+    painter.setClipRect(rect());
+    paintFooter(painter);
+    if (m_dragging) {
+        painter.translate(0, -m_scroll);
+        paintDragged(painter);
+        painter.translate(0, m_scroll);
+    }
     paintScroller(painter);
+}
+
+// The footer under the content: the gear at its trailing end, and a hairline above it
+// while content scrolls underneath.
+void RavlinBarView::paintFooter(QPainter& painter)
+{
+    const std::optional<QRectF> gear = pinnedSettingsButton();
+    if (!gear)
+        return;
+    if (maximumScroll() > 0) {
+        const double top = height() - footerHeight();
+        painter.fillRect(QRectF(PanelLayout::padding, top, width() - 2 * PanelLayout::padding, 0.5),
+                         m_palette.ink(30));
+    }
+    TileState state;
+    state.hovered = m_hover == settingsKey;
+    state.pressed = m_pressed == settingsKey && state.hovered;
+    state.focused = m_focusShown && m_focus == settingsKey;
+    TilePainter(painter, m_style, isRightToLeft(), m_paintCache, m_palette)
+        .settingsButton(*gear, state);
 }
 
 // The dragged tile follows the pointer.
@@ -570,7 +622,7 @@ void RavlinBarView::paintDragged(QPainter& painter)
     TileState state;
     state.hovered = true;
     state.floating = true;
-    TilePainter(painter, m_style, isRightToLeft(), m_paintCache)
+    TilePainter(painter, m_style, isRightToLeft(), m_paintCache, m_palette)
         .tile(tileOf(*p), p->rect.translated(m_pointer - m_pressPoint), state);
 }
 
@@ -581,7 +633,7 @@ void RavlinBarView::paintScroller(QPainter& painter)
     const double hidden = maximumScroll();
     if (hidden <= 0)
         return;
-    const double track = height() - 2 * PanelLayout::padding;
+    const double track = height() - footerHeight() - 1.5 * PanelLayout::padding;
     const double thumb = std::max(24.0, track * height() / m_layout.height);
     const double y = PanelLayout::padding + (track - thumb) * (m_scroll / hidden);
     constexpr double thickness = 4, inset = 4;
@@ -589,7 +641,7 @@ void RavlinBarView::paintScroller(QPainter& painter)
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(255, 255, 255, 92));
+    painter.setBrush(m_palette.ink(92));
     painter.drawRoundedRect(QRectF(x, y, thickness, thumb), thickness / 2, thickness / 2);
     painter.restore();
 }

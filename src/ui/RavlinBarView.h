@@ -1,6 +1,7 @@
 #pragma once
 
 #include "PanelLayout.h"
+#include "PanelPalette.h"
 #include "core/settings/TileStyle.h"
 #include "core/tiles/PanelContent.h"
 
@@ -46,6 +47,7 @@ public:
         QString noMatchText; // shown when nothing matches what the user typed
         QString settingsName; // the gear's name for screen readers
         PaintCache* paintCache = nullptr; // kept by the panel across shows
+        PanelPalette palette;             // light or dark, as the system is
     };
 
     RavlinBarView(const Sources& sources, PanelRequest request, TileStyle style,
@@ -66,6 +68,8 @@ public:
     std::function<void()> onContentHeightChanged;
 
     TileStyle style() const { return m_style; }
+    const PanelPalette& palette() const { return m_palette; }
+    void setPalette(PanelPalette palette);
     bool isRightToLeft() const { return layoutDirection() == Qt::RightToLeft; }
     const std::vector<PanelSection>& sections() const { return m_sections; }
     const QString& footnote() const { return m_request.footnote; }
@@ -93,7 +97,9 @@ public:
     // The accessible name of a tile, as a screen reader speaks it.
     QString accessibleNameOf(const PanelTile& tile) const;
     std::function<QString(const PanelTile&)> accessibleNamer;
-    std::optional<QRectF> settingsRect() const { return m_layout.settingsButton; }
+    // The gear, pinned to the bottom of the panel whatever the scroll, in content
+    // coordinates (as tile rectangles are) at the present scroll offset.
+    std::optional<QRectF> settingsRect() const;
     const QString& settingsName() const { return m_settingsName; }
 
     QSize sizeHint() const override;
@@ -145,6 +151,10 @@ private:
     void paintScroller(QPainter& painter);
     void setHover(std::optional<QString> key);
     QRectF visibleContent() const;
+    // The footer's height, and the gear where it stands in the view.
+    double footerHeight() const;
+    std::optional<QRectF> pinnedSettingsButton() const;
+    void paintFooter(QPainter& painter);
     QPointF toContent(const QPointF& viewPoint) const { return viewPoint + QPointF(0, m_scroll); }
 
     const PanelContent& m_content;
@@ -155,6 +165,7 @@ private:
     QString m_noMatchText;
     QString m_settingsName;
     PaintCache* m_paintCache;
+    PanelPalette m_palette;
     std::optional<QString> m_focus;
     bool m_focusShown = false;
     std::vector<PanelSection> m_sections;

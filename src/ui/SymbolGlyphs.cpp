@@ -50,9 +50,10 @@ const QHash<QString, char32_t>& symbolGlyphs()
         {QStringLiteral("cloud.bolt.fill"), 0xe3e7},      // flash_on
         {QStringLiteral("cloud.bolt.rain.fill"), 0xebdb}, // thunderstorm
         // permissions and place
-        {QStringLiteral("lock.shield"), 0xe32a},   // security
-        {QStringLiteral("accessibility"), 0xe84e}, // accessibility
-        {QStringLiteral("location.fill"), 0xe569}, // near_me
+        {QStringLiteral("lock.shield"), 0xe32a},    // security
+        {QStringLiteral("accessibility"), 0xe84e},  // accessibility
+        {QStringLiteral("location.fill"), 0xe569},  // near_me
+        {QStringLiteral("location.slash"), 0xe0c7}, // location_off
         // settings window
         {QStringLiteral("gearshape"), 0xe8b8},         // settings
         {QStringLiteral("menubar.rectangle"), 0xe069}, // web_asset

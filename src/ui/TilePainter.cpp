@@ -8,6 +8,7 @@
 #include <QPaintDevice>
 #include <QPainter>
 #include <QPainterPath>
+#include <QTextLayout>
 
 #include <algorithm>
 
@@ -33,22 +34,6 @@ struct Box {
 };
 
 using Canvas = TilePainter::Canvas;
-
-QColor white(int alpha)
-{
-    return QColor(255, 255, 255, alpha);
-}
-
-// A faint white that is a touch brighter at the top, as light falls on glass. Qt fills
-// translucent gradients several times faster than translucent plain colours, which
-// keeps a panel of many tiles within one frame.
-QBrush glass(const QRectF& r, int alpha)
-{
-    QLinearGradient g(r.topLeft(), r.bottomLeft());
-    g.setColorAt(0, white(alpha + 3));
-    g.setColorAt(1, white(std::max(0, alpha - 3)));
-    return g;
-}
 
 QFont fontOf(Canvas& c, double pointSize, QFont::Weight weight = QFont::Normal)
 {
@@ -78,8 +63,7 @@ bool symbol(Canvas& c, const QRectF& rect, const QString& name, const QColor& co
 void cachedText(Canvas& c, const QRectF& rect, const QString& s, const QFont& font,
                 const QColor& colour, Qt::Alignment align)
 {
-    const PaintCache::Line& line =
-        c.cache->line(s, font, rect.width(), c.p.layoutDirection() == Qt::RightToLeft);
+    const PaintCache::Line& line = c.cache->line(s, font, rect.width(), s.isRightToLeft());
     double x = rect.left();
     if (align & Qt::AlignRight)
         x = rect.right() - line.size.width();
@@ -105,10 +89,61 @@ void text(Canvas& c, const QRectF& rect, const QString& s, const QFont& font, co
     c.p.setFont(font);
     c.p.setPen(colour);
     const QString shown = c.p.fontMetrics().elidedText(s, Qt::ElideRight, int(rect.width()));
+    // Each text is laid out in its own direction, so that a Latin name in a right-to-left
+    // panel is cut at its own end.
+    const Qt::LayoutDirection direction = c.p.layoutDirection();
+    c.p.setLayoutDirection(s.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
     c.p.drawText(rect, int(align | Qt::AlignVCenter | Qt::AlignAbsolute) | Qt::TextSingleLine,
                  shown);
+    c.p.setLayoutDirection(direction);
     if (c.painted && !shown.isEmpty())
         c.painted->append(shown);
+}
+
+// Whether the text needs a second line at that width.
+bool needsTwoLines(const QString& s, const QFont& font, double width)
+{
+    return QFontMetricsF(font).horizontalAdvance(s) > width;
+}
+
+// Where a text that does not fit on one line breaks: after a word, or anywhere in a
+// script written without spaces.
+std::pair<QString, QString> breakLine(const QString& s, const QFont& font, double width)
+{
+    QTextLayout layout(s, font);
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    line.setLineWidth(width);
+    layout.endLayout();
+    const int length = std::max(1, line.textLength());
+    return {s.left(length).trimmed(), s.mid(length).trimmed()};
+}
+
+// A text on up to two lines, centred on the rectangle's middle: one that does not fit on one
+// line goes on to a second, and only the second is cut. Noted as drawn, the lines joined by
+// a line break. Where the rectangle has no room for two lines, the text is cut on one.
+void wrappedText(Canvas& c, const QRectF& rect, const QString& s, const QFont& font,
+                 const QColor& colour, Qt::Alignment align)
+{
+    const double lineHeight = QFontMetricsF(font).height();
+    if (!needsTwoLines(s, font, rect.width()) || rect.height() < 2 * lineHeight) {
+        text(c, rect, s, font, colour, align);
+        return;
+    }
+    const auto [first, rest] = breakLine(s, font, rect.width());
+    QStringList* painted = std::exchange(c.painted, nullptr);
+    QStringList shown;
+    c.painted = &shown;
+    const double top = rect.center().y() - lineHeight;
+    text(c, QRectF(rect.left(), top, rect.width(), lineHeight), first, font, colour, align);
+    text(c, QRectF(rect.left(), top + lineHeight, rect.width(), lineHeight), rest, font, colour,
+         align);
+    c.painted = painted;
+    if (painted)
+        painted->append(shown.join(u'\n'));
 }
 
 // Figures, rates and temperatures read left to right in every language.
@@ -194,8 +229,12 @@ void disc(Canvas& c, const PanelTile& tile, const QRectF& rect)
     const bool quiet = hasImage(tile);
     const QColor accent = tile.accent.value_or(Theme::systemBlue());
     p.setPen(Qt::NoPen);
-    if (quiet) {
-        p.setBrush(glass(rect, 26));
+    if (quiet && !c.palette.dark) {
+        // Pictures of menu-bar items are white glyphs: a chip of the bar's colour keeps
+        // them readable on the light glass.
+        p.setBrush(QColor(58, 58, 64, 190));
+    } else if (quiet) {
+        p.setBrush(c.palette.glass(rect, 26));
     } else {
         QLinearGradient shade(rect.topLeft(), rect.bottomLeft());
         shade.setColorAt(0, accent.lighter(112));
@@ -223,10 +262,11 @@ void ring(QPainter& p, const QRectF& rect, double percent, const QColor& accent,
     p.drawArc(r, 90 * 16, -int(share * 360 * 16)); // clockwise from twelve o'clock
 }
 
-void bar(QPainter& p, const QRectF& rect, double percent, const QColor& accent, bool rtl)
+void bar(Canvas& c, const QRectF& rect, double percent, const QColor& accent, bool rtl)
 {
+    QPainter& p = c.p;
     p.setPen(Qt::NoPen);
-    p.setBrush(glass(rect, 30));
+    p.setBrush(c.palette.glass(rect, 30));
     const double radius = rect.height() / 2;
     p.drawRoundedRect(rect, radius, radius);
     const double w = rect.width() * std::clamp(percent, 0.0, 100.0) / 100.0;
@@ -248,8 +288,9 @@ QString ownerLine(const PanelTile& tile)
 
 } // namespace
 
-TilePainter::TilePainter(QPainter& painter, TileStyle style, bool rightToLeft, PaintCache* cache)
-    : m_p(painter), m_c{painter, nullptr, cache}, m_style(style), m_rtl(rightToLeft)
+TilePainter::TilePainter(QPainter& painter, TileStyle style, bool rightToLeft, PaintCache* cache,
+                         PanelPalette palette)
+    : m_p(painter), m_c{painter, nullptr, cache, palette}, m_style(style), m_rtl(rightToLeft)
 {
     m_p.setRenderHint(QPainter::Antialiasing);
     m_p.setRenderHint(QPainter::TextAntialiasing);
@@ -284,11 +325,11 @@ void TilePainter::tile(const PanelTile& tile, const QRectF& rect, const TileStat
             m_p.setBrush(QColor(0, 0, 0, 24));
             m_p.drawRoundedRect(rect.adjusted(-i, 3 - i, i, 3 + i), radius + i, radius + i);
         }
-        m_p.setBrush(QColor(50, 50, 54));
+        m_p.setBrush(m_c.palette.dark ? QColor(50, 50, 54) : QColor(250, 250, 252));
         m_p.drawRoundedRect(rect, radius, radius);
     }
     const int fill = state.pressed ? 44 : state.hovered || state.dropTarget ? 32 : 17;
-    face(m_p, rect, radius, fill, state.dropTarget);
+    face(rect, radius, fill, state.dropTarget);
     switch (tile.kind) {
     case TileKind::Weather:
         weather(tile, rect);
@@ -349,8 +390,9 @@ void TilePainter::placedMark(const QRectF& rect, double radius, bool besideNewMa
 
 // A tile's fill and its hairline border. The border is filled as a ring rather than
 // stroked: stroking curves costs more than the rest of the tile together.
-void TilePainter::face(QPainter& p, const QRectF& rect, double radius, int fill, bool dropTarget)
+void TilePainter::face(const QRectF& rect, double radius, int fill, bool dropTarget)
 {
+    QPainter& p = m_p;
     const double edge = dropTarget ? 1.5 : 1;
     const QRectF inner = rect.adjusted(edge, edge, -edge, -edge);
     const double innerRadius = std::max(0.0, radius - edge);
@@ -358,8 +400,8 @@ void TilePainter::face(QPainter& p, const QRectF& rect, double radius, int fill,
     border.addRoundedRect(rect, radius, radius);
     border.addRoundedRect(inner, innerRadius, innerRadius);
     p.setPen(Qt::NoPen);
-    p.fillPath(border, dropTarget ? QBrush(Theme::systemBlue()) : glass(rect, 12));
-    p.setBrush(glass(inner, fill));
+    p.fillPath(border, dropTarget ? QBrush(Theme::systemBlue()) : m_c.palette.glass(rect, 12));
+    p.setBrush(m_c.palette.glass(inner, fill));
     p.drawRoundedRect(inner, innerRadius, innerRadius);
 }
 
@@ -384,14 +426,14 @@ void TilePainter::searchField(const QString& query, const QRectF& rect, QStringL
     m_p.save();
     const double radius = rect.height() / 2;
     m_p.setPen(Qt::NoPen);
-    m_p.setBrush(glass(rect, 26));
+    m_p.setBrush(m_c.palette.glass(rect, 26));
     m_p.drawRoundedRect(rect, radius, radius);
     const Box b{rect, m_rtl};
     symbol(m_c, b.at(10, 7, 14, 14), QStringLiteral("magnifyingglass"),
-                          Theme::hudSecondaryText());
+           m_c.palette.secondaryText());
     const QFont font = fontOf(m_c, 13);
     const QRectF textRect = b.span(30, 0, 12, rect.height());
-    text(m_c, textRect, query, font, Theme::hudPrimaryText(), b.lead());
+    text(m_c, textRect, query, font, m_c.palette.primaryText(), b.lead());
     // The caret stands after the text, on the side the text runs to.
     const double advance =
         std::min(QFontMetricsF(font).horizontalAdvance(query), textRect.width());
@@ -407,11 +449,11 @@ void TilePainter::settingsButton(const QRectF& rect, const TileState& state)
     const int fill = state.pressed ? 44 : state.hovered ? 32 : 0;
     if (fill > 0) {
         m_p.setPen(Qt::NoPen);
-        m_p.setBrush(glass(rect, fill));
+        m_p.setBrush(m_c.palette.glass(rect, fill));
         m_p.drawEllipse(rect);
     }
     symbol(m_c, rect.adjusted(4, 4, -4, -4), QStringLiteral("gearshape"),
-                          state.hovered ? Theme::hudPrimaryText() : Theme::hudSecondaryText());
+           state.hovered ? m_c.palette.primaryText() : m_c.palette.secondaryText());
     m_p.restore();
     if (state.focused)
         focusRing(rect, rect.height() / 2);
@@ -421,7 +463,7 @@ void TilePainter::header(const QString& title, const QRectF& rect)
 {
     const Box b{rect, m_rtl};
     text(m_c, b.span(4, 0, 4, rect.height()), title, fontOf(m_c, 11, QFont::DemiBold),
-         Theme::hudSecondaryText(), b.lead());
+         m_c.palette.secondaryText(), b.lead());
 }
 
 // Small secondary text, wrapped over up to two lines, in the reading direction.
@@ -429,7 +471,7 @@ void TilePainter::footnote(const QString& note, const QRectF& rect)
 {
     m_p.save();
     m_p.setFont(fontOf(m_c, 10.5));
-    m_p.setPen(Theme::hudSecondaryText());
+    m_p.setPen(m_c.palette.secondaryText());
     m_p.drawText(
         rect.adjusted(4, 0, -4, 0),
         int((m_rtl ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute | Qt::AlignVCenter) |
@@ -442,9 +484,9 @@ void TilePainter::emptyNote(const QString& note, const QRectF& rect)
 {
     m_p.save();
     m_p.setPen(Qt::NoPen);
-    m_p.setBrush(glass(rect, 8));
+    m_p.setBrush(m_c.palette.glass(rect, 8));
     m_p.drawRoundedRect(rect, 12, 12);
-    text(m_c, rect.adjusted(12, 0, -12, 0), note, fontOf(m_c, 12), Theme::hudSecondaryText(),
+    text(m_c, rect.adjusted(12, 0, -12, 0), note, fontOf(m_c, 12), m_c.palette.secondaryText(),
          Qt::AlignHCenter);
     m_p.restore();
 }
@@ -452,18 +494,33 @@ void TilePainter::emptyNote(const QString& note, const QRectF& rect)
 void TilePainter::weather(const PanelTile& t, const QRectF& rect)
 {
     const Box b{rect, m_rtl};
+    if (t.asksForAccess) {
+        const double h = rect.height();
+        symbol(m_c, b.at(12, (h - 18) / 2, 18, 18), t.symbol,
+               t.accent.value_or(Theme::systemBlue()));
+        wrappedText(m_c, b.span(40, 0, 34, h), t.label, fontOf(m_c, 12, QFont::Medium),
+                    m_c.palette.primaryText(), b.lead());
+        symbol(m_c, b.at(rect.width() - 26, (h - 16) / 2, 16, 16),
+               m_rtl ? QStringLiteral("chevron.left") : QStringLiteral("chevron.right"),
+               m_c.palette.secondaryText());
+        return;
+    }
     symbol(m_c, b.at(12, 13, 32, 32), t.symbol,
                           t.accent.value_or(Theme::systemBlue()));
-    symbol(m_c, b.at(54, 13, 11, 11), QStringLiteral("location.fill"),
-                          Theme::hudSecondaryText());
-    text(m_c, b.span(69, 9, 110, 19), t.label, fontOf(m_c, 13, QFont::DemiBold),
-         Theme::hudPrimaryText(), b.lead());
-    text(m_c, b.span(54, 30, 110, 16), t.note, fontOf(m_c, 11), Theme::hudSecondaryText(),
-         b.lead());
-    figures(m_c, b.at(rect.width() - 112, 5, 100, 30), t.subtitle, fontOf(m_c, 25, QFont::Light),
-            Theme::hudPrimaryText(), b.trail());
-    figures(m_c, b.at(rect.width() - 152, 36, 140, 15), t.detail, fontOf(m_c, 10.5),
-            Theme::hudSecondaryText(), b.trail());
+    symbol(m_c, b.at(54, 13, 11, 11), QStringLiteral("location.fill"), m_c.palette.secondaryText());
+    // The place and the description take whatever the figures beside them leave.
+    const QFont temperature = fontOf(m_c, 25, QFont::Light);
+    const QFont range = fontOf(m_c, 10.5);
+    const double beside = 12 + 10;
+    text(m_c, b.span(69, 9, beside + QFontMetricsF(temperature).horizontalAdvance(t.subtitle), 19),
+         t.label, fontOf(m_c, 13, QFont::DemiBold), m_c.palette.primaryText(), b.lead());
+    text(m_c, b.span(54, 30, beside + QFontMetricsF(range).horizontalAdvance(t.detail), 16), t.note,
+         fontOf(m_c, 11), m_c.palette.secondaryText(), b.lead());
+    figures(m_c, b.at(rect.width() - 112, 5, 100, 30), t.subtitle, temperature,
+            m_c.palette.primaryText(), b.trail());
+    // The range line holds words as well as figures: it reads in its own direction.
+    text(m_c, b.at(rect.width() - 172, 36, 160, 15), t.detail, range,
+            m_c.palette.secondaryText(), b.trail());
 }
 
 void TilePainter::permission(const PanelTile& t, const QRectF& rect)
@@ -471,13 +528,13 @@ void TilePainter::permission(const PanelTile& t, const QRectF& rect)
     const Box b{rect, m_rtl};
     disc(m_c, t, b.at(10, (rect.height() - 30) / 2, 30, 30));
     text(m_c, b.span(50, 7, 34, 18), t.label, fontOf(m_c, 12.5, QFont::DemiBold),
-         Theme::hudPrimaryText(), b.lead());
-    text(m_c, b.span(50, 25, 34, 15), t.subtitle, fontOf(m_c, 10.5), Theme::hudSecondaryText(),
+         m_c.palette.primaryText(), b.lead());
+    text(m_c, b.span(50, 25, 34, 15), t.subtitle, fontOf(m_c, 10.5), m_c.palette.secondaryText(),
          b.lead());
     const QString chevron =
         m_rtl ? QStringLiteral("chevron.left") : QStringLiteral("chevron.right");
     symbol(m_c, b.at(rect.width() - 26, (rect.height() - 16) / 2, 16, 16), chevron,
-                          Theme::hudSecondaryText());
+           m_c.palette.secondaryText());
 }
 
 void TilePainter::dashboard(const PanelTile& t, const QRectF& rect)
@@ -490,28 +547,32 @@ void TilePainter::dashboard(const PanelTile& t, const QRectF& rect)
         ring(m_p, gauge, t.percent.value_or(0), accent, 4.5);
         symbol(m_c, gauge.adjusted(12, 12, -12, -12), t.symbol, accent);
         text(m_c, b.span(61, h / 2 - 17, 8, 15), t.label, fontOf(m_c, 11),
-             Theme::hudSecondaryText(), b.lead());
+             m_c.palette.secondaryText(), b.lead());
         figures(m_c, b.span(61, h / 2 - 2, 8, 21), t.subtitle, fontOf(m_c, 17, QFont::DemiBold),
-                Theme::hudPrimaryText(), b.lead());
+                m_c.palette.primaryText(), b.lead());
         return;
     }
     disc(m_c, t, b.at(10, (h - 30) / 2, 30, 30));
     if (t.kind == TileKind::Network) {
         text(m_c, b.span(50, 0, 160, h), t.label, fontOf(m_c, 12.5, QFont::DemiBold),
-             Theme::hudPrimaryText(), b.lead());
+             m_c.palette.primaryText(), b.lead());
         figures(m_c, b.span(130, 0, 14, h), t.subtitle, fontOf(m_c, 12.5, QFont::Medium),
-                Theme::hudPrimaryText(), b.trail());
+                m_c.palette.primaryText(), b.trail());
         return;
     }
+    // The owner's line gives way to a name that needs two lines and already says it.
     const QString owner = ownerLine(t);
-    if (owner.isEmpty()) {
-        text(m_c, b.span(48, 0, 10, h), t.label, fontOf(m_c, 12.5, QFont::DemiBold),
-             Theme::hudPrimaryText(), b.lead());
+    const QFont labelFont = fontOf(m_c, 12.5, QFont::DemiBold);
+    const bool ownerSaid = t.label.startsWith(owner) &&
+                           needsTwoLines(t.label, labelFont, b.span(48, 0, 10, h).width());
+    if (owner.isEmpty() || ownerSaid) {
+        wrappedText(m_c, b.span(48, 0, 10, h), t.label, labelFont, m_c.palette.primaryText(),
+                    b.lead());
         return;
     }
-    text(m_c, b.span(48, h / 2 - 16, 10, 17), t.label, fontOf(m_c, 12.5, QFont::DemiBold),
-         Theme::hudPrimaryText(), b.lead());
-    text(m_c, b.span(48, h / 2 + 1, 10, 14), owner, fontOf(m_c, 10.5), Theme::hudSecondaryText(),
+    text(m_c, b.span(48, h / 2 - 16, 10, 17), t.label, labelFont, m_c.palette.primaryText(),
+         b.lead());
+    text(m_c, b.span(48, h / 2 + 1, 10, 14), owner, fontOf(m_c, 10.5), m_c.palette.secondaryText(),
          b.lead());
 }
 
@@ -524,19 +585,25 @@ void TilePainter::capsule(const PanelTile& t, const QRectF& rect)
     switch (t.kind) {
     case TileKind::Stat:
         text(m_c, b.span(x, h / 2 - 14, 14, 13), t.label, fontOf(m_c, 10.5),
-             Theme::hudSecondaryText(), b.lead());
+             m_c.palette.secondaryText(), b.lead());
         figures(m_c, b.span(x, h / 2 - 1, 14, 16), t.subtitle, fontOf(m_c, 13, QFont::DemiBold),
-                Theme::hudPrimaryText(), b.lead());
+                m_c.palette.primaryText(), b.lead());
         break;
     case TileKind::Network:
         text(m_c, b.span(x, 0, 170, h), t.label, fontOf(m_c, 12.5, QFont::Medium),
-             Theme::hudPrimaryText(), b.lead());
+             m_c.palette.primaryText(), b.lead());
         figures(m_c, b.span(110, 0, 16, h), t.subtitle, fontOf(m_c, 12.5, QFont::DemiBold),
-                Theme::hudPrimaryText(), b.trail());
+                m_c.palette.primaryText(), b.trail());
         break;
-    default:
-        text(m_c, b.span(x, 0, 14, h), t.label, fontOf(m_c, 12.5, QFont::Medium),
-             Theme::hudPrimaryText(), b.lead());
+    default: {
+        // A name too long for one line takes two in a slightly smaller size.
+        const QRectF label = b.span(x, 0, 14, h);
+        const QFont font = fontOf(m_c, 12.5, QFont::Medium);
+        wrappedText(m_c, label, t.label,
+                    needsTwoLines(t.label, font, label.width()) ? fontOf(m_c, 11, QFont::Medium)
+                                                                : font,
+                    m_c.palette.primaryText(), b.lead());
+    }
     }
 }
 
@@ -548,21 +615,26 @@ void TilePainter::gridCell(const PanelTile& t, const QRectF& rect)
     if (t.kind == TileKind::Network) {
         disc(m_c, t, b.at(10, 10, 30, 30));
         text(m_c, b.span(48, 10, 8, 30), t.label, fontOf(m_c, 11.5, QFont::DemiBold),
-             Theme::hudPrimaryText(), b.lead());
+             m_c.palette.primaryText(), b.lead());
         figures(m_c, b.span(10, 47, 8, 16), t.detail, fontOf(m_c, 10.5, QFont::Medium),
-                Theme::hudSecondaryText(), b.lead());
+                m_c.palette.secondaryText(), b.lead());
         return;
     }
-    const QRectF top(rect.left() + (w - 34) / 2, rect.top() + 9, 34, 34);
+    // A name that needs two lines takes them, and the picture above moves up for it.
+    const QFont labelFont = fontOf(m_c, 10.5);
+    const bool twoLines = t.kind == TileKind::Item && needsTwoLines(t.label, labelFont, w - 8);
+    const double side = twoLines ? 28 : 34;
+    const QRectF top(rect.left() + (w - side) / 2, rect.top() + (twoLines ? 6 : 9), side, side);
     if (t.kind == TileKind::Stat) {
         ring(m_p, top, t.percent.value_or(0), accent, 3.5);
         wholeFigures(m_c, top.adjusted(4.5, 0, -4.5, 0), t.subtitle, 10, QFont::DemiBold,
-                     Theme::hudPrimaryText());
+                     m_c.palette.primaryText());
     } else {
         disc(m_c, t, top);
     }
-    text(m_c, QRectF(rect.left() + 5, rect.top() + 48, w - 10, 15), t.label, fontOf(m_c, 10.5),
-         Theme::hudPrimaryText(), Qt::AlignHCenter);
+    const QRectF label = twoLines ? QRectF(rect.left() + 4, rect.top() + 36, w - 8, 32)
+                                  : QRectF(rect.left() + 5, rect.top() + 48, w - 10, 15);
+    wrappedText(m_c, label, t.label, labelFont, m_c.palette.primaryText(), Qt::AlignHCenter);
 }
 
 void TilePainter::stripRow(const PanelTile& t, const QRectF& rect)
@@ -572,24 +644,24 @@ void TilePainter::stripRow(const PanelTile& t, const QRectF& rect)
     const QColor accent = t.accent.value_or(Theme::systemBlue());
     itemMark(m_c, t, b.at(10, (h - 18) / 2, 18, 18), accent);
     if (t.kind == TileKind::Stat) {
-        text(m_c, b.span(38, 0, 130, h), t.label, fontOf(m_c, 12.5), Theme::hudPrimaryText(),
+        text(m_c, b.span(38, 0, 130, h), t.label, fontOf(m_c, 12.5), m_c.palette.primaryText(),
              b.lead());
-        bar(m_p, b.at(rect.width() - 128, (h - 5) / 2, 62, 5), t.percent.value_or(0), accent,
+        bar(m_c, b.at(rect.width() - 128, (h - 5) / 2, 62, 5), t.percent.value_or(0), accent,
             m_rtl);
         figures(m_c, b.at(rect.width() - 56, 0, 44, h), t.subtitle,
-                fontOf(m_c, 12, QFont::DemiBold), Theme::hudPrimaryText(), b.trail());
+                fontOf(m_c, 12, QFont::DemiBold), m_c.palette.primaryText(), b.trail());
         return;
     }
     const QString trailing = t.kind == TileKind::Network ? t.subtitle : ownerLine(t);
     const double trailingWidth = t.kind == TileKind::Network ? 150 : 110;
     text(m_c, b.span(38, 0, trailingWidth + 20, h), t.label, fontOf(m_c, 12.5),
-         Theme::hudPrimaryText(), b.lead());
+         m_c.palette.primaryText(), b.lead());
     const QRectF trailingBox = b.at(rect.width() - trailingWidth - 12, 0, trailingWidth, h);
     if (t.kind == TileKind::Network)
-        figures(m_c, trailingBox, trailing, fontOf(m_c, 12, QFont::Medium), Theme::hudPrimaryText(),
-                b.trail());
+        figures(m_c, trailingBox, trailing, fontOf(m_c, 12, QFont::Medium),
+                m_c.palette.primaryText(), b.trail());
     else
-        text(m_c, trailingBox, trailing, fontOf(m_c, 11), Theme::hudSecondaryText(), b.trail());
+        text(m_c, trailingBox, trailing, fontOf(m_c, 11), m_c.palette.secondaryText(), b.trail());
 }
 
 } // namespace ravlin

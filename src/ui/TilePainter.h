@@ -1,5 +1,6 @@
 #pragma once
 
+#include "PanelPalette.h"
 #include "core/settings/TileStyle.h"
 #include "core/tiles/PanelSection.h"
 
@@ -22,8 +23,8 @@ struct TileState {
     bool focused = false;    // the keyboard's focus ring
 };
 
-// Paints the parts of the tile panel, one tile at a time, in the panel's dark
-// HUD look. Right to left mirrors the inside of every tile as well.
+// Paints the parts of the tile panel, one tile at a time, in the panel's HUD look,
+// dark or light as the system is. Right to left mirrors the inside of every tile as well.
 class TilePainter {
 public:
     // The painter, and where the texts drawn through it are noted: the sandbox and the
@@ -32,10 +33,11 @@ public:
         QPainter& p;
         QStringList* painted = nullptr;
         PaintCache* cache = nullptr; // fonts, shaped lines and symbols made once
+        PanelPalette palette;        // the system's light or dark appearance
     };
 
-    TilePainter(QPainter& painter, TileStyle style, bool rightToLeft,
-                PaintCache* cache = nullptr);
+    TilePainter(QPainter& painter, TileStyle style, bool rightToLeft, PaintCache* cache = nullptr,
+                PanelPalette palette = {});
 
     // Paints one tile; every text it draws, as drawn (elided where it had to be), is
     // appended to `painted` when one is given.
@@ -61,7 +63,7 @@ private:
     void stripRow(const PanelTile& tile, const QRectF& rect);
     void newMark(const QRectF& rect, double radius);
     void placedMark(const QRectF& rect, double radius, bool besideNewMark);
-    static void face(QPainter& p, const QRectF& rect, double radius, int fill, bool dropTarget);
+    void face(const QRectF& rect, double radius, int fill, bool dropTarget);
 
     QPainter& m_p;
     Canvas m_c;

@@ -1,5 +1,10 @@
+#include "support/PanelWorld.h"
+
 #include "core/bar/ArrangeGuide.h"
+#include "core/settings/LanguageManager.h"
 #include "ui/ArrangeView.h"
+
+#include <QLabel>
 
 #include <QPushButton>
 
@@ -21,7 +26,8 @@ TEST(ArrangeGuide, StaysTwelvePointsInsideTheScreenAndHangsEightBelowTheAnchor)
 
 TEST(ArrangeView, IsAsWideAsTheGuideAndItsButtonSaysDone)
 {
-    ArrangeView view;
+    test::PanelWorld world;
+    ArrangeView view(world.language());
     int done = 0;
     view.onDone = [&] { ++done; };
     EXPECT_EQ(view.sizeHint().width(), 340);
@@ -30,7 +36,31 @@ TEST(ArrangeView, IsAsWideAsTheGuideAndItsButtonSaysDone)
     EXPECT_LT(view.sizeHint().height(), 220);
     view.doneButton()->click();
     EXPECT_EQ(done, 1);
-    EXPECT_EQ(view.doneButton()->text(), QStringLiteral("Fertig"));
+    EXPECT_EQ(view.doneButton()->text(), QStringLiteral("Done"));
+}
+
+TEST(ArrangeView, SpeaksTheInterfaceLanguageAndReadsItsWay)
+{
+    test::PanelWorld world;
+    auto texts = [](const ArrangeView& view) {
+        QStringList all;
+        for (const QLabel* label : view.findChildren<QLabel*>())
+            all << label->text();
+        return all.join(u'|');
+    };
+    world.language().apply(QStringLiteral("de"));
+    ArrangeView german(world.language());
+    EXPECT_EQ(german.doneButton()->text(), QStringLiteral("Fertig"));
+    EXPECT_TRUE(texts(german).contains(QStringLiteral("Menüleiste anordnen")));
+    world.language().apply(QStringLiteral("ja"));
+    ArrangeView japanese(world.language());
+    EXPECT_EQ(japanese.doneButton()->text(), QStringLiteral("完了"));
+    EXPECT_FALSE(texts(japanese).contains(QStringLiteral("Menüleiste")));
+    EXPECT_EQ(japanese.layoutDirection(), Qt::LeftToRight);
+    world.language().apply(QStringLiteral("he"));
+    ArrangeView hebrew(world.language());
+    EXPECT_EQ(hebrew.layoutDirection(), Qt::RightToLeft);
+    EXPECT_TRUE(texts(hebrew).contains(QStringLiteral("סידור שורת התפריטים")));
 }
 
 TEST(ArrangeView, RendersForALook)
@@ -38,7 +68,8 @@ TEST(ArrangeView, RendersForALook)
     const QByteArray out = qgetenv("RAVLIN_SHOT_DIR");
     if (out.isEmpty())
         GTEST_SKIP() << "set RAVLIN_SHOT_DIR to write a picture";
-    ArrangeView view;
+    test::PanelWorld world;
+    ArrangeView view(world.language());
     view.resize(view.sizeHint());
     QImage image(view.size() * 2, QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(2);

@@ -5,6 +5,7 @@
 #include "core/settings/LanguageManager.h"
 #include "core/settings/Preferences.h"
 #include "core/sysinfo/SystemStats.h"
+#include "platform/sim/SimAppearance.h"
 #include "platform/sim/SimSystemProbe.h"
 #include "ui/RavlinBar.h"
 #include "ui/RavlinBarView.h"
@@ -72,13 +73,13 @@ TEST_F(PanelTest, RefitsKeepTheTopEdgeWhenTheContentGrows)
 {
     world.preferences().setTileStyle(TileStyle::Strip);
     world.probe().setBattery(std::nullopt);
-    show();
+    show(PanelWorld::groups(1, false)); // short of the strip's limit, with room to grow
     const ScreenRect before = *bar->frame();
     EXPECT_TRUE(world.stats().isSampling());
     world.probe().setBattery(PowerSource{50, 100});
     world.scheduler.advance(1.3);
     const ScreenRect after = *bar->frame();
-    EXPECT_EQ(after.height, before.height + 38); // one more strip row
+    EXPECT_EQ(after.height, before.height + 31); // one more strip row
     EXPECT_EQ(after.maxY(), before.maxY());
     EXPECT_EQ(bar->window()->height(), int(after.height));
 }
@@ -169,4 +170,24 @@ TEST_F(PanelTest, OnAScreenNarrowerThanThePanelItTakesTheScreensWidth)
     show(PanelWorld::groups(3), ScreenRect{276, 476, 24, 24});
     EXPECT_EQ(bar->frame()->x, 8);
     EXPECT_EQ(bar->frame()->width, 284);
+}
+
+// The panel is drawn in the system's appearance and follows a switch while it is open.
+TEST_F(PanelTest, FollowsTheSystemsLightOrDarkAppearance)
+{
+    auto& appearance = static_cast<SimAppearance&>(*world.platform.appearance);
+    auto backdrop = [&] {
+        // A point of the glass between the padding and the first tile.
+        const QImage shot = bar->window()->grab().toImage();
+        return qGray(shot.pixel(6, shot.height() / 2));
+    };
+    appearance.setDark(false);
+    show();
+    EXPECT_GT(backdrop(), 200);
+    appearance.setDark(true);
+    EXPECT_LT(backdrop(), 80);
+    bar->hide();
+    appearance.setDark(false);
+    show();
+    EXPECT_GT(backdrop(), 200);
 }

@@ -35,10 +35,11 @@ int main(int argc, char** argv)
                         platform.preferredLanguages);
     AppDelegate delegate(platform, scheduler, resources);
 
-    ArrangeHUD arrangeGuide(*platform.screens);
-    RavlinBar panel(RavlinBarServices{scheduler, *platform.screens, delegate.preferences(), delegate.languageManager(),
-                                      delegate.systemStats(), delegate.weatherService(), delegate.tileModel(),
-                                      delegate.menuBar().permissions(), *platform.workspace});
+    ArrangeHUD arrangeGuide(*platform.screens, delegate.languageManager());
+    RavlinBar panel(RavlinBarServices{
+        scheduler, *platform.screens, delegate.preferences(), delegate.languageManager(),
+        delegate.systemStats(), delegate.weatherService(), delegate.tileModel(),
+        delegate.menuBar().permissions(), *platform.workspace, platform.appearance.get()});
     SettingsWindowController settings(delegate);
     WelcomeWindowController welcome(delegate);
     AppWindows windows;

@@ -195,6 +195,8 @@ QJsonArray menuEntries(const std::vector<MenuEntry>& entries)
             {QStringLiteral("checked"), e.checked},
             {QStringLiteral("keyEquivalent"),
              e.keyEquivalent.isEmpty() ? QJsonValue() : QJsonValue(e.keyEquivalent)},
+            {QStringLiteral("shortcut"),
+             e.keyEquivalent.isEmpty() ? QJsonValue() : QJsonValue(e.shownKeyEquivalent())},
             {QStringLiteral("submenu"),
              e.submenu.empty()
                  ? QJsonValue()
@@ -208,7 +210,8 @@ QJsonValue menuSection(SandboxSession& s, bool)
     const std::optional<MenuModel>& menu = s.statusBar().openMenu();
     if (!menu)
         return QJsonValue();
-    return QJsonObject{{QStringLiteral("entries"), menuEntries(menu->entries)}};
+    return QJsonObject{{QStringLiteral("entries"), menuEntries(menu->entries)},
+                       {QStringLiteral("rtl"), menu->rightToLeft}};
 }
 
 QJsonValue hudSection(SandboxSession& s, bool)

@@ -78,7 +78,8 @@ prefs set tileStyle "strip"
 click main
 advance 1.5
 screenshot FOLDER/06-panel-strip.png
-# A click on a tile brings the hidden item out and opens it.
+# A click on a tile brings the hidden item out and opens it (the strip scrolls to it).
+panel scroll 240
 tile click "n:Tunnel VPN"
 dump activations
 click desktop
@@ -98,7 +99,7 @@ key Escape
 advance 0.3
 # Arrange mode opens every section and explains how to move items.
 click main right
-menu "Menüleiste anordnen…"
+menu text:menu.arrange
 screenshot FOLDER/07-arrange-mode.png
 hud done
 # The settings window, tab by tab.
@@ -198,6 +199,59 @@ panel scroll 600
 screenshot FOLDER/13-panel-crowded-scrolled.png
 )");
     return lines.join(u'\n') + inFolder(tour, folder);
+}
+
+// The same desktop read right to left, on a notched laptop display, and on macOS 27,
+// whose bar has no window per item: each on a desktop of its own.
+inline QStringList worldDemoScripts(const QString& folder)
+{
+    const QString desktop = sampleDesktopForMachine();
+    const QString hebrew = QStringLiteral(R"(
+# Hebrew: the panel and the status menu read right to left.
+start
+advance 3
+language he
+click main
+advance 1.5
+screenshot FOLDER/16-panel-hebrew.png region=panel
+click main
+advance 0.3
+click main right
+menu point text:menu.style
+screenshot FOLDER/17-menu-hebrew.png
+menu close
+)");
+    QString notched = desktop;
+    notched.replace(QStringLiteral("screen 1440 900 menubar=24"),
+                    QStringLiteral("screen 1512 982 menubar=37 notch=190"));
+    const QString notch = QStringLiteral(R"(
+# A laptop display with a notch: the items reach under the camera housing when shown, and
+# Ravlin's icon stays right of it.
+start
+advance 3
+click main right
+menu text:menu.show
+advance 0.5
+screenshot FOLDER/18-notch-bar.png
+click main right
+menu text:menu.hide
+advance 0.3
+click main
+advance 1.5
+screenshot FOLDER/19-notch-panel.png
+)");
+    const QString system27 = QStringLiteral(R"(
+# macOS 27: the bar draws every item in sight; arrange mode shows them all.
+start
+advance 3
+screenshot FOLDER/20-bar-27.png
+click main right
+menu text:menu.arrange
+screenshot FOLDER/21-arrange-27.png
+hud done
+)");
+    return {desktop + inFolder(hebrew, folder), notched + inFolder(notch, folder),
+            QStringLiteral("system 27\n") + desktop + inFolder(system27, folder)};
 }
 
 } // namespace ravlin::sandbox

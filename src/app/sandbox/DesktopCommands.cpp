@@ -5,6 +5,7 @@
 #include "SandboxSession.h"
 #include "ScriptRunner.h"
 
+#include "platform/sim/SimAppearance.h"
 #include "platform/sim/SimDesktop.h"
 #include "platform/sim/SimWorkspace.h"
 
@@ -81,6 +82,16 @@ void screenCommand(CommandContext& c)
         return;
     }
     c.session.desktop().plugInScreen(screen);
+    c.session.scheduler().runDue();
+}
+
+// appearance light|dark: the system switches its appearance; open windows follow.
+void appearanceCommand(CommandContext& c)
+{
+    const QString mode = c.need(1, QStringLiteral("light or dark"));
+    if (mode != u"light" && mode != u"dark")
+        c.fail(QStringLiteral("appearance takes light or dark, not %1").arg(mode));
+    static_cast<SimAppearance&>(*c.session.platform().appearance).setDark(mode == u"dark");
     c.session.scheduler().runDue();
 }
 
@@ -380,6 +391,7 @@ void registerDesktopCommands(ScriptRunner& runner)
     runner.addCommand(QStringLiteral("screen"), Phase::Any, screenCommand);
     runner.addCommand(QStringLiteral("system"), Phase::BeforeStart, systemCommand);
     runner.addCommand(QStringLiteral("wake"), Phase::AfterStart, wakeCommand);
+    runner.addCommand(QStringLiteral("appearance"), Phase::Any, appearanceCommand);
     runner.addCommand(QStringLiteral("positions"), Phase::Any, positionsCommand);
     runner.addCommand(QStringLiteral("app"), Phase::BeforeStart, appCommand);
     runner.addCommand(QStringLiteral("item"), Phase::BeforeStart, itemCommand);

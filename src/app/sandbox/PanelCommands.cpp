@@ -44,6 +44,8 @@ void tileCommand(CommandContext& c)
         if (key == RavlinBarView::settingsKey || key == RavlinBarView::footnoteKey) {
             if (key == RavlinBarView::footnoteKey && view.footnote().isEmpty())
                 c.fail(QStringLiteral("the open panel has no note under its tiles"));
+            if (key == RavlinBarView::settingsKey && !view.isTileVisible(key))
+                c.fail(QStringLiteral("the settings button is out of sight"));
             view.clickTile(key);
             c.session.scheduler().runDue();
             return;
@@ -205,6 +207,19 @@ QJsonArray itemKeys(const RavlinBarView& view)
     return QJsonArray::fromStringList(keys);
 }
 
+// The gear where it stands in the panel's window (not in the scrolled content), and
+// whether it is in sight.
+QJsonValue settingsButtonJson(const RavlinBarView& view)
+{
+    const std::optional<QRectF> r = view.settingsRect();
+    if (!r)
+        return QJsonValue();
+    const QRectF inView = r->translated(0, -view.scrollOffset());
+    return QJsonObject{{QStringLiteral("frame"),
+                        QJsonArray{inView.x(), inView.y(), inView.width(), inView.height()}},
+                       {QStringLiteral("visible"), view.isTileVisible(RavlinBarView::settingsKey)}};
+}
+
 QJsonValue panelSection(SandboxSession& s, bool)
 {
     RavlinBar* bar = s.tilePanel();
@@ -220,6 +235,8 @@ QJsonValue panelSection(SandboxSession& s, bool)
         {QStringLiteral("frame"), QJsonArray{f->x, f->y, f->width, f->height}},
         {QStringLiteral("style"), tileStyleRawValue(view.style())},
         {QStringLiteral("rtl"), view.isRightToLeft()},
+        {QStringLiteral("appearance"),
+         view.palette().dark ? QStringLiteral("dark") : QStringLiteral("light")},
         {QStringLiteral("fades"), bar->fadeCount()},
         {QStringLiteral("footnote"), text(view.footnote())},
         {QStringLiteral("scroll"), QJsonObject{{QStringLiteral("offset"), view.scrollOffset()},
@@ -233,6 +250,7 @@ QJsonValue panelSection(SandboxSession& s, bool)
          view.panelLayout().emptyNote ? QJsonValue(view.emptyText()) : QJsonValue()},
         {QStringLiteral("focus"),
          view.focusedKey() ? QJsonValue(*view.focusedKey()) : QJsonValue()},
+        {QStringLiteral("settingsButton"), settingsButtonJson(view)},
         {QStringLiteral("keyFocus"), bar->isVisible() && bar->window()->focusWidget() == &view},
         {QStringLiteral("accessible"), accessibleJson(view)}};
 }

@@ -247,11 +247,11 @@ AppDelegate& SandboxSession::app()
         m_platform.preferredLanguages = m_systemLanguages;
         m_resources = std::make_unique<Resources>(dir, m_systemLanguages);
         m_app = std::make_unique<AppDelegate>(m_platform, m_scheduler, *m_resources);
-        m_arrangeHUD = std::make_unique<ArrangeHUD>(*m_platform.screens);
+        m_arrangeHUD = std::make_unique<ArrangeHUD>(*m_platform.screens, m_app->languageManager());
         m_ravlinBar = std::make_unique<RavlinBar>(RavlinBarServices{
             m_scheduler, *m_platform.screens, m_app->preferences(), m_app->languageManager(),
             m_app->systemStats(), m_app->weatherService(), m_app->tileModel(),
-            m_app->menuBar().permissions(), *m_platform.workspace});
+            m_app->menuBar().permissions(), *m_platform.workspace, m_platform.appearance.get()});
         m_ravlinBar->setAnimated(false); // virtual time has no animation frames
         m_settingsWindow = std::make_unique<SettingsWindowController>(*m_app);
         m_welcomeWindow = std::make_unique<WelcomeWindowController>(*m_app);

@@ -19,8 +19,9 @@
 
 #include <QAbstractButton>
 #include <QJsonArray>
-#include <QLabel>
 #include <QJsonObject>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -89,6 +90,12 @@ void setValue(CommandContext& c)
                        .arg(spin->minimum())
                        .arg(spin->maximum()));
         spin->setValue(number);
+        return;
+    }
+    if (openWindow(c).findChild<QLineEdit*>(name)) {
+        auto* field = control<QLineEdit>(c, name, QStringLiteral("field"));
+        field->setFocus(Qt::OtherFocusReason);
+        field->setText(value);
         return;
     }
     auto* popup = control<PopupButton>(c, name, QStringLiteral("control"));
@@ -220,6 +227,37 @@ QJsonArray switches(const SettingsView& view, const QString& prefix, const QStri
     return list;
 }
 
+// Whether the whole of the control stands in its page's visible part.
+bool inSight(const QWidget& control)
+{
+    for (const QWidget* w = control.parentWidget(); w; w = w->parentWidget()) {
+        if (const auto* scroll = qobject_cast<const QScrollArea*>(w)) {
+            const QWidget* port = scroll->viewport();
+            const QRect r(control.mapTo(port, QPoint(0, 0)), control.size());
+            return port->rect().contains(r);
+        }
+    }
+    return control.isVisible();
+}
+
+// The layout name field and its Save button, as the window shows them.
+QJsonValue layoutNaming(const SettingsView& view)
+{
+    const auto* field = view.findChild<QLineEdit*>(QStringLiteral("layoutName"));
+    const auto* save = view.findChild<QPushButton*>(QStringLiteral("saveLayout"));
+    if (!field || !save)
+        return QJsonValue();
+    const auto* row = qobject_cast<const SettingsRow*>(save->parentWidget());
+    const QLabel* hint = row ? row->hintLabel() : nullptr;
+    return QJsonObject{{QStringLiteral("text"), field->text()},
+                       {QStringLiteral("focused"), field->window()->focusWidget() == field},
+                       {QStringLiteral("inSight"), field->isVisible() && inSight(*field)},
+                       {QStringLiteral("button"), save->text()},
+                       {QStringLiteral("enabled"), save->isEnabled()},
+                       {QStringLiteral("note"),
+                        hint && !hint->isHidden() ? QJsonValue(hint->text()) : QJsonValue()}};
+}
+
 QJsonValue settingsSection(SandboxSession& s, bool)
 {
     if (!s.hasApp())
@@ -241,6 +279,7 @@ QJsonValue settingsSection(SandboxSession& s, bool)
          picker ? QJsonValue(picker->currentData().toString()) : QJsonValue()},
         {QStringLiteral("items"), placements(*view)},
         {QStringLiteral("shortcuts"), shortcutFields(*view)},
+        {QStringLiteral("layoutNaming"), layoutNaming(*view)},
         {QStringLiteral("apps"),
          switches(*view, QStringLiteral("bundle:"), QStringLiteral("bundleID"))},
         {QStringLiteral("systemItems"),

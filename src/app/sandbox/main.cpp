@@ -84,8 +84,10 @@ int runDemo(const SandboxSession::Options& options, QString folder)
     double seconds = 0;
     int commands = 0;
     // Each tour runs on a desktop of its own.
-    for (const QString& script :
-         {demoScript(folder), crowdedDemoScript(folder), iconSwitchedOffDemoScript(folder)}) {
+    const QStringList tours = QStringList{demoScript(folder), crowdedDemoScript(folder)} +
+                              worldDemoScripts(folder) +
+                              QStringList{iconSwitchedOffDemoScript(folder)};
+    for (const QString& script : tours) {
         SandboxSession session(options);
         ScriptRunner runner(session, narration, narration);
         registerAll(runner);

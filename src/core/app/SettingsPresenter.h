@@ -7,6 +7,8 @@ class SettingsPresenter {
 public:
     virtual ~SettingsPresenter() = default;
     virtual void show(int tab) = 0;
+    // The Menu Bar tab scrolled to its layouts, with the name field ready for typing.
+    virtual void showLayoutNaming() { show(1); }
 };
 
 } // namespace ravlin

@@ -96,4 +96,14 @@ std::optional<QDateTime> NewItemTracker::earliestNew(const QDateTime& now) const
     return firstSeen(keys.front());
 }
 
+QString NewItemTracker::momentText(const QDateTime& moment, const QDateTime& now,
+                                   const QLocale& locale)
+{
+    const QDateTime local = moment.toLocalTime();
+    const QString time = locale.toString(local.time(), QLocale::ShortFormat);
+    if (local.date() == now.toLocalTime().date())
+        return time;
+    return locale.dayName(local.date().dayOfWeek(), QLocale::LongFormat) + u' ' + time;
+}
+
 } // namespace ravlin

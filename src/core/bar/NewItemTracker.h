@@ -2,6 +2,7 @@
 
 #include <QDateTime>
 #include <QHash>
+#include <QLocale>
 #include <QStringList>
 
 #include <optional>
@@ -30,6 +31,9 @@ public:
     QStringList newSince(const QDateTime& now) const;
     // The earliest of those moments, if any.
     std::optional<QDateTime> earliestNew(const QDateTime& now) const;
+    // A moment as "since …" names it: the time of day when it was today, the weekday and
+    // the time when it was an earlier day ("Monday 9:00 AM"), in the locale's words.
+    static QString momentText(const QDateTime& moment, const QDateTime& now, const QLocale& locale);
 
 private:
     QHash<QString, QDateTime> load() const;

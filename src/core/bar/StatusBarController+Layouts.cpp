@@ -227,7 +227,7 @@ MenuEntry StatusBarController::layoutsEntry()
     save.title = m_s.language.L(QStringLiteral("menu.saveLayout"));
     save.action = weakly([this] {
         if (m_s.settings)
-            m_s.settings->show(1); // the menu bar tab, where layouts are named and kept
+            m_s.settings->showLayoutNaming();
     });
     entry.submenu.push_back(std::move(save));
     return entry;

@@ -26,7 +26,9 @@ MenuEntry entry(const QString& title, std::function<void()> action, const QStrin
 
 void StatusBarController::showMenu()
 {
-    m_mainItem->popUpMenu(buildMenu());
+    MenuModel menu = buildMenu();
+    menu.rightToLeft = m_s.language.isRTL();
+    m_mainItem->popUpMenu(menu);
 }
 
 // Settings, about, the check for updates and quit close every menu.
@@ -51,17 +53,16 @@ MenuModel StatusBarController::buildMenu()
     auto& e = menu.entries;
     e.push_back(entry(lm.L(m_expanded ? QStringLiteral("menu.hide") : QStringLiteral("menu.show")),
                       weakly([this] { menuToggle(); })));
-    // These two titles stay German in every language, on purpose.
-    e.push_back(entry(QStringLiteral("Menüleiste anordnen…"), weakly([this] { menuArrange(); })));
+    e.push_back(entry(lm.L(QStringLiteral("menu.arrange")), weakly([this] { menuArrange(); })));
     if (m_s.preferences.enableAlwaysHidden())
         e.push_back(
             entry(lm.L(QStringLiteral("menu.alwaysHidden")), weakly([this] { menuAlways(); })));
     e.push_back(MenuEntry::separatorEntry());
-    MenuEntry design = entry(QStringLiteral("Design"), {});
+    MenuEntry design = entry(lm.L(QStringLiteral("menu.style")), {});
     const TileStyle current = m_s.preferences.tileStyle();
     for (TileStyle style : allTileStyles) {
         MenuEntry choice =
-            entry(tileStyleTitle(style),
+            entry(lm.L(tileStyleTitleKey(style)),
                   weakly([this, style] { menuPickStyle(tileStyleRawValue(style)); }));
         choice.checked = style == current;
         design.submenu.push_back(std::move(choice));

@@ -96,10 +96,9 @@ std::optional<MenuEntry> StatusBarController::newItemsEntry()
     if (keys.isEmpty() || !since)
         return std::nullopt;
     const LanguageManager& lm = m_s.language;
-    const QLocale locale(lm.effectiveCode());
     MenuEntry entry;
-    entry.title = lm.L(QStringLiteral("menu.newSince"),
-                       locale.toString(since->toLocalTime().time(), QLocale::ShortFormat));
+    entry.title =
+        lm.L(QStringLiteral("menu.newSince"), NewItemTracker::momentText(*since, now, lm.locale()));
     for (const QString& key : keys) {
         MenuEntry item;
         item.title = itemName(key);

@@ -44,6 +44,11 @@ void PermissionManager::openAccessibilitySettings()
     openSettings(accessibilitySettingsURL);
 }
 
+void PermissionManager::openLocationSettings()
+{
+    openSettings(locationSettingsURL);
+}
+
 void PermissionManager::openSettings(const QString& address)
 {
     const QUrl url(address, QUrl::StrictMode);

@@ -17,6 +17,8 @@ public:
         "x-apple.systempreferences:com.apple.preference.security?Privacy_ScreenCapture");
     static inline const QString accessibilitySettingsURL = QStringLiteral(
         "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility");
+    static inline const QString locationSettingsURL = QStringLiteral(
+        "x-apple.systempreferences:com.apple.preference.security?Privacy_LocationServices");
 
     PermissionManager(Permissions& permissions, Accessibility& accessibility, Workspace& workspace);
 
@@ -27,6 +29,10 @@ public:
     bool hasAccessibility() const;
     bool requestAccessibility();
     void openAccessibilitySettings();
+
+    // Location access is asked for by the weather; where the system no longer asks, the
+    // person decides in the privacy settings.
+    void openLocationSettings();
 
 private:
     void openSettings(const QString& address);

@@ -1,6 +1,7 @@
 #include "ScannerModel.h"
 
 #include "MenuBarScanner.h"
+#include "core/tiles/SiblingNames.h"
 
 namespace ravlin {
 
@@ -24,6 +25,7 @@ void ScannerModel::refreshMenuBarApps()
 
 void ScannerModel::setDetected(std::vector<BarItem> detected)
 {
+    nameSiblingsApart(detected);
     Q_EMIT willChange();
     m_detected = std::move(detected);
 }

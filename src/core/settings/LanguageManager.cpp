@@ -46,6 +46,19 @@ QString LanguageManager::effectiveCode() const
     return folder.endsWith(QStringLiteral(".lproj")) ? folder.chopped(6) : QString();
 }
 
+QLocale LanguageManager::locale() const
+{
+    const QString code = effectiveCode();
+    return code.isEmpty() ? QLocale(QLocale::English) : QLocale(code);
+}
+
+QString LanguageManager::decimalPoint() const
+{
+    const QLocale l = locale();
+    // Languages written with other digits would mix scripts: keep the Western point there.
+    return l.zeroDigit() == u"0" ? l.decimalPoint() : QStringLiteral(".");
+}
+
 void LanguageManager::applyStored()
 {
     apply(m_preferences.appLanguage(), false);

@@ -2,6 +2,7 @@
 
 #include "foundation/PrintfFormat.h"
 
+#include <QLocale>
 #include <QObject>
 #include <QString>
 
@@ -29,6 +30,10 @@ public:
     // The language texts come in now, also when the system's language was chosen ("" above).
     QString effectiveCode() const;
     bool isRTL() const;
+    // The interface language's decimal point, for figures written in Western digits.
+    QString decimalPoint() const;
+    // The interface language's conventions for dates, times and numbers.
+    QLocale locale() const;
     const ResourceBundle* bundle() const { return m_bundle.get(); }
 
     QString L(const QString& key) const;

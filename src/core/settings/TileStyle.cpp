@@ -26,19 +26,9 @@ std::optional<TileStyle> tileStyleFromRawValue(const QString& raw)
     return std::nullopt;
 }
 
-QString tileStyleTitle(TileStyle style)
+QString tileStyleTitleKey(TileStyle style)
 {
-    switch (style) {
-    case TileStyle::Dashboard:
-        return QStringLiteral("Dashboard (Ringe)");
-    case TileStyle::Capsules:
-        return QStringLiteral("Kapseln");
-    case TileStyle::Grid:
-        return QStringLiteral("Raster");
-    case TileStyle::Strip:
-        return QStringLiteral("Leiste");
-    }
-    return {};
+    return QStringLiteral("style.") + tileStyleRawValue(style);
 }
 
 } // namespace ravlin

@@ -14,7 +14,7 @@ inline constexpr std::array<TileStyle, 4> allTileStyles = {
 
 QString tileStyleRawValue(TileStyle style);
 std::optional<TileStyle> tileStyleFromRawValue(const QString& raw);
-// The fixed titles offered in menus and the settings window (not localised on purpose).
-QString tileStyleTitle(TileStyle style);
+// The text key of the style's name in menus and the settings window ("style.grid").
+QString tileStyleTitleKey(TileStyle style);
 
 } // namespace ravlin

@@ -71,6 +71,19 @@ void WeatherService::refreshIfStale()
     }
 }
 
+bool WeatherService::hasLocationAccess() const
+{
+    return m_location.authorizationStatus() == LocationAuthorization::AuthorizedAlways;
+}
+
+bool WeatherService::askForLocationAccess()
+{
+    if (m_location.authorizationStatus() != LocationAuthorization::NotDetermined)
+        return false;
+    m_location.requestWhenInUseAuthorization();
+    return true;
+}
+
 void WeatherService::locationAuthorizationChanged(LocationAuthorization status)
 {
     switch (status) {

@@ -52,6 +52,11 @@ public:
     std::optional<double> low() const { return m_low; }
     std::optional<int> code() const { return m_code; }
     bool denied() const { return m_denied; }
+    // Whether the weather may look for the place (full authorisation only).
+    bool hasLocationAccess() const;
+    // Asks the system for location access where it still asks; false where the person
+    // must grant it in the privacy settings instead.
+    bool askForLocationAccess();
 
 Q_SIGNALS:
     void willChange();

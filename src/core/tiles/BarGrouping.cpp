@@ -1,6 +1,7 @@
 #include "BarGrouping.h"
 
 #include "BarItemFactory.h"
+#include "SiblingNames.h"
 #include "core/settings/LanguageManager.h"
 
 namespace ravlin {
@@ -19,9 +20,10 @@ std::vector<BarGroup> BarGrouping::makeGroups(const std::vector<MenuBarItemInfo>
     return group(items);
 }
 
-std::vector<BarGroup> BarGrouping::group(const std::vector<BarItem>& items) const
+std::vector<BarGroup> BarGrouping::group(std::vector<BarItem> items) const
 {
-    BarGroup apps{appsTitle, {}};
+    nameSiblingsApart(items);
+    BarGroup apps{m_language.L(QStringLiteral("bar.apps")), {}};
     BarGroup system{m_language.L(QStringLiteral("bar.apple")), {}};
     for (const BarItem& item : items)
         (item.isApple ? system : apps).items.push_back(item);

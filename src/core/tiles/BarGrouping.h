@@ -12,13 +12,11 @@ class LanguageManager;
 // Splits the panel's items into the applications' group and the system's group.
 class BarGrouping {
 public:
-    // Deliberately not looked up: it reads "Apps" in every language.
-    static inline const QString appsTitle = QStringLiteral("Apps");
-
     BarGrouping(BarItemFactory& factory, const LanguageManager& language);
 
     std::vector<BarGroup> makeGroups(const std::vector<MenuBarItemInfo>& infos);
-    std::vector<BarGroup> group(const std::vector<BarItem>& items) const;
+    // Items that would read alike are named apart first.
+    std::vector<BarGroup> group(std::vector<BarItem> items) const;
 
 private:
     BarItemFactory& m_factory;

@@ -31,6 +31,10 @@ struct BarItem {
     // More names a search finds the item by: its application's, its accessibility
     // title and description.
     QStringList searchTerms;
+    // The item's own accessibility title and description, which tell apart two items
+    // of one application that its name alone does not.
+    QString ownTitle;
+    QString ownDescription;
 
     const QString& id() const { return key; }
     bool operator==(const BarItem& other) const;

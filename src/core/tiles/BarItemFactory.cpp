@@ -98,6 +98,8 @@ std::optional<BarItem> BarItemFactory::makeItem(const MenuBarItemInfo& info)
         return std::nullopt;
 
     if (resolved) {
+        item.ownTitle = resolved->title.value_or(QString());
+        item.ownDescription = resolved->description.value_or(QString());
         for (const std::optional<QString>& term :
              {resolved->appName, resolved->title, resolved->description})
             if (term && !term->isEmpty() && !item.searchTerms.contains(*term))

@@ -68,7 +68,8 @@ std::vector<PanelSection> PanelContent::sections(const PanelRequest& request) co
     if (request.showWeather)
         result.push_back({std::nullopt, {weatherTile()}, false});
     if (request.showSystemTiles)
-        result.push_back({systemTitle, statisticsTiles(), true});
+        result.push_back(
+            {m_language.L(QStringLiteral("panel.statistics")), statisticsTiles(), true});
     for (const BarGroup& group : request.groups)
         result.push_back({group.title, itemTiles(group), true});
     std::vector<PanelTile> permissions =
@@ -78,11 +79,12 @@ std::vector<PanelSection> PanelContent::sections(const PanelRequest& request) co
     return filtered(std::move(result), request.query);
 }
 
+// Names only: a tile is not found by its figures, its state or a request it makes.
 QStringList PanelContent::searchTexts(const PanelTile& tile)
 {
+    if (tile.asksForAccess)
+        return {};
     QStringList texts{tile.label};
-    if (tile.kind == TileKind::Weather)
-        texts << tile.note;
     if (tile.kind == TileKind::Item && tile.content) {
         const BarItem& item = std::get<BarItem>(*tile.content);
         texts << item.info.owner << item.info.name << item.searchTerms;
@@ -112,8 +114,16 @@ PanelTile PanelContent::weatherTile() const
     PanelTile tile;
     tile.kind = TileKind::Weather;
     tile.key = QStringLiteral("weather");
+    tile.accent = weatherAccent;
+    // Without location access there are no figures: one line asks for it instead.
+    if (!m_weather.hasLocationAccess() && !m_weather.temp()) {
+        tile.label = m_language.L(QStringLiteral("weather.allowLocation"));
+        tile.symbol = QStringLiteral("location.slash");
+        tile.asksForAccess = true;
+        return tile;
+    }
     const std::optional<QString> city = m_weather.city();
-    tile.label = city && !city->isEmpty() ? *city : weatherFallbackTitle;
+    tile.label = city && !city->isEmpty() ? *city : m_language.L(QStringLiteral("weather.title"));
     tile.subtitle = temperatureText(m_weather.temp());
     tile.detail = rangeText(m_weather.high(), m_weather.low());
     const WeatherDescription description = WeatherService::describe(m_weather.code());
@@ -121,7 +131,6 @@ PanelTile PanelContent::weatherTile() const
     // Without location access there is no forecast to describe: say why instead.
     tile.note =
         m_weather.denied() ? m_language.L(QStringLiteral("weather.denied")) : description.text;
-    tile.accent = weatherAccent;
     return tile;
 }
 
@@ -136,8 +145,10 @@ std::vector<PanelTile> PanelContent::statisticsTiles() const
         tile.accent = stat.accent;
         if (stat.key == u"sys.net") {
             tile.kind = TileKind::Network;
-            tile.subtitle = networkRatesText(m_stats.netDown(), m_stats.netUp(), RateLayout::Wide);
-            tile.detail = networkRatesText(m_stats.netDown(), m_stats.netUp(), RateLayout::Compact);
+            tile.subtitle = networkRatesText(m_stats.netDown(), m_stats.netUp(), RateLayout::Wide,
+                                             m_language.decimalPoint());
+            tile.detail = networkRatesText(m_stats.netDown(), m_stats.netUp(), RateLayout::Compact,
+                                           m_language.decimalPoint());
             tile.content = NetworkRates{stat, m_stats.netDown(), m_stats.netUp()};
         } else {
             tile.kind = TileKind::Stat;
@@ -189,10 +200,10 @@ std::vector<PanelTile> PanelContent::permissionTiles(bool hasScreenRecording,
     return tiles;
 }
 
-QString PanelContent::percentText(double value)
+QString PanelContent::percentText(double value) const
 {
-    const long whole = std::isfinite(value) ? std::lround(value) : 0;
-    return QString::number(whole) + QStringLiteral(" %");
+    const int whole = std::isfinite(value) ? int(std::lround(std::clamp(value, -1e9, 1e9))) : 0;
+    return m_language.L(QStringLiteral("format.percent"), whole);
 }
 
 QString PanelContent::temperatureText(std::optional<double> celsius)
@@ -200,10 +211,10 @@ QString PanelContent::temperatureText(std::optional<double> celsius)
     return wholeDegrees(celsius) + QChar(u'°');
 }
 
-QString PanelContent::rangeText(std::optional<double> high, std::optional<double> low)
+QString PanelContent::rangeText(std::optional<double> high, std::optional<double> low) const
 {
-    return QStringLiteral("H: ") + wholeDegrees(high) + QStringLiteral("°  T: ") +
-           wholeDegrees(low) + QChar(u'°');
+    return m_language.L(QStringLiteral("weather.range"), temperatureText(high),
+                        temperatureText(low));
 }
 
 } // namespace ravlin

@@ -31,20 +31,17 @@ struct PanelRequest {
 // permission that is missing. Reads the live figures each time it is asked.
 class PanelContent {
 public:
-    // Not localised on purpose: the statistics section reads "System" everywhere.
-    static inline const QString systemTitle = QStringLiteral("System");
     // The permission tiles' keys, which are also their label keys.
     static inline const QString screenRecordingKey = QStringLiteral("bar.grant");
     static inline const QString accessibilityKey = QStringLiteral("bar.grantAX");
-    // The weather header's title when no place is known.
-    static inline const QString weatherFallbackTitle = QStringLiteral("Wetter");
 
     PanelContent(const SystemStats& stats, const WeatherService& weather, const TileModel& tiles,
                  const LanguageManager& language);
 
     std::vector<PanelSection> sections(const PanelRequest& request) const;
     // The texts a search looks for in a tile: its names, and for an item also its
-    // application's name, its title and its accessibility title and description.
+    // application's name, its title and its accessibility title and description. The
+    // weather is found by its place, never by its description or a request.
     static QStringList searchTexts(const PanelTile& tile);
 
     PanelTile weatherTile() const;
@@ -52,12 +49,12 @@ public:
     std::vector<PanelTile> itemTiles(const BarGroup& group) const;
     std::vector<PanelTile> permissionTiles(bool hasScreenRecording, bool hasAccessibility) const;
 
-    // "42 %": the value rounded to a whole number.
-    static QString percentText(double value);
+    // "42%" in English, "42 %" in German: the value rounded to a whole number.
+    QString percentText(double value) const;
     // "21°", or "--°" while there is no figure.
     static QString temperatureText(std::optional<double> celsius);
-    // "H: 24°  T: 13°" (German H for high, T for low).
-    static QString rangeText(std::optional<double> high, std::optional<double> low);
+    // "H: 24°  L: 13°", in the interface language's words for high and low.
+    QString rangeText(std::optional<double> high, std::optional<double> low) const;
 
 private:
     static std::vector<PanelSection> filtered(std::vector<PanelSection> sections,

@@ -29,6 +29,7 @@ struct PanelTile {
     std::optional<TileContent> content; // the tiles the style arranges
     bool isNew = false;                 // an item first seen within the last day
     bool placedInBar = false;           // set to stay in the bar, but out of sight
+    bool asksForAccess = false;         // the weather header asks for location access
 };
 
 // One titled block of the panel. The weather header and the permission tiles

@@ -2,6 +2,7 @@
 
 #include "CFPreferencesDefaultsStore.h"
 #include "MacAccessibility.h"
+#include "MacAppearance.h"
 #include "MacApplicationControl.h"
 #include "MacAssessmentMode.h"
 #include "MacEventMonitors.h"
@@ -45,6 +46,7 @@ Platform makePlatform(Scheduler& scheduler)
     platform.menuBarSpacing = std::make_unique<MacMenuBarSpacing>();
     platform.hotKeys = std::make_unique<MacHotKeys>();
     platform.updater = std::make_unique<SparkleUpdater>();
+    platform.appearance = std::make_unique<MacAppearance>();
     platform.preferredLanguages = MacSystem::preferredLanguages();
     platform.bundleIdentifier = MacSystem::bundleIdentifier();
     return platform;

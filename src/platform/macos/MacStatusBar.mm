@@ -53,10 +53,13 @@ NSImage* symbolImage(const QString& name)
     return [image imageWithSymbolConfiguration:config];
 }
 
-NSMenu* buildMenu(const std::vector<MenuEntry>& entries, NSMutableArray* targets)
+NSMenu* buildMenu(const std::vector<MenuEntry>& entries, NSMutableArray* targets, bool rightToLeft)
 {
     NSMenu* menu = [[NSMenu alloc] init];
     menu.autoenablesItems = NO;
+    // The application's own language may read the other way from the system's.
+    menu.userInterfaceLayoutDirection = rightToLeft ? NSUserInterfaceLayoutDirectionRightToLeft
+                                                    : NSUserInterfaceLayoutDirectionLeftToRight;
     for (const MenuEntry& entry : entries) {
         if (entry.separator) {
             [menu addItem:[NSMenuItem separatorItem]];
@@ -74,7 +77,7 @@ NSMenu* buildMenu(const std::vector<MenuEntry>& entries, NSMutableArray* targets
             item.action = @selector(chosen:);
         }
         if (!entry.submenu.empty())
-            item.submenu = buildMenu(entry.submenu, targets);
+            item.submenu = buildMenu(entry.submenu, targets, rightToLeft);
         [menu addItem:item];
     }
     return menu;
@@ -131,7 +134,7 @@ public:
         m_menuTargets = [NSMutableArray array];
         // An action may remove this very item: the status item is held locally for the end.
         NSStatusItem* item = m_item;
-        item.menu = buildMenu(m_menuModel->entries, m_menuTargets);
+        item.menu = buildMenu(m_menuModel->entries, m_menuTargets, m_menuModel->rightToLeft);
         [item.button performClick:nil]; // returns when the menu closes
         item.menu = nil;
     }

@@ -1,5 +1,6 @@
 #include "SimPlatform.h"
 
+#include "SimAppearance.h"
 #include "SimApplicationControl.h"
 #include "SimAssessmentMode.h"
 #include "SimEventMonitors.h"
@@ -32,6 +33,7 @@ void installSimServices(Platform& platform, SimDesktop& desktop)
     platform.workspace = std::make_unique<SimWorkspace>(desktop);
     platform.permissions = std::make_unique<SimPermissions>(desktop);
     platform.bundleIdentifier = SimDesktop::ownBundleId;
+    platform.appearance = std::make_unique<SimAppearance>();
 }
 
 void installSimBarServices(Platform& platform, SimDesktop& desktop, Scheduler& scheduler)

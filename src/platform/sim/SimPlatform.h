@@ -7,7 +7,7 @@ class SimDesktop;
 struct Platform;
 
 // Fills the platform's desktop services (window server, screens, accessibility,
-// events, workspace, permissions) with the simulated ones over that desktop.
+// events, workspace, permissions, appearance) with the simulated ones over that desktop.
 void installSimServices(Platform& platform, SimDesktop& desktop);
 
 // Adds the status bar, the global event monitors, the assessment mode (absent

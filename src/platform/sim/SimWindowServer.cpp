@@ -1,9 +1,7 @@
 #include "SimWindowServer.h"
 
 #include "SimDesktop.h"
-
-#include <QColor>
-#include <QPainter>
+#include "SimItemPicture.h"
 
 #include <algorithm>
 
@@ -35,31 +33,6 @@ PlistValue windowEntry(const SimPlacedItem& p, const SimApp* owner)
     if (p.onScreen)
         d.insert(WindowKey::isOnscreen, true);
     return d;
-}
-
-// What a menu-bar extra looks like here: a white template glyph drawn from the
-// item's name, at the backing scale of a Retina display as the window server gives it.
-QImage monogram(const SimPlacedItem& p)
-{
-    constexpr double scale = 2.0;
-    const QSize size(qMax(1, int(p.frame.width * scale)), qMax(1, int(p.frame.height * scale)));
-    QImage image(size, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    const QString name =
-        p.item.title.isEmpty() || p.item.title == u"Item-0" ? p.item.owner : p.item.title;
-    const QString letter = name.isEmpty() ? QStringLiteral("?") : name.left(1).toUpper();
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const double side = std::min(size.width(), size.height()) * 0.62;
-    const QRectF box((size.width() - side) / 2, (size.height() - side) / 2, side, side);
-    painter.setPen(QPen(QColor(255, 255, 255, 235), scale * 1.4));
-    painter.drawRoundedRect(box, side * 0.24, side * 0.24);
-    QFont font;
-    font.setPixelSize(qMax(1, int(side * 0.62)));
-    font.setBold(true);
-    painter.setFont(font);
-    painter.drawText(box, Qt::AlignCenter, letter);
-    return image;
 }
 
 } // namespace
@@ -131,7 +104,7 @@ QImage SimWindowServer::windowImage(std::uint32_t windowNumber)
         dot.fill(Qt::transparent);
         return dot;
     }
-    return monogram(*p);
+    return simItemPicture(*p);
 }
 
 } // namespace ravlin

@@ -69,9 +69,9 @@ void GeneralTab::buildHiding()
     connect(m_alwaysHidden, &ToggleSwitch::toggled, this,
             [&p](bool on) { p.setEnableAlwaysHidden(on); });
 
+    // Its title says it all: one line keeps the tab whole on a laptop's display.
     m_clickShowsInBar = addSwitchRow(group, QStringLiteral("clickShowsInBar"),
-                                     lm.L(QStringLiteral("general.clickShowsInBar")),
-                                     lm.L(QStringLiteral("general.clickShowsInBar.desc")));
+                                     lm.L(QStringLiteral("general.clickShowsInBar")), QString());
     connect(m_clickShowsInBar, &ToggleSwitch::toggled, this,
             [&p](bool on) { p.setClickShowsInBar(on); });
 
@@ -123,7 +123,7 @@ void GeneralTab::buildPanel()
     m_style->setObjectName(QStringLiteral("tileStyle"));
     m_style->setAccessibleName(lm.L(QStringLiteral("general.tileStyle")));
     for (TileStyle style : allTileStyles)
-        m_style->addItem(tileStyleTitle(style), tileStyleRawValue(style));
+        m_style->addItem(lm.L(tileStyleTitleKey(style)), tileStyleRawValue(style));
     connect(m_style, &PopupButton::currentIndexChanged, this, [this, &p](int index) {
         if (auto style = tileStyleFromRawValue(m_style->itemData(index).toString()))
             p.setTileStyle(*style);

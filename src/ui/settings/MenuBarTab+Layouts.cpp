@@ -12,8 +12,10 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollArea>
 
 namespace ravlin {
 namespace {
@@ -54,6 +56,7 @@ void MenuBarTab::buildLayouts()
 {
     const LanguageManager& lm = m_app.languageManager();
     SettingsGroup* group = addSection(lm.L(QStringLiteral("menubar.layouts")));
+    m_layouts = group;
 
     auto* current = new SettingsRow(lm.L(QStringLiteral("menubar.layouts.current")), QString());
     m_layoutChoice = layoutPopup(QStringLiteral("layouts"), false);
@@ -71,22 +74,19 @@ void MenuBarTab::buildLayouts()
     group->addRow(current);
 
     auto* save = new SettingsRow(lm.L(QStringLiteral("menubar.layouts.saveAs")), QString());
+    m_saveRow = save;
     m_layoutName = new QLineEdit;
     m_layoutName->setObjectName(QStringLiteral("layoutName"));
     m_layoutName->setPlaceholderText(lm.L(QStringLiteral("menubar.layouts.placeholder")));
     m_layoutName->setMaxLength(60);
     m_layoutName->setFixedWidth(150);
     save->addTrailing(m_layoutName);
-    QPushButton* saveButton =
-        makeButton(QStringLiteral("saveLayout"), lm.L(QStringLiteral("menubar.layouts.save")), save);
-    auto saveNow = [this] {
-        if (m_actions.saveLayout(m_layoutName->text()))
-            m_layoutName->clear();
-        refreshLayouts();
-    };
-    connect(saveButton, &QPushButton::clicked, this, saveNow);
-    connect(m_layoutName, &QLineEdit::returnPressed, this, saveNow);
-    save->addTrailing(saveButton);
+    m_saveLayout = makeButton(QStringLiteral("saveLayout"),
+                              lm.L(QStringLiteral("menubar.layouts.save")), save);
+    connect(m_saveLayout, &QPushButton::clicked, this, &MenuBarTab::saveLayout);
+    connect(m_layoutName, &QLineEdit::returnPressed, this, &MenuBarTab::saveLayout);
+    connect(m_layoutName, &QLineEdit::textChanged, this, &MenuBarTab::layoutNameChanged);
+    save->addTrailing(m_saveLayout);
     group->addRow(save);
 
     auto* file = new SettingsRow(lm.L(QStringLiteral("menubar.layouts.file")),
@@ -122,6 +122,53 @@ void MenuBarTab::buildLayouts()
     refreshLayouts();
 }
 
+// Save waits for a name; a name already saved turns it into Replace, with a line that says
+// so, and the user's press is the consent.
+void MenuBarTab::layoutNameChanged()
+{
+    const LanguageManager& lm = m_app.languageManager();
+    const QString name = m_layoutName->text().trimmed();
+    const bool taken = !name.isEmpty() && m_actions.layoutNames().contains(name);
+    m_saveLayout->setEnabled(!name.isEmpty());
+    m_saveLayout->setText(taken ? lm.L(QStringLiteral("menubar.layouts.replace"))
+                                : lm.L(QStringLiteral("menubar.layouts.save")));
+    const bool noted = m_saveRow->hintLabel() && !m_saveRow->hintLabel()->isHidden();
+    m_saveRow->setHint(taken ? lm.L(QStringLiteral("menubar.layouts.exists"), name) : QString(),
+                       taken);
+    if (noted != taken)
+        Q_EMIT contentChanged();
+}
+
+void MenuBarTab::saveLayout()
+{
+    if (m_layoutName->text().trimmed().isEmpty())
+        return;
+    if (!m_actions.saveLayout(m_layoutName->text())) {
+        // The name stays for another try, and the line says why nothing happened.
+        m_saveRow->setHint(m_app.languageManager().L(QStringLiteral("menubar.layouts.saveFailed")),
+                           true);
+        Q_EMIT contentChanged();
+        return;
+    }
+    m_layoutName->clear();
+    refreshLayouts();
+}
+
+void MenuBarTab::focusLayoutName()
+{
+    if (!m_layoutName)
+        return;
+    for (QWidget* w = parentWidget(); w; w = w->parentWidget()) {
+        if (auto* scroll = qobject_cast<QScrollArea*>(w)) {
+            scroll->ensureWidgetVisible(m_layouts ? static_cast<QWidget*>(m_layouts) : m_layoutName,
+                                        0, 12);
+            scroll->ensureWidgetVisible(m_layoutName, 0, 12);
+            break;
+        }
+    }
+    m_layoutName->setFocus(Qt::OtherFocusReason);
+}
+
 void MenuBarTab::refreshLayouts()
 {
     if (!m_layoutChoice)
@@ -146,6 +193,7 @@ void MenuBarTab::refreshLayouts()
         remove->setEnabled(!names.isEmpty());
     if (QPushButton* exportButton = findChild<QPushButton*>(QStringLiteral("exportLayout")))
         exportButton->setEnabled(!names.isEmpty());
+    layoutNameChanged();
 }
 
 void MenuBarTab::exportLayout()

@@ -33,6 +33,8 @@ public:
     void refresh() override;
     void activated() override;
 
+    // Scrolls the layouts into view and puts the keyboard in the name field.
+    void focusLayoutName();
     SegmentedControl* placementControl(const QString& key) const { return m_placements.value(key); }
 
 private:
@@ -46,6 +48,8 @@ private:
     void buildNewItems();
     void buildLayouts();
     void refreshLayouts();
+    void layoutNameChanged();
+    void saveLayout();
     PopupButton* layoutPopup(const QString& name, bool withOff);
     void exportLayout();
     void importLayout();
@@ -69,6 +73,9 @@ private:
     PopupButton* m_layoutOnDisplay = nullptr;
     PopupButton* m_layoutOnBattery = nullptr;
     QLineEdit* m_layoutName = nullptr;
+    QPushButton* m_saveLayout = nullptr;
+    SettingsRow* m_saveRow = nullptr;
+    SettingsGroup* m_layouts = nullptr;
 };
 
 } // namespace ravlin

@@ -14,7 +14,9 @@ class QWidget;
 namespace ravlin::SettingsStyle {
 
 inline constexpr int windowWidth = 580;
-inline constexpr int maxContentHeight = 600;
+// A page taller than its screen leaves room for scrolls; this much of the screen's
+// visible height stays free for the title bar and a margin above and below.
+inline constexpr int screenAllowance = 28 + 2 * 24;
 inline constexpr int pageMargin = 20;
 inline constexpr int groupRadius = 9;
 inline constexpr int rowInset = 12;

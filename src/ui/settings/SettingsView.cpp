@@ -14,6 +14,7 @@
 #include <QAbstractButton>
 #include <QCloseEvent>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QVBoxLayout>
@@ -165,12 +166,26 @@ void SettingsView::fitToPage()
     const int width = SettingsStyle::windowWidth;
     const int needed =
         page->hasHeightForWidth() ? page->heightForWidth(width) : page->sizeHint().height();
-    const bool scrolls = needed > SettingsStyle::maxContentHeight;
+    const int toolbar = m_toolbar->sizeHint().height();
+    const int room = std::max(200, m_maximumHeight - SettingsStyle::screenAllowance - toolbar);
+    const bool scrolls = needed > room;
     // A page that fits never shows a scroll bar, not even for a moment while the window settles.
     auto* scroll = static_cast<QScrollArea*>(m_stack->widget(m_tab));
     scroll->setVerticalScrollBarPolicy(scrolls ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
-    setFixedSize(width, m_toolbar->sizeHint().height() +
-                            (scrolls ? SettingsStyle::maxContentHeight : needed));
+    // A scrolling page keeps the height its wrapped lines need beside the scroll bar; the
+    // scroll area would otherwise squeeze its rows to the viewport.
+    page->setMinimumHeight(
+        scrolls ? page->heightForWidth(width - scroll->verticalScrollBar()->sizeHint().width())
+                : 0);
+    setFixedSize(width, toolbar + (scrolls ? room : needed));
+}
+
+void SettingsView::setMaximumWindowHeight(int height)
+{
+    if (height == m_maximumHeight)
+        return;
+    m_maximumHeight = height;
+    fitToPage();
 }
 
 void SettingsView::closeEvent(QCloseEvent* event)

@@ -16,7 +16,8 @@ class SettingsPage;
 class SettingsToolbar;
 
 // The settings window: the toolbar of tabs over the chosen tab's page. The
-// window is as tall as the page needs, up to a limit past which the page scrolls.
+// window is as tall as the page needs, as the system's settings windows are; only a
+// page taller than the screen allows scrolls.
 // A change of language rebuilds the whole content in that language and direction.
 class SettingsView : public QWidget {
     Q_OBJECT
@@ -33,6 +34,8 @@ public:
     SettingsToolbar* toolbar() const { return m_toolbar; }
     // Makes the content anew in the current language and direction.
     void rebuild();
+    // The tallest the window may be: its screen's visible height.
+    void setMaximumWindowHeight(int height);
 
 Q_SIGNALS:
     void closed();
@@ -55,6 +58,7 @@ private:
     QStackedWidget* m_stack = nullptr;
     std::array<SettingsPage*, tabCount> m_pages{};
     int m_tab = 0;
+    int m_maximumHeight = 100000;
 };
 
 } // namespace ravlin

@@ -1,5 +1,6 @@
 #include "SettingsWindowController.h"
 
+#include "MenuBarTab.h"
 #include "SettingsActions.h"
 #include "SettingsView.h"
 #include "WindowActivation.h"
@@ -7,6 +8,7 @@
 #include "foundation/Logging.h"
 #include "platform/ApplicationControl.h"
 #include "platform/Platform.h"
+#include "platform/Screens.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -40,6 +42,13 @@ void SettingsWindowController::show(int tab)
     WindowActivation::bringToFront(m_view.get());
 }
 
+void SettingsWindowController::showLayoutNaming()
+{
+    show(1);
+    if (auto* tab = qobject_cast<MenuBarTab*>(m_view->page(1)))
+        tab->focusLayoutName();
+}
+
 void SettingsWindowController::close()
 {
     if (isVisible())
@@ -64,6 +73,10 @@ void SettingsWindowController::makeWindow()
 
 void SettingsWindowController::placeOnScreen()
 {
+    // As tall as each tab needs, within the main display's visible height.
+    if (Screens* screens = m_app.platform().screens.get())
+        if (const std::optional<ScreenInfo> main = screens->mainScreen())
+            m_view->setMaximumWindowHeight(int(main->visibleFrame.height));
     // Centred, a little above the middle, where the system puts a new preferences window.
     const QScreen* screen = QGuiApplication::primaryScreen();
     if (!screen)

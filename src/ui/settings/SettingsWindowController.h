@@ -22,6 +22,7 @@ public:
     ~SettingsWindowController() override;
 
     void show(int tab) override;
+    void showLayoutNaming() override;
     void close();
     bool isVisible() const;
     // The tab in front; -1 before the window was first opened.

@@ -1,6 +1,7 @@
 #include "SettingsWorld.h"
 
 #include "core/app/AppDelegate.h"
+#include "core/settings/LanguageManager.h"
 #include "core/settings/Preferences.h"
 #include "platform/sim/SimLoginItems.h"
 #include "ui/settings/NumberField.h"
@@ -98,7 +99,8 @@ TEST_F(GeneralTab, TheStylePopupOffersTheFourStylesAndWritesTheChoice)
     ASSERT_NE(popup, nullptr);
     ASSERT_EQ(popup->count(), 4);
     for (int i = 0; i < 4; ++i)
-        EXPECT_EQ(popup->itemText(i), tileStyleTitle(allTileStyles[std::size_t(i)]));
+        EXPECT_EQ(popup->itemText(i), world.app().languageManager().L(
+                                          tileStyleTitleKey(allTileStyles[std::size_t(i)])));
     popup->setCurrentIndex(2);
     EXPECT_EQ(prefs().tileStyle(), TileStyle::Grid);
 }

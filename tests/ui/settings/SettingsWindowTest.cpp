@@ -9,6 +9,7 @@
 #include "ui/settings/SettingsToolbar.h"
 
 #include <QAbstractButton>
+#include <QScrollArea>
 #include <QShortcut>
 
 #include <gtest/gtest.h>
@@ -29,6 +30,14 @@ protected:
 
     test::SettingsWorld world;
 };
+
+QScrollArea* scrollAreaOf(QWidget* page)
+{
+    for (QWidget* w = page; w; w = w->parentWidget())
+        if (auto* scroll = qobject_cast<QScrollArea*>(w))
+            return scroll;
+    return nullptr;
+}
 
 } // namespace
 
@@ -89,6 +98,48 @@ TEST_F(SettingsWindow, TheToolbarSwitchesTabsAndTheWindowTakesEachPagesHeight)
     EXPECT_EQ(view.width(), SettingsStyle::windowWidth);
     view.toolbar()->tabButton(0)->click();
     EXPECT_EQ(view.height(), generalHeight);
+}
+
+// Each tab is shown as whole as the screen allows, as the system's settings windows are: on a
+// 1440×900 display the General tab shows everything down to its keyboard shortcuts without
+// scrolling, in English and in German; what goes beyond the screen's visible height scrolls,
+// the window as tall as the screen lets it be.
+TEST_F(SettingsWindow, ShowsEachTabWholeWhereTheScreenHasRoom)
+{
+    for (const char* language : {"en", "de"}) {
+        SCOPED_TRACE(language);
+        world.script(QStringLiteral("language ") + QString::fromLatin1(language));
+        SettingsView& view = world.open(0);
+        SettingsPage* page = view.page(0);
+        QScrollArea* scroll = scrollAreaOf(page);
+        ASSERT_NE(scroll, nullptr);
+        const int toolbar = view.toolbar()->sizeHint().height();
+        const int whole = page->heightForWidth(SettingsStyle::windowWidth) + toolbar;
+        EXPECT_LE(view.height(), std::min(whole, 900 - 24));
+        EXPECT_GT(view.height(), 600 + toolbar);
+        if (view.height() < whole)
+            EXPECT_NE(scroll->verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
+        for (const char* name : {"panelShortcut", "hiddenSectionShortcut"}) {
+            QWidget* field = view.findChild<QWidget*>(QString::fromLatin1(name));
+            ASSERT_NE(field, nullptr) << name;
+            const QPoint bottom = field->mapTo(scroll->viewport(), QPoint(0, field->height()));
+            EXPECT_LE(bottom.y(), scroll->viewport()->height()) << name;
+        }
+        world.window().close();
+    }
+}
+
+TEST(SettingsWindowSmallScreen, APageTallerThanTheScreenScrollsWithinIt)
+{
+    test::SettingsWorld world;
+    world.script(QStringLiteral("screen 1280 600"));
+    world.typicalDesktop();
+    world.start();
+    SettingsView& view = world.open(0);
+    EXPECT_LE(view.height(), 600 - 24 - SettingsStyle::screenAllowance);
+    QScrollArea* scroll = scrollAreaOf(view.page(0));
+    ASSERT_NE(scroll, nullptr);
+    EXPECT_EQ(scroll->verticalScrollBarPolicy(), Qt::ScrollBarAsNeeded);
 }
 
 TEST(SettingsWindowStart, TheSettingsArgumentOpensGeneralAfterStartUp)

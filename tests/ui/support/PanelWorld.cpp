@@ -48,9 +48,9 @@ PanelWorld::~PanelWorld() = default;
 
 std::unique_ptr<RavlinBar> PanelWorld::makePanel()
 {
-    auto bar = std::make_unique<RavlinBar>(
-        RavlinBarServices{scheduler, *platform.screens, *m_preferences, *m_language, *m_stats,
-                          *m_weather, *m_tiles, *m_permissions, *platform.workspace});
+    auto bar = std::make_unique<RavlinBar>(RavlinBarServices{
+        scheduler, *platform.screens, *m_preferences, *m_language, *m_stats, *m_weather, *m_tiles,
+        *m_permissions, *platform.workspace, platform.appearance.get()});
     bar->setAnimated(false);
     return bar;
 }

@@ -141,7 +141,7 @@ public:
         const int x = 1000 + pick(330);
         const QStringList inSight = visibleItems();
         if (pick(2) == 0 || inSight.isEmpty())
-            run(QStringLiteral("click main right\nmenu \"Menüleiste anordnen…\"\n"
+            run(QStringLiteral("click main right\nmenu text:menu.arrange\n"
                                "cmd-drag item:\"%1\" to %2\nhud done\nadvance 1\n")
                     .arg(item)
                     .arg(x));

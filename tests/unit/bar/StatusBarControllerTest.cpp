@@ -136,7 +136,7 @@ TEST(StatusBarControllerLayout, ArrangeModeStoresItsPlacementsAtOnceAndLeavesOff
     Started s;
     ASSERT_EQ(s.run(alwaysHiddenDesktop + QStringLiteral("placement \"n:Near Status\" off\n"
                                                          "click main right\n"
-                                                         "menu \"Menüleiste anordnen…\"\n"
+                                                         "menu text:menu.arrange\n"
                                                          "cmd-drag item:\"Near Status\" to 1430\n"
                                                          "cmd-drag item:\"Mid Status\" to 1430\n")),
               0)

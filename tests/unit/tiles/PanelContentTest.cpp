@@ -106,8 +106,8 @@ TEST_F(PanelContentTest, TheSystemSectionHasTheBatteryOnlyWhileThereIsOne)
     ASSERT_EQ(with.size(), 5u);
     EXPECT_EQ(with[3].key, u"sys.batt"_s);
     EXPECT_EQ(with[3].symbol, u"battery.100"_s);
-    EXPECT_EQ(with[3].subtitle, u"55 %"_s);
-    EXPECT_EQ(with[1].subtitle, u"25 %"_s);
+    EXPECT_EQ(with[3].subtitle, u"55%"_s);
+    EXPECT_EQ(with[1].subtitle, u"25%"_s);
     EXPECT_EQ(with[1].symbol, u"memorychip"_s);
     EXPECT_EQ(with[4].kind, TileKind::Network);
     EXPECT_TRUE(isFullWidth(*with[4].content));
@@ -126,17 +126,59 @@ TEST_F(PanelContentTest, TheNetworkTileWritesItsRatesWithTwoBlanksAndTheCompactO
 
 TEST_F(PanelContentTest, PercentagesAreRoundedAndOddValuesReadAsZero)
 {
-    EXPECT_EQ(PanelContent::percentText(41.5), u"42 %"_s);
-    EXPECT_EQ(PanelContent::percentText(0.4), u"0 %"_s);
-    EXPECT_EQ(PanelContent::percentText(std::numeric_limits<double>::quiet_NaN()), u"0 %"_s);
+    EXPECT_EQ(content.percentText(41.5), u"42%"_s);
+    EXPECT_EQ(content.percentText(0.4), u"0%"_s);
+    EXPECT_EQ(content.percentText(std::numeric_limits<double>::quiet_NaN()), u"0%"_s);
+    EXPECT_EQ(content.percentText(1e300), u"1000000000%"_s);
 }
 
-TEST_F(PanelContentTest, TheWeatherHeaderNamesThePlaceOrSaysWetter)
+// Section titles, the weather's words and the way numbers are written all follow the
+// interface language; none of them stays in one language for all.
+TEST_F(PanelContentTest, TitlesWordsAndNumbersFollowTheInterfaceLanguage)
 {
+    probe.setBattery(PowerSource{23, 100});
+    stats.refresh();
+    world.scheduler.advance(1);
+    probe.setNetwork(std::pair<std::uint64_t, std::uint64_t>{1'500'000, 0});
+    stats.refresh();
+    location.setStatus(LocationAuthorization::AuthorizedAlways, false);
+    PanelRequest request;
+    request.groups = {{QStringLiteral("ignored"), {item(u"n:a"_s, u"A"_s)}}};
+    struct Expected {
+        const char* code;
+        QString statistics, weather, range, percent, rate;
+    };
+    const Expected cases[] = {
+        {"en", u"System"_s, u"Weather"_s, u"H: --°  L: --°"_s, u"23%"_s, u"↓1.5 MB/s"_s},
+        {"de", u"System"_s, u"Wetter"_s, u"H: --°  T: --°"_s, u"23\u00a0%"_s, u"↓1,5 MB/s"_s},
+        {"fr", u"Système"_s, u"Météo"_s, u"Max. : --°  Min. : --°"_s, u"23\u202f%"_s,
+         u"↓1,5 MB/s"_s},
+        {"tr", u"Sistem"_s, u"Hava Durumu"_s, u"Y: --°  D: --°"_s, u"%23"_s, u"↓1,5 MB/s"_s},
+        {"he", u"מערכת"_s, u"מזג אוויר"_s, u"מקס׳: --°  מינ׳: --°"_s, u"23%"_s, u"↓1.5 MB/s"_s},
+        {"ja", u"システム"_s, u"天気"_s, u"最高: --°  最低: --°"_s, u"23%"_s, u"↓1.5 MB/s"_s},
+        {"ar", u"النظام"_s, u"الطقس"_s, u"العظمى: --°  الصغرى: --°"_s, u"23%"_s, u"↓1.5 MB/s"_s},
+    };
+    for (const Expected& e : cases) {
+        SCOPED_TRACE(e.code);
+        world.language().apply(QString::fromLatin1(e.code));
+        const std::vector<PanelSection> all = sections(request);
+        ASSERT_GE(all.size(), 2u);
+        EXPECT_EQ(all[1].title, e.statistics);
+        EXPECT_EQ(all[0].tiles[0].label, e.weather);
+        EXPECT_EQ(all[0].tiles[0].detail, e.range);
+        EXPECT_EQ(all[1].tiles[3].subtitle, e.percent);
+        EXPECT_TRUE(all[1].tiles[4].subtitle.startsWith(e.rate))
+            << all[1].tiles[4].subtitle.toStdString();
+    }
+}
+
+TEST_F(PanelContentTest, TheWeatherHeaderNamesThePlaceOrSaysWeather)
+{
+    location.setStatus(LocationAuthorization::AuthorizedAlways, false);
     PanelTile tile = content.weatherTile();
-    EXPECT_EQ(tile.label, u"Wetter"_s);
+    EXPECT_EQ(tile.label, u"Weather"_s);
     EXPECT_EQ(tile.subtitle, QStringLiteral("--°"));
-    EXPECT_EQ(tile.detail, QStringLiteral("H: --°  T: --°"));
+    EXPECT_EQ(tile.detail, QStringLiteral("H: --°  L: --°"));
     EXPECT_EQ(tile.symbol, u"cloud.fill"_s);
     location.setStatus(LocationAuthorization::AuthorizedAlways, false);
     location.setPosition(Coordinate{52.5, 13.4});
@@ -148,18 +190,51 @@ TEST_F(PanelContentTest, TheWeatherHeaderNamesThePlaceOrSaysWetter)
     tile = content.weatherTile();
     EXPECT_EQ(tile.label, u"Berlin"_s);
     EXPECT_EQ(tile.subtitle, QStringLiteral("0°"));
-    EXPECT_EQ(tile.detail, QStringLiteral("H: 4°  T: -5°"));
+    EXPECT_EQ(tile.detail, QStringLiteral("H: 4°  L: -5°"));
     EXPECT_EQ(tile.symbol, u"cloud.sun.fill"_s);
 }
 
-TEST_F(PanelContentTest, WithoutLocationAccessTheHeaderSaysSo)
+// Without location access there is nothing to show but a request: one line that asks for
+// access, without placeholders, and a search never finds it.
+TEST_F(PanelContentTest, WithoutLocationAccessTheHeaderAsksForItAndSearchPassesItBy)
 {
-    EXPECT_EQ(content.weatherTile().note, QStringLiteral("—"));
-    location.setStatus(LocationAuthorization::Denied, false);
+    for (LocationAuthorization status :
+         {LocationAuthorization::NotDetermined, LocationAuthorization::Denied,
+          LocationAuthorization::Restricted, LocationAuthorization::AuthorizedWhenInUse}) {
+        location.setStatus(status, false);
+        const PanelTile tile = content.weatherTile();
+        EXPECT_TRUE(tile.asksForAccess);
+        EXPECT_EQ(tile.label, world.language().L(QStringLiteral("weather.allowLocation")));
+        EXPECT_TRUE(tile.subtitle.isEmpty());
+        EXPECT_TRUE(tile.detail.isEmpty());
+        EXPECT_TRUE(tile.note.isEmpty());
+        EXPECT_TRUE(PanelContent::searchTexts(tile).isEmpty());
+    }
+    PanelRequest request;
+    request.query = QStringLiteral("location");
+    EXPECT_TRUE(sections(request).empty());
+    location.setStatus(LocationAuthorization::AuthorizedAlways, false);
+    EXPECT_FALSE(content.weatherTile().asksForAccess);
+}
+
+TEST_F(PanelContentTest, TheWeatherIsFoundByItsPlaceNotByItsDescription)
+{
+    location.setStatus(LocationAuthorization::AuthorizedAlways, false);
+    location.setPosition(Coordinate{52.5, 13.4});
+    geocoder.setCity(QStringLiteral("Berlin"));
+    http.setAnswer(R"({"current":{"temperature_2m":20,"weather_code":2},
+        "daily":{"temperature_2m_max":[22],"temperature_2m_min":[12]}})");
     weather.refreshIfStale();
     world.scheduler.runDue();
-    ASSERT_TRUE(weather.denied());
-    EXPECT_EQ(content.weatherTile().note, world.language().L(QStringLiteral("weather.denied")));
+    ASSERT_FALSE(content.weatherTile().note.isEmpty());
+    PanelRequest request;
+    request.query = content.weatherTile().note.left(4);
+    for (const PanelSection& s : sections(request))
+        for (const PanelTile& t : s.tiles)
+            EXPECT_NE(t.kind, TileKind::Weather);
+    request.query = QStringLiteral("berl");
+    ASSERT_FALSE(sections(request).empty());
+    EXPECT_EQ(sections(request)[0].tiles[0].key, u"weather"_s);
 }
 
 TEST_F(PanelContentTest, ItemsFollowTheSavedOrderWithinTheirGroup)

@@ -125,6 +125,13 @@ TEST(BarGrouping, AppsFirstThenTheSystemGroupEmptyGroupsLeftOut)
     EXPECT_EQ(groups[1].title, w.language().L(QStringLiteral("bar.apple")));
     EXPECT_EQ(keys(groups[1].items), split("s1 s2"));
 
+    w.language().apply(QStringLiteral("he"));
+    const auto hebrew =
+        grouping.group({tile(QStringLiteral("a1")), tile(QStringLiteral("s1"), true)});
+    EXPECT_EQ(hebrew[0].title, QStringLiteral("אפליקציות"));
+    EXPECT_EQ(hebrew[1].title, QStringLiteral("מערכת"));
+    w.language().apply(QStringLiteral("en"));
+
     const auto systemOnly = grouping.group({tile(QStringLiteral("s1"), true)});
     ASSERT_EQ(systemOnly.size(), 1u);
     EXPECT_EQ(systemOnly[0].id(), w.language().L(QStringLiteral("bar.apple")));

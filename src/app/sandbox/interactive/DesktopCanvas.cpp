@@ -1,5 +1,6 @@
 #include "DesktopCanvas.h"
 
+#include "sandbox/DesktopScene.h"
 #include "sandbox/SandboxSession.h"
 
 #include "foundation/Scheduler.h"
@@ -30,14 +31,16 @@ void fillMenu(QMenu& menu, const std::vector<MenuEntry>& entries, const QStringL
         const QStringList here = path + QStringList{e.title};
         if (!e.submenu.empty()) {
             QMenu* sub = menu.addMenu(e.title);
+            sub->setLayoutDirection(menu.layoutDirection());
             fillMenu(*sub, e.submenu, here, chosen);
             continue;
         }
-        QAction* action = menu.addAction(e.title);
+        // The key equivalent goes after a tab, which the menu shows in its own column, as
+        // the Mac writes it ("⌘,") rather than as this desktop would ("Ctrl+,").
+        const QString shortcut = e.shownKeyEquivalent();
+        QAction* action = menu.addAction(shortcut.isEmpty() ? e.title : e.title + u'\t' + shortcut);
         action->setCheckable(e.checked);
         action->setChecked(e.checked);
-        if (!e.keyEquivalent.isEmpty())
-            action->setShortcut(QKeySequence(QStringLiteral("Ctrl+") + e.keyEquivalent.toUpper()));
         QObject::connect(action, &QAction::triggered, &menu, [here, &chosen] { chosen = here; });
     }
 }
@@ -54,7 +57,20 @@ void DesktopCanvas::setSession(SandboxSession* session)
 {
     m_session = session;
     m_dragging.reset();
+    m_shownKey.clear();
     updateGeometry();
+    update();
+}
+
+void DesktopCanvas::refresh()
+{
+    if (!m_session)
+        return;
+    QByteArray key = desktopSceneKey(*m_session);
+    if (key == m_shownKey)
+        return;
+    m_shownKey = std::move(key);
+    ++m_repaintsAsked;
     update();
 }
 
@@ -140,6 +156,7 @@ void DesktopCanvas::showOpenMenu()
         return;
     const MenuModel model = *bar.openMenu();
     QMenu menu(this);
+    menu.setLayoutDirection(model.rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
     QStringList chosen;
     fillMenu(menu, model.entries, {}, chosen);
     const WindowServerPoint cursor = m_session->desktop().cursor();

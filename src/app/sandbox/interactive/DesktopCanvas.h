@@ -24,6 +24,12 @@ public:
 
     QSize sizeHint() const override;
 
+    // Asks for a repaint when the desktop's picture changed since the last one: at rest
+    // the canvas is not painted at all.
+    void refresh();
+    // How many repaints the canvas asked for, for the tests.
+    int repaintsAsked() const { return m_repaintsAsked; }
+
 Q_SIGNALS:
     // Something the person did, for the log.
     void acted(const QString& what);
@@ -39,6 +45,8 @@ private:
 
     SandboxSession* m_session = nullptr;
     std::optional<std::int64_t> m_dragging; // the item a command-drag holds
+    QByteArray m_shownKey;
+    int m_repaintsAsked = 0;
 };
 
 } // namespace ravlin::sandbox

@@ -8,6 +8,7 @@
 #include "sandbox/ScriptRunner.h"
 
 #include "core/settings/KeyChord.h"
+#include "platform/sim/SimAppearance.h"
 #include "platform/sim/SimApplicationControl.h"
 #include "platform/sim/SimAssessmentMode.h"
 #include "platform/sim/SimDesktop.h"
@@ -79,9 +80,10 @@ SandboxWindow::SandboxWindow(Setup setup) : m_setup(std::move(setup))
     m_canvas = new DesktopCanvas(this);
     m_canvas->setFixedSize(m_setup.screenSize);
     connect(m_canvas, &DesktopCanvas::acted, this, &SandboxWindow::log);
-    // Ravlin's windows are real windows above the canvas, at the same coordinates.
+    // Ravlin's windows are real windows above the canvas, at the same coordinates, and its
+    // status menu is a real menu: the canvas draws neither.
     m_canvas->painter = [](QPainter& painter, SandboxSession& session) {
-        DesktopRenderer().paint(painter, desktopScene(session, false));
+        DesktopRenderer().paint(painter, desktopScene(session, false, false));
     };
     row->addWidget(m_canvas, 0, Qt::AlignTop | Qt::AlignLeft);
     row->addWidget(buildSidebar());
@@ -141,8 +143,19 @@ QWidget* SandboxWindow::buildSidebar()
                     .arg(on ? QStringLiteral("granted") : QStringLiteral("withdrawn")));
         }
     });
+    auto* dark = new QCheckBox(QStringLiteral("Dark appearance"), system);
+    m_dark = dark;
+    dark->setChecked(true);
+    connect(dark, &QCheckBox::toggled, this, [this](bool on) {
+        if (m_session && m_session->platform().appearance) {
+            static_cast<SimAppearance&>(*m_session->platform().appearance).setDark(on);
+            log(QStringLiteral("the system's appearance is %1 now")
+                    .arg(on ? QStringLiteral("dark") : QStringLiteral("light")));
+        }
+    });
     form->addRow(screen);
     form->addRow(ax);
+    form->addRow(dark);
     m_engine = new QComboBox(system);
     m_engine->addItems(
         {QStringLiteral("unavailable"), QStringLiteral("available"), QStringLiteral("refuse")});
@@ -207,6 +220,7 @@ void SandboxWindow::restart(const QString& script)
     using B = SimAssessmentMode::Behaviour;
     static const B behaviours[] = {B::Unavailable, B::Available, B::Refuse};
     m_session->assessmentMode().setBehaviour(behaviours[qBound(0, m_engine->currentIndex(), 2)]);
+    static_cast<SimAppearance&>(*m_session->platform().appearance).setDark(m_dark->isChecked());
 
     m_runnerOut.clear();
     m_out = std::make_unique<QTextStream>(&m_runnerOut);
@@ -234,7 +248,7 @@ void SandboxWindow::tick()
         return;
     m_session->scheduler().advance(double(m_elapsed.restart()) / 1000.0);
     reportChanges();
-    m_canvas->update();
+    m_canvas->refresh();
     if (!m_session->application().running()) {
         log(QStringLiteral("Ravlin ended (status %1); restart it from the side bar")
                 .arg(m_session->application().exitCode().value_or(0)));

@@ -7,6 +7,7 @@
 
 #include <memory>
 
+class QCheckBox;
 class QComboBox;
 class QTextStream;
 class QPlainTextEdit;
@@ -62,6 +63,7 @@ private:
     QVBoxLayout* m_appList = nullptr;
     QComboBox* m_engine = nullptr;
     QTimer m_clock;
+    QCheckBox* m_dark = nullptr; // the system's appearance, kept across restarts
     QElapsedTimer m_elapsed;
     QMap<QString, double> m_lengths;
     QString m_currentScript;

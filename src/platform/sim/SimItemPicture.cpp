@@ -1,0 +1,35 @@
+#include "SimItemPicture.h"
+
+#include <QColor>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace ravlin {
+
+QImage simItemPicture(const SimPlacedItem& p)
+{
+    constexpr double scale = 2.0;
+    const QSize size(qMax(1, int(p.frame.width * scale)), qMax(1, int(p.frame.height * scale)));
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    const QString name =
+        p.item.title.isEmpty() || p.item.title == u"Item-0" ? p.item.owner : p.item.title;
+    const QString letter = name.isEmpty() ? QStringLiteral("?") : name.left(1).toUpper();
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    // As tall as a glyph of a 24-point bar, whatever the bar's and the item's size.
+    const double side =
+        std::min(size.width() * 0.9, std::min(double(size.height()), 24 * scale) * 0.62);
+    const QRectF box((size.width() - side) / 2, (size.height() - side) / 2, side, side);
+    painter.setPen(QPen(QColor(255, 255, 255, 235), scale * 1.4));
+    painter.drawRoundedRect(box, side * 0.24, side * 0.24);
+    QFont font;
+    font.setPixelSize(qMax(1, int(side * 0.62)));
+    font.setBold(true);
+    painter.setFont(font);
+    painter.drawText(box, Qt::AlignCenter, letter);
+    return image;
+}
+
+} // namespace ravlin
