@@ -213,12 +213,12 @@ advance 3
 language he
 click main
 advance 1.5
-screenshot FOLDER/16-panel-hebrew.png region=panel
+screenshot FOLDER/20-panel-hebrew.png region=panel
 click main
 advance 0.3
 click main right
 menu point text:menu.style
-screenshot FOLDER/17-menu-hebrew.png
+screenshot FOLDER/21-menu-hebrew.png
 menu close
 )");
     QString notched = desktop;
@@ -232,26 +232,51 @@ advance 3
 click main right
 menu text:menu.show
 advance 0.5
-screenshot FOLDER/18-notch-bar.png
+screenshot FOLDER/22-notch-bar.png
 click main right
 menu text:menu.hide
 advance 0.3
 click main
 advance 1.5
-screenshot FOLDER/19-notch-panel.png
+screenshot FOLDER/23-notch-panel.png
 )");
     const QString system27 = QStringLiteral(R"(
 # macOS 27: the bar draws every item in sight; arrange mode shows them all.
 start
 advance 3
-screenshot FOLDER/20-bar-27.png
+screenshot FOLDER/24-bar-27.png
 click main right
 menu text:menu.arrange
-screenshot FOLDER/21-arrange-27.png
+screenshot FOLDER/25-arrange-27.png
 hud done
 )");
+    const QString always = QStringLiteral(R"(
+# The always-hidden section, switched on: nothing changes until an item is dragged past its
+# marker at the far end; then the panel offers that item in a section of its own.
+start
+advance 3
+prefs set enableAlwaysHidden true
+advance 0.5
+click main right
+menu text:menu.show
+advance 0.5
+screenshot FOLDER/26-always-hidden-on.png
+click main right
+menu text:menu.hide
+advance 0.3
+click main right
+menu text:menu.arrange
+cmd-drag item:"Tunes Mini" to 0
+hud done
+advance 1
+click main
+advance 1.5
+panel scroll 1000
+screenshot FOLDER/27-panel-always-hidden.png region=panel
+)");
     return {desktop + inFolder(hebrew, folder), notched + inFolder(notch, folder),
-            QStringLiteral("system 27\n") + desktop + inFolder(system27, folder)};
+            QStringLiteral("system 27\n") + desktop + inFolder(system27, folder),
+            desktop + inFolder(always, folder)};
 }
 
 } // namespace ravlin::sandbox
