@@ -137,8 +137,11 @@ ItemSights itemSights(SandboxSession& session)
     if (!session.hasApp() || !session.app().statusBar())
         return sights;
     const StatusBarController& bar = *session.app().statusBar();
-    for (const BarEntry& entry : bar.knownEntries(false))
-        sights.insert({entry.raw.pid, entry.raw.name}, ItemSight{entry.key, bar.hiddenBy(entry)});
+    const std::vector<BarEntry> entries = bar.knownEntries(false);
+    const std::vector<std::optional<HiddenBy>> reasons = bar.hiddenBy(entries);
+    for (std::size_t i = 0; i < entries.size(); ++i)
+        sights.insert({entries[i].raw.pid, entries[i].raw.name},
+                      ItemSight{entries[i].key, reasons[i]});
     return sights;
 }
 

@@ -93,6 +93,15 @@ public:
     virtual bool holds() const = 0;
     // Why this technique keeps the item out of sight; null when it does not.
     virtual std::optional<HiddenBy> hiddenBy(const BarEntry& entry) const = 0;
+    // The same for many items, with one look at the bar.
+    virtual std::vector<std::optional<HiddenBy>> hiddenBy(const std::vector<BarEntry>& entries) const
+    {
+        std::vector<std::optional<HiddenBy>> reasons;
+        reasons.reserve(entries.size());
+        for (const BarEntry& entry : entries)
+            reasons.push_back(hiddenBy(entry));
+        return reasons;
+    }
     // Whether items keep their sides by where they stand in the bar (true for separators),
     // so that the order of the bar is the user's arrangement.
     virtual bool keepsArrangement() const = 0;

@@ -169,17 +169,42 @@ std::optional<ScreenRect> SeparatorHiding::frameOf(const StatusItem* item) const
     return m_context.reader.frameOf(*item);
 }
 
-std::optional<HiddenBy> SeparatorHiding::hiddenBy(const BarEntry& entry) const
+// Where the sections that are hidden now begin: the separators that are collapsed.
+SeparatorHiding::Borders SeparatorHiding::borders() const
+{
+    Borders b;
+    if (!(m_state.alwaysShown || m_state.arranging))
+        b.always = frameOf(m_alwaysSep.get());
+    if (!(m_state.hiddenShown || m_state.arranging))
+        b.hidden = frameOf(m_hiddenSep.get());
+    return b;
+}
+
+std::optional<HiddenBy> SeparatorHiding::hiddenBy(const BarEntry& entry, const Borders& b)
 {
     if (!entry.inBar || entry.onScreen())
         return std::nullopt;
-    if (const std::optional<ScreenRect> always = frameOf(m_alwaysSep.get());
-        always && standsLeftOf(entry.raw, *always))
+    if (b.always && standsLeftOf(entry.raw, *b.always))
         return HiddenBy::AlwaysSeparator;
-    if (const std::optional<ScreenRect> hidden = frameOf(m_hiddenSep.get());
-        hidden && standsLeftOf(entry.raw, *hidden))
+    if (b.hidden && standsLeftOf(entry.raw, *b.hidden))
         return HiddenBy::Separator;
     return std::nullopt;
+}
+
+std::optional<HiddenBy> SeparatorHiding::hiddenBy(const BarEntry& entry) const
+{
+    return hiddenBy(entry, borders());
+}
+
+std::vector<std::optional<HiddenBy>>
+SeparatorHiding::hiddenBy(const std::vector<BarEntry>& entries) const
+{
+    const Borders b = borders();
+    std::vector<std::optional<HiddenBy>> reasons;
+    reasons.reserve(entries.size());
+    for (const BarEntry& entry : entries)
+        reasons.push_back(hiddenBy(entry, b));
+    return reasons;
 }
 
 const StatusItem* SeparatorHiding::marker(BarArrangement::Section section) const

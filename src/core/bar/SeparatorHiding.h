@@ -29,6 +29,8 @@ public:
     void verify() override;
     bool holds() const override { return m_holds; }
     std::optional<HiddenBy> hiddenBy(const BarEntry& entry) const override;
+    std::vector<std::optional<HiddenBy>>
+    hiddenBy(const std::vector<BarEntry>& entries) const override;
     bool keepsArrangement() const override { return true; }
     const StatusItem* marker(BarArrangement::Section section) const override;
     int separatorCount() const override;
@@ -54,6 +56,12 @@ protected:
     const HidingState& state() const { return m_state; }
 
 private:
+    struct Borders {
+        std::optional<ScreenRect> always; // null while its section shows, or without one
+        std::optional<ScreenRect> hidden;
+    };
+    Borders borders() const;
+    static std::optional<HiddenBy> hiddenBy(const BarEntry& entry, const Borders& borders);
     std::unique_ptr<StatusItem> makeSeparator(const QString& autosaveName, bool dimmed);
     void placeByArrangement();
     void fillSpans();

@@ -151,20 +151,34 @@ void StatusBarController::readEngineListsOnce()
 
 std::optional<HiddenBy> StatusBarController::hiddenBy(const BarEntry& entry) const
 {
-    if (!entry.inBar)
-        return m_hiding->hiddenBy(entry);
+    return hiddenBy(std::vector<BarEntry>{entry}).front();
+}
+
+// What the camera housing covers is hidden whatever the technique does; what the technique
+// does not hide but the bar has no room for waits in the overflow menu. One look at the bar
+// and the displays for all the items.
+std::vector<std::optional<HiddenBy>>
+StatusBarController::hiddenBy(const std::vector<BarEntry>& entries) const
+{
+    std::vector<std::optional<HiddenBy>> reasons = m_hiding->hiddenBy(entries);
     const std::vector<ScreenInfo> screens = m_s.screens.screens();
-    if (!screens.empty() &&
-        MenuBarDisplays::behindNotch(
-            Geometry::toScreen(entry.raw.info().frame(), screens.front().frame.height), screens))
-        return HiddenBy::Notch;
-    if (entry.fixed)
-        return std::nullopt;
-    if (const std::optional<HiddenBy> why = m_hiding->hiddenBy(entry))
-        return why;
-    if (!entry.onScreen())
-        return HiddenBy::Overflow;
-    return std::nullopt;
+    const bool notched = std::any_of(screens.begin(), screens.end(),
+                                     [](const ScreenInfo& s) { return s.notch.has_value(); });
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        const BarEntry& entry = entries[i];
+        if (!entry.inBar)
+            continue; // out of the bar: only the technique can say why
+        if (notched && MenuBarDisplays::behindNotch(
+                           Geometry::toScreen(entry.raw.info().frame(),
+                                              screens.front().frame.height),
+                           screens))
+            reasons[i] = HiddenBy::Notch;
+        else if (entry.fixed)
+            reasons[i].reset();
+        else if (!reasons[i] && !entry.onScreen())
+            reasons[i] = HiddenBy::Overflow;
+    }
+    return reasons;
 }
 
 StatusBarController::OutOfSight StatusBarController::outOfSight() const
@@ -179,8 +193,10 @@ StatusBarController::OutOfSight StatusBarController::outOfSight() const
     QSet<QString> bundlesKeptForOthers; // applications in the bar for one item's sake
     std::vector<const BarEntry*> inSightUnwanted;
     const std::vector<BarEntry> entries = knownEntries();
-    for (const BarEntry& entry : entries) {
-        const std::optional<HiddenBy> why = hiddenBy(entry);
+    const std::vector<std::optional<HiddenBy>> reasons = hiddenBy(entries);
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        const BarEntry& entry = entries[i];
+        const std::optional<HiddenBy>& why = reasons[i];
         if (!why && !entry.inBar)
             continue; // gone from the bar, and not by being hidden
         if (!why) {

@@ -136,6 +136,7 @@ public:
     std::vector<BarEntry> knownEntries(bool nameNew = true) const;
     // Why the user cannot see the item now; null while it is in sight.
     std::optional<HiddenBy> hiddenBy(const BarEntry& entry) const;
+    std::vector<std::optional<HiddenBy>> hiddenBy(const std::vector<BarEntry>& entries) const;
     const BarWishes& wishes() const { return m_wishes; }
 
     // Items and their states.
