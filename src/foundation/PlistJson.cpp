@@ -85,6 +85,11 @@ private:
             QChar c = m_text[m_pos++];
             if (c == u'"')
                 return out;
+            if (c.unicode() < 0x20) {
+                --m_pos;
+                fail(QStringLiteral("a control character inside a string"));
+                return std::nullopt;
+            }
             if (c != u'\\') {
                 out += c;
                 continue;

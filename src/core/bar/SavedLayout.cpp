@@ -1,5 +1,6 @@
 #include "SavedLayout.h"
 
+#include "LayoutName.h"
 #include "foundation/PlistJson.h"
 
 #include <QJsonDocument>
@@ -43,7 +44,7 @@ std::optional<SavedLayout> SavedLayout::fromPlist(const PlistValue& value, QStri
     if (format && *format != formatName)
         return fail(error, QStringLiteral("a file of another kind (%1)").arg(*format));
     SavedLayout layout;
-    layout.name = value[nameKey].asString().value_or(QString()).trimmed().left(60);
+    layout.name = value[nameKey].asString().value_or(QString()).trimmed();
     if (layout.name.isEmpty())
         return fail(error, QStringLiteral("a layout without a name"));
     const std::optional<BarArrangement> arrangement =
@@ -76,7 +77,15 @@ std::optional<SavedLayout> SavedLayout::fromJson(const QByteArray& json, QString
         PlistJson::parse(QString::fromUtf8(json), &parseError);
     if (!value)
         return fail(error, QStringLiteral("not JSON: %1").arg(parseError));
-    return fromPlist(*value, error);
+    std::optional<SavedLayout> layout = fromPlist(*value, error);
+    if (!layout)
+        return std::nullopt;
+    // A name from a file enters the program here, as a typed one does in the settings.
+    const std::optional<QString> name = LayoutName::validated(layout->name, error);
+    if (!name)
+        return std::nullopt;
+    layout->name = *name;
+    return layout;
 }
 
 } // namespace ravlin

@@ -179,7 +179,7 @@ public:
 
     // Named layouts.
     SavedLayout currentLayout(const QString& name);
-    bool saveLayout(const QString& name);
+    bool saveLayout(const QString& name, QString* error = nullptr);
     bool switchLayout(const QString& name, const QString& occasion);
     bool deleteLayout(const QString& name);
     bool exportLayout(const QString& name, const QString& path, QString* error = nullptr);
