@@ -1,6 +1,7 @@
 #include "SavedLayout.h"
 
 #include "LayoutName.h"
+#include "foundation/Logging.h"
 #include "foundation/PlistJson.h"
 
 #include <QJsonDocument>
@@ -47,13 +48,17 @@ std::optional<SavedLayout> SavedLayout::fromPlist(const PlistValue& value, QStri
     layout.name = value[nameKey].asString().value_or(QString()).trimmed();
     if (layout.name.isEmpty())
         return fail(error, QStringLiteral("a layout without a name"));
+    bool cut = false;
     const std::optional<BarArrangement> arrangement =
-        BarArrangement::fromPlist(value[arrangementKey]);
+        BarArrangement::fromPlist(value[arrangementKey], &cut);
     if (!arrangement)
         return fail(error, QStringLiteral("its arrangement is not a list of items per section"));
     layout.arrangement = *arrangement;
     if (const PlistDict* placed = value[placementsKey].asDict()) {
+        cut = cut || placed->size() > BarArrangement::maxItems;
         for (auto it = placed->begin(); it != placed->end(); ++it) {
+            if (layout.placements.size() == BarArrangement::maxItems)
+                break;
             const std::optional<ItemPlacement> placement =
                 itemPlacementFromName(it.value().asString().value_or(QString()));
             if (placement && *placement != ItemPlacement::Panel && !it.key().isEmpty())
@@ -62,6 +67,10 @@ std::optional<SavedLayout> SavedLayout::fromPlist(const PlistValue& value, QStri
     } else if (!value[placementsKey].isNull()) {
         return fail(error, QStringLiteral("its placements are not a dictionary"));
     }
+    if (cut)
+        qCWarning(lcBar).noquote() << "the layout" << LayoutName::quoted(layout.name)
+                                   << "names more than" << BarArrangement::maxItems
+                                   << "items; only the first are kept";
     return layout;
 }
 
