@@ -9,6 +9,7 @@ packages=(
   libplist-dev libgtest-dev libgmock-dev libbenchmark-dev
   fonts-material-design-icons-iconfont fonts-noto-core fonts-noto-cjk
   xvfb xauth
+  python3
 )
 if [[ "${RAVLIN_WITH_CLANG:-0}" == 1 ]]; then
   packages+=(clang libclang-rt-14-dev)
