@@ -180,6 +180,7 @@ void registerAll(ScriptRunner& runner)
     registerPanelCommands(runner);
     registerSettingsWindowCommands(runner);
     registerKeyboardCommands(runner);
+    registerUserCommands(runner);
     registerPendingCommands(runner);
 }
 

@@ -39,7 +39,7 @@ void tileCommand(CommandContext& c)
     RavlinBarView& view = openPanel(c);
     if (what == u"click") {
         const QString key = c.need(2, QStringLiteral("the tile's key"));
-        if (key == RavlinBarView::settingsKey) {
+        if (key == RavlinBarView::settingsKey || key == RavlinBarView::footnoteKey) {
             view.clickTile(key);
             c.session.scheduler().runDue();
             return;

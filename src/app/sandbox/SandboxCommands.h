@@ -29,6 +29,9 @@ void registerLayoutCommands(ScriptRunner& runner);
 void registerSettingsWindowCommands(ScriptRunner& runner);
 // key, type, hotkey; the section shortcuts.
 void registerKeyboardCommands(ScriptRunner& runner);
+// user (the person's hands: typing, moving the pointer, holding a button or modifiers); the
+// section user.
+void registerUserCommands(ScriptRunner& runner);
 // Every command of the script language that a later part of the sandbox brings.
 void registerPendingCommands(ScriptRunner& runner);
 

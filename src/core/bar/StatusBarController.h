@@ -2,6 +2,7 @@
 
 #include "ArrangementStore.h"
 #include "LayoutLibrary.h"
+#include "QuietMoment.h"
 #include "NewItemTracker.h"
 #include "core/discovery/CaptureEngine.h"
 #include "core/discovery/MenuBarItemInfo.h"
@@ -165,6 +166,8 @@ public:
     void recordArrangement();
     void noticeArrangement();
     void restoreArrangement(const QString& occasion);
+    // A restore waits for the user's hands to rest before it takes the pointer.
+    bool restoreWaiting() const { return m_quietWait && m_quietWait->isWaiting(); }
     // The items the system moved that could not be put back (keys).
     const QStringList& movedBySystem() const { return m_movedBySystem; }
     const ArrangementStore& arrangements() const { return m_arrangements; }
@@ -266,6 +269,8 @@ private:
     bool keepsArrangement() const;
     QHash<std::int64_t, QString> keysOf(const std::vector<CaptureEngine::Raw>& raws) const;
     void performMove(const ArrangementMove& move);
+    void waitToRestore(const QString& occasion, const std::vector<ArrangementMove>& moves,
+                       const QString& why);
     std::vector<ArrangementMove> movesBetween(const BarArrangement& seen,
                                               const BarArrangement& wanted) const;
     void seedDefaultPositionsIfNeeded();
@@ -325,6 +330,7 @@ private:
     std::optional<bool> m_onBattery;
     QStringList m_movedBySystem;
     bool m_restoring = false;
+    std::unique_ptr<QuietMoment> m_quietWait;
     Screens::ObserverToken m_screensToken;
     bool m_expanded = true;
     bool m_revealingAlways = false;
