@@ -280,6 +280,8 @@ bool xmlHoldsAll(const PlistValue& root)
             break;
         case PlistValue::Type::Dict:
             for (auto it = value.asDict()->cbegin(); it != value.asDict()->cend(); ++it) {
+                if (it.value().isNull())
+                    continue; // neither form writes it
                 if (!xmlHolds(it.key()))
                     return false;
                 pending.push_back(&it.value());
