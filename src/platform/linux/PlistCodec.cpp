@@ -74,6 +74,50 @@ bool nestsDeeperThan(plist_t root, int limit)
     return tooDeep;
 }
 
+bool hasChildren(plist_t node)
+{
+    const plist_type type = plist_get_node_type(node);
+    return (type == PLIST_ARRAY && plist_array_get_size(node) > 0) ||
+           (type == PLIST_DICT && plist_dict_get_size(node) > 0);
+}
+
+// libplist frees a tree recursively, which a tree nested too deeply would overflow the stack
+// with. Here children are taken off from the bottom up, each when it holds nothing more, so
+// that every call of libplist's frees a single node.
+void freeWithoutRecursion(plist_t root)
+{
+    std::vector<plist_t> stack{root};
+    while (!stack.empty()) {
+        plist_t node = stack.back();
+        if (!hasChildren(node)) {
+            stack.pop_back();
+            continue;
+        }
+        if (plist_get_node_type(node) == PLIST_ARRAY) {
+            plist_t child = plist_array_get_item(node, 0);
+            if (hasChildren(child))
+                stack.push_back(child);
+            else
+                plist_array_remove_item(node, 0);
+            continue;
+        }
+        plist_dict_iter iter = nullptr;
+        plist_dict_new_iter(node, &iter);
+        char* rawKey = nullptr;
+        plist_t child = nullptr;
+        plist_dict_next_item(node, iter, &rawKey, &child);
+        std::free(iter);
+        CString key(rawKey);
+        if (!key || !child)
+            break; // cannot happen for a dictionary with items; never loop on it
+        if (hasChildren(child))
+            stack.push_back(child);
+        else
+            plist_dict_remove_item(node, key.get());
+    }
+    plist_free(root);
+}
+
 // libplist keeps whether an integer was written unsigned (above the signed range) or negative
 // but offers no getter for it; its XML writer shows it, with or without a minus sign. Only
 // integers whose bits read as negative need asking.
@@ -337,7 +381,7 @@ std::optional<PlistValue> parse(const QByteArray& bytes, QString* error, QString
     if (!root)
         return refuse(QStringLiteral("not a property list"));
     if (nestsDeeperThan(root, maxNesting)) {
-        // Freeing this tree would overflow the stack: it is left to the end of the process.
+        freeWithoutRecursion(root);
         return refuse(nestingError());
     }
     PlistPtr owner(root);
