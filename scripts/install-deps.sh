@@ -10,7 +10,7 @@ packages=(
   libplist-dev libgtest-dev libgmock-dev libbenchmark-dev
   fonts-material-design-icons-iconfont fonts-noto-core fonts-noto-cjk
   xvfb xauth
-  openssl ruby
+  openssl ruby python3
 )
 if [[ "${RAVLIN_WITH_CLANG:-0}" == 1 ]]; then
   packages+=(clang libclang-rt-14-dev)

@@ -119,6 +119,8 @@ std::optional<QString> DefaultsStore::stringForKey(const QString& key) const
         return s;
     if (value.isInteger())
         return QString::number(*value.asInteger());
+    if (value.isUnsigned())
+        return QString::number(*value.asUnsigned());
     if (value.isReal())
         return QString::number(*value.asDouble(), 'g', 17);
     if (value.isBool())

@@ -26,6 +26,8 @@ public:
     // Called after a change the user made, as opposed to the program's own bookkeeping at start
     // (seeded positions, caches). A store holding back its writes may save at this moment.
     virtual void noteUserChange() {}
+    // The file the values live in, where there is one: nothing else may be written over it.
+    virtual QString storagePath() const { return QString(); }
 
     // Reads: booleans and integers also from numbers and from text ("YES", "true", "15").
     bool boolForKey(const QString& key) const;

@@ -85,6 +85,11 @@ private:
             QChar c = m_text[m_pos++];
             if (c == u'"')
                 return out;
+            if (c.unicode() < 0x20) {
+                --m_pos;
+                fail(QStringLiteral("a control character inside a string"));
+                return std::nullopt;
+            }
             if (c != u'\\') {
                 out += c;
                 continue;
@@ -269,6 +274,11 @@ QJsonValue toJson(const PlistValue& value)
         return value.asDate()->toUTC().toString(Qt::ISODate);
     case PlistValue::Type::Data:
         return QString::fromLatin1(value.asData()->toBase64());
+    case PlistValue::Type::Unsigned:
+        // JSON numbers are doubles: the exact value goes as text.
+        return QString::number(*value.asUnsigned());
+    case PlistValue::Type::Uid:
+        return QJsonObject{{QStringLiteral("CF$UID"), qint64(value.asUid()->value)}};
     case PlistValue::Type::Array: {
         QJsonArray array;
         for (const PlistValue& element : *value.asArray())

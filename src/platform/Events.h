@@ -64,6 +64,13 @@ public:
     // False when the platform could not create it.
     virtual bool post(const EventSource& source, const MouseEvent& event, EventTap tap) = 0;
     virtual void warpCursor(WindowServerPoint point) = 0;
+
+    // The person's hands as the hardware reports them (synthesised events do not count):
+    // seconds since the last key press, pointer movement, click or scroll; whether a mouse
+    // button is down; the modifier keys held, as EventFlag bits.
+    virtual double secondsSinceUserInput() = 0;
+    virtual bool mouseButtonDown() = 0;
+    virtual std::uint64_t modifierFlagsHeld() = 0;
 };
 
 } // namespace ravlin

@@ -5,6 +5,7 @@
 #include "core/sysinfo/SystemStats.h"
 #include "core/sysinfo/WeatherService.h"
 #include "core/tiles/PanelPlacement.h"
+#include "core/tiles/SearchText.h"
 #include "core/tiles/TileModel.h"
 
 #include <QAccessible>
@@ -78,8 +79,9 @@ QString RavlinBarView::emptyText() const
     return m_request.query.isEmpty() ? m_emptyText : m_noMatchText;
 }
 
-void RavlinBarView::setQuery(const QString& query)
+void RavlinBarView::setQuery(const QString& typed)
 {
+    const QString query = SearchText::capped(typed);
     if (query == m_request.query)
         return;
     const double before = m_layout.height;

@@ -183,6 +183,7 @@ void registerAll(ScriptRunner& runner)
     registerCellCommands(runner);
     registerUpdateCommands(runner);
     registerWelcomeCommands(runner);
+    registerUserCommands(runner);
     registerPendingCommands(runner);
 }
 

@@ -56,8 +56,9 @@ void layoutCommand(CommandContext& c)
     const QString what = c.need(1, QStringLiteral("save, switch, delete, export, import or when"));
     QString error;
     if (what == u"save") {
-        if (!bar.saveLayout(rest(c, 2, QStringLiteral("the layout's name"))))
-            c.fail(QStringLiteral("a layout needs a name"));
+        // A refused name is the user's mistake, not the script's: it is logged, as in the
+        // application, and the script goes on.
+        bar.saveLayout(rest(c, 2, QStringLiteral("the layout's name")), &error);
     } else if (what == u"switch") {
         const QString name = rest(c, 2, QStringLiteral("the layout's name"));
         if (!bar.switchLayout(name, QStringLiteral("the user's choice")))

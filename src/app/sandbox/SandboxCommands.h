@@ -35,6 +35,9 @@ void registerCellCommands(ScriptRunner& runner);
 void registerUpdateCommands(ScriptRunner& runner);
 // welcome; the section welcome.
 void registerWelcomeCommands(ScriptRunner& runner);
+// user (the person's hands: typing, moving the pointer, holding a button or modifiers); the
+// section user.
+void registerUserCommands(ScriptRunner& runner);
 // Every command of the script language that a later part of the sandbox brings.
 void registerPendingCommands(ScriptRunner& runner);
 

@@ -60,13 +60,17 @@ BarArrangement BarArrangement::fromSequence(const QStringList& tokens)
     BarArrangement a;
     const bool hasAlways = tokens.contains(alwaysMarker);
     Section section = hasAlways ? Section::AlwaysHidden : Section::Hidden;
+    QSet<QString> seen;
+    seen.reserve(tokens.size());
     for (const QString& token : tokens) {
         if (token == alwaysMarker)
             section = Section::Hidden;
         else if (token == hiddenMarker)
             section = Section::Visible;
-        else if (!a.contains(token))
+        else if (!seen.contains(token)) {
+            seen.insert(token);
             a.keys(section).append(token);
+        }
     }
     return a;
 }
@@ -87,14 +91,19 @@ BarArrangement BarArrangement::restrictedTo(const QStringList& wanted) const
 BarArrangement BarArrangement::merged(const BarArrangement& recorded, const BarArrangement& seen)
 {
     BarArrangement result = seen;
+    // Items in the bar always have a place; of those that left it, as many as the record
+    // holds, so that it never grows past what is read back.
+    qsizetype room = maxItems - seen.allKeys().size();
     for (Section s : {Section::AlwaysHidden, Section::Hidden, Section::Visible}) {
         QStringList& keys = result.keys(s);
         qsizetype at = 0;
         for (const QString& key : recorded.keys(s)) {
-            if (seen.sectionOf(key) == s)
+            if (seen.sectionOf(key) == s) {
                 at = keys.indexOf(key) + 1;
-            else if (!seen.contains(key))
+            } else if (!seen.contains(key) && room > 0) {
                 keys.insert(at++, key);
+                --room;
+            }
         }
     }
     return result;
@@ -123,11 +132,15 @@ PlistValue BarArrangement::toPlist() const
                      {visibleKey, PlistValue::fromStringList(visible)}};
 }
 
-std::optional<BarArrangement> BarArrangement::fromPlist(const PlistValue& value)
+// One pass over the keys, each looked up in a set: a record is read in linear time.
+std::optional<BarArrangement> BarArrangement::fromPlist(const PlistValue& value, bool* cut)
 {
+    if (cut)
+        *cut = false;
     if (!value.isDict())
         return std::nullopt;
     BarArrangement a;
+    QSet<QString> seen;
     const std::pair<const QString*, Section> parts[] = {{&alwaysKey, Section::AlwaysHidden},
                                                         {&hiddenKey, Section::Hidden},
                                                         {&visibleKey, Section::Visible}};
@@ -141,8 +154,15 @@ std::optional<BarArrangement> BarArrangement::fromPlist(const PlistValue& value)
             const std::optional<QString> text = key.asString();
             if (!text || text->isEmpty() || isMarker(*text))
                 return std::nullopt;
-            if (!a.contains(*text))
+            if (seen.size() == maxItems) {
+                if (cut)
+                    *cut = true;
+                break;
+            }
+            if (!seen.contains(*text)) {
+                seen.insert(*text);
                 a.keys(section).append(*text);
+            }
         }
     }
     return a;

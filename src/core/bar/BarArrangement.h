@@ -17,6 +17,9 @@ struct BarArrangement {
     // The separators as they stand in a sequence of tokens.
     static inline const QString alwaysMarker = QStringLiteral("|always");
     static inline const QString hiddenMarker = QStringLiteral("|hidden");
+    // A bar holds a few dozen items and the record keeps those that left it too; a record far
+    // longer was made by hand or by someone hostile, and only this many of its keys are read.
+    static constexpr int maxItems = 1000;
 
     QStringList alwaysHidden; // left of the always-hidden separator
     QStringList hidden;       // between the separators
@@ -36,15 +39,17 @@ struct BarArrangement {
     // Only these keys, in this arrangement's order.
     BarArrangement restrictedTo(const QStringList& keys) const;
     // The order seen now for the items seen now; every key recorded but not seen stays in
-    // its recorded section, right of the nearest recorded key before it still seen there.
+    // its recorded section, right of the nearest recorded key before it still seen there,
+    // as far as maxItems keys in all.
     static BarArrangement merged(const BarArrangement& recorded, const BarArrangement& seen);
     // The order the record wants for the items seen now: recorded items as recorded,
     // items without a record where they are seen, right of the token they follow there.
     static BarArrangement restored(const BarArrangement& recorded, const BarArrangement& seen);
 
     PlistValue toPlist() const;
-    // Absent when the value is not such a dictionary of lists of texts.
-    static std::optional<BarArrangement> fromPlist(const PlistValue& value);
+    // Absent when the value is not such a dictionary of lists of texts. Keys past maxItems are
+    // left out, and `cut` says so.
+    static std::optional<BarArrangement> fromPlist(const PlistValue& value, bool* cut = nullptr);
 
     bool operator==(const BarArrangement&) const = default;
 };

@@ -1,5 +1,7 @@
 #include "LayoutLibrary.h"
 
+#include "LayoutName.h"
+
 #include "foundation/DefaultsStore.h"
 #include "foundation/Logging.h"
 
@@ -13,9 +15,15 @@ QStringList LayoutLibrary::names() const
     const std::optional<PlistDict> stored = m_defaults.dictionaryForKey(layoutsKey);
     if (!stored)
         return names;
-    for (auto it = stored->begin(); it != stored->end(); ++it)
+    for (auto it = stored->begin(); it != stored->end(); ++it) {
+        if (names.size() == maxLayouts) {
+            qCWarning(lcBar).noquote() << "the settings hold" << stored->size()
+                                       << "layouts; only the first" << maxLayouts << "are offered";
+            break;
+        }
         if (SavedLayout::fromPlist(it.value()))
             names.append(it.key());
+    }
     std::sort(names.begin(), names.end(), [](const QString& a, const QString& b) {
         return a.compare(b, Qt::CaseInsensitive) < 0;
     });
@@ -37,11 +45,32 @@ std::optional<SavedLayout> LayoutLibrary::layout(const QString& name) const
     return layout;
 }
 
-void LayoutLibrary::save(const SavedLayout& layout)
+bool LayoutLibrary::save(const SavedLayout& layout)
 {
     PlistDict stored = m_defaults.dictionaryForKey(layoutsKey).value_or(PlistDict{});
+    if (!stored.contains(layout.name) && stored.size() >= maxLayouts) {
+        qCWarning(lcBar).noquote() << "the layout" << LayoutName::quoted(layout.name)
+                                   << "is not saved: the library holds" << maxLayouts
+                                   << "layouts already";
+        return false;
+    }
     stored.insert(layout.name, layout.toPlist());
     m_defaults.set(layoutsKey, stored);
+    return true;
+}
+
+std::optional<QString> LayoutLibrary::addImported(SavedLayout layout)
+{
+    const PlistDict stored = m_defaults.dictionaryForKey(layoutsKey).value_or(PlistDict{});
+    if (stored.contains(layout.name)) {
+        if (this->layout(layout.name) == layout)
+            return layout.name;
+        layout.name = LayoutName::unused(
+            layout.name, [&stored](const QString& name) { return stored.contains(name); });
+    }
+    if (!save(layout))
+        return std::nullopt;
+    return layout.name;
 }
 
 bool LayoutLibrary::remove(const QString& name)

@@ -21,12 +21,21 @@ public:
     // What was in use before an occasion switched, to go back to when it ends.
     static inline const QString beforeKey = QStringLiteral("ravlin.layoutBefore");
 
+    // Far more than anyone keeps; it bounds what a hand-edited or hostile file can make us
+    // read at every look at the library.
+    static constexpr int maxLayouts = 100;
+
     explicit LayoutLibrary(DefaultsStore& defaults) : m_defaults(defaults) {}
 
     // By name, in the order a person reads them (case-insensitive).
     QStringList names() const;
     std::optional<SavedLayout> layout(const QString& name) const;
-    void save(const SavedLayout& layout);
+    // Replaces a layout of the same name; false (with a log line) when the library is full.
+    bool save(const SavedLayout& layout);
+    // An imported layout never replaces a saved one: it takes a free name ("Work 2") unless
+    // the very same layout is saved under its name already. The name it is kept under, or
+    // absent when the library is full.
+    std::optional<QString> addImported(SavedLayout layout);
     bool remove(const QString& name);
 
     QString active() const;

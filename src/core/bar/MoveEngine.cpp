@@ -19,7 +19,7 @@ namespace ravlin {
 MoveEngine::MoveEngine(Events& events, const MenuBarReader& reader, Scheduler& scheduler,
                        const PermissionManager& permissions, const DiagnosticLogs& logs)
     : m_events(events), m_reader(reader), m_scheduler(scheduler), m_permissions(permissions),
-      m_logs(logs)
+      m_logs(logs), m_guard(events, scheduler)
 {}
 
 // The three window fields make the window server deliver the event to the item's
@@ -41,14 +41,23 @@ MouseEvent MoveEngine::routed(MouseEventType type, WindowServerPoint point, std:
     return event;
 }
 
-void MoveEngine::move(std::uint32_t windowID, std::int32_t pid, double toX, double menuBarY)
+bool MoveEngine::move(std::uint32_t windowID, std::int32_t pid, double toX, double menuBarY)
 {
     const EventSource source = m_events.createCombinedSessionSource();
     if (!source) {
         qCWarning(lcBar) << "no event source; window" << windowID << "not moved";
-        return;
+        return false;
+    }
+    if (const std::optional<QString> busy = m_guard.busy()) {
+        qCInfo(lcBar).noquote() << "window" << windowID << "is not moved now:" << *busy;
+        return false;
     }
     const std::optional<WindowServerPoint> cursor = m_events.cursorPosition();
+    if (!cursor) {
+        qCWarning(lcBar) << "where the pointer stands cannot be read, so it could not be put back;"
+                         << "window" << windowID << "not moved";
+        return false;
+    }
     // Press far outside every display: only the routing fields tie it to the item.
     if (!m_events.post(
             source,
@@ -60,8 +69,8 @@ void MoveEngine::move(std::uint32_t windowID, std::int32_t pid, double toX, doub
                        routed(MouseEventType::LeftMouseUp, {toX, menuBarY}, 0, windowID, pid),
                        EventTap::Session))
         qCWarning(lcBar) << "the mouse-up for window" << windowID << "could not be made";
-    if (cursor)
-        m_events.warpCursor(*cursor);
+    m_events.warpCursor(*cursor);
+    return true;
 }
 
 std::vector<MoveEngine::Probe> MoveEngine::statusItems() const

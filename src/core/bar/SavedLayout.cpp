@@ -1,5 +1,7 @@
 #include "SavedLayout.h"
 
+#include "LayoutName.h"
+#include "foundation/Logging.h"
 #include "foundation/PlistJson.h"
 
 #include <QJsonDocument>
@@ -43,16 +45,20 @@ std::optional<SavedLayout> SavedLayout::fromPlist(const PlistValue& value, QStri
     if (format && *format != formatName)
         return fail(error, QStringLiteral("a file of another kind (%1)").arg(*format));
     SavedLayout layout;
-    layout.name = value[nameKey].asString().value_or(QString()).trimmed().left(60);
+    layout.name = value[nameKey].asString().value_or(QString()).trimmed();
     if (layout.name.isEmpty())
         return fail(error, QStringLiteral("a layout without a name"));
+    bool cut = false;
     const std::optional<BarArrangement> arrangement =
-        BarArrangement::fromPlist(value[arrangementKey]);
+        BarArrangement::fromPlist(value[arrangementKey], &cut);
     if (!arrangement)
         return fail(error, QStringLiteral("its arrangement is not a list of items per section"));
     layout.arrangement = *arrangement;
     if (const PlistDict* placed = value[placementsKey].asDict()) {
+        cut = cut || placed->size() > BarArrangement::maxItems;
         for (auto it = placed->begin(); it != placed->end(); ++it) {
+            if (layout.placements.size() == BarArrangement::maxItems)
+                break;
             const std::optional<ItemPlacement> placement =
                 itemPlacementFromName(it.value().asString().value_or(QString()));
             if (placement && *placement != ItemPlacement::Panel && !it.key().isEmpty())
@@ -61,6 +67,10 @@ std::optional<SavedLayout> SavedLayout::fromPlist(const PlistValue& value, QStri
     } else if (!value[placementsKey].isNull()) {
         return fail(error, QStringLiteral("its placements are not a dictionary"));
     }
+    if (cut)
+        qCWarning(lcBar).noquote() << "the layout" << LayoutName::quoted(layout.name)
+                                   << "names more than" << BarArrangement::maxItems
+                                   << "items; only the first are kept";
     return layout;
 }
 
@@ -76,7 +86,15 @@ std::optional<SavedLayout> SavedLayout::fromJson(const QByteArray& json, QString
         PlistJson::parse(QString::fromUtf8(json), &parseError);
     if (!value)
         return fail(error, QStringLiteral("not JSON: %1").arg(parseError));
-    return fromPlist(*value, error);
+    std::optional<SavedLayout> layout = fromPlist(*value, error);
+    if (!layout)
+        return std::nullopt;
+    // A name from a file enters the program here, as a typed one does in the settings.
+    const std::optional<QString> name = LayoutName::validated(layout->name, error);
+    if (!name)
+        return std::nullopt;
+    layout->name = *name;
+    return layout;
 }
 
 } // namespace ravlin

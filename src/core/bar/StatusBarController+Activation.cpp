@@ -20,6 +20,9 @@
 namespace ravlin {
 namespace {
 
+// How long an activation waits for the user's hands to rest before it drags an item out.
+constexpr double activationPatience = 3.0;
+
 std::optional<MenuBarItemInfo> findInGroups(const std::vector<BarGroup>& groups,
                                             const BarItem& wanted)
 {
@@ -213,8 +216,15 @@ std::optional<std::uint32_t> StatusBarController::clickHiddenItem(const BarItem&
     if (!raw)
         return std::nullopt; // gone from the bar: nothing is clicked, the reveal ends by itself
     const MenuBarItemInfo info = raw->info();
+    // The user just clicked the tile: the drag waits until their hands rest.
+    if (!m_s.moveEngine.guard().waitUntilFree(activationPatience)) {
+        qCInfo(lcBar).noquote() << "the item" << item.key
+                                << "is not brought out: the user kept using the pointer";
+        return std::nullopt;
+    }
     // Dropped just left of the main item, it lands in view beside the separators.
-    m_s.moveEngine.move(raw->id, raw->pid, threshold - 2.0, info.centerY());
+    if (!m_s.moveEngine.move(raw->id, raw->pid, threshold - 2.0, info.centerY()))
+        return std::nullopt;
     m_s.scheduler.sleepBlocking(0.34);
     if (const std::optional<CaptureEngine::Raw> moved = findRaw(m_s.capture.scanAll(), item)) {
         const MenuBarItemInfo now = moved->info();

@@ -16,6 +16,9 @@
 namespace ravlin {
 namespace {
 
+// How long an automatic restore waits for the user's hands to rest.
+constexpr double restorePatience = 20.0;
+
 bool isFixed(const CaptureEngine::Raw& raw)
 {
     return raw.name == ItemTitles::clock || raw.name == ItemTitles::controlCentre;
@@ -138,6 +141,10 @@ void StatusBarController::noticeArrangement()
 {
     if (!keepsArrangement() || revealUnderWay() || m_revealHidden || m_restoring)
         return;
+    // While a restore waits for the user's hands, or the panel offers it, the order seen is
+    // the system's, not the user's.
+    if (restoreWaiting() || (!m_movedBySystem.isEmpty() && m_s.system.techniques().canMoveItems()))
+        return;
     const std::optional<BarArrangement> recorded = m_arrangements.recorded();
     const BarArrangement seen = seenArrangement();
     if (!recorded) {
@@ -204,6 +211,11 @@ void StatusBarController::restoreArrangement(const QString& occasion)
                                    << "- items cannot be moved here; the panel says so";
         return;
     }
+    if (const std::optional<QString> busy = m_s.moveEngine.guard().busy()) {
+        waitToRestore(occasion, moves, *busy);
+        return;
+    }
+    m_quietWait.reset();
     qCInfo(lcBar).noquote() << "after" << occasion << "the system moved" << moves.size()
                             << "items; putting them back";
     m_restoring = true;
@@ -220,6 +232,30 @@ void StatusBarController::restoreArrangement(const QString& occasion)
             m_movedBySystem.append(move.key);
         qCWarning(lcBar).noquote() << "could not put back" << m_movedBySystem.join(u", ");
     }
+}
+
+// The drags would take the pointer from the user's hand: they wait for a quiet moment. If
+// none comes in time, nothing moves and the panel offers to put the items back in one click.
+void StatusBarController::waitToRestore(const QString& occasion,
+                                        const std::vector<ArrangementMove>& moves,
+                                        const QString& why)
+{
+    if (restoreWaiting())
+        return;
+    qCInfo(lcBar).noquote() << "after" << occasion << "the system moved" << moves.size()
+                            << "items; they go back once the user's hands rest -" << why;
+    QStringList keys;
+    for (const ArrangementMove& move : moves)
+        keys.append(move.key);
+    m_quietWait = std::make_unique<QuietMoment>(
+        m_s.moveEngine.guard(), m_s.scheduler, restorePatience,
+        weakly([this, occasion] { restoreArrangement(occasion); }),
+        weakly([this, keys] {
+            m_movedBySystem = keys;
+            qCWarning(lcBar).noquote()
+                << "the user kept working for" << restorePatience
+                << "s; nothing was moved and the panel offers to put back" << keys.join(u", ");
+        }));
 }
 
 // Without an always-hidden separator its marker stands for nothing in the bar: an item

@@ -3,20 +3,24 @@
 #include "StatusBarController.h"
 
 #include "ArrangementPlanner.h"
+#include "LayoutName.h"
 #include "core/app/SettingsPresenter.h"
 #include "core/discovery/MenuBarSystem.h"
 #include "core/settings/LanguageManager.h"
 #include "core/settings/Preferences.h"
+#include "foundation/BoundedFileReader.h"
+#include "foundation/DefaultsStore.h"
 #include "foundation/Logging.h"
+#include "foundation/SafeFileWriter.h"
 #include "platform/StatusBar.h"
 
-#include <QFile>
-#include <QSaveFile>
 
 namespace ravlin {
 namespace {
 
 constexpr double powerCheckInterval = 60.0;
+// A layout file of a real bar is a few kilobytes.
+constexpr qint64 maxLayoutFileBytes = 4 * 1024 * 1024;
 
 } // namespace
 
@@ -33,16 +37,21 @@ SavedLayout StatusBarController::currentLayout(const QString& name)
     return layout;
 }
 
-bool StatusBarController::saveLayout(const QString& name)
+bool StatusBarController::saveLayout(const QString& name, QString* error)
 {
-    const QString trimmed = name.trimmed();
-    if (trimmed.isEmpty()) {
-        qCWarning(lcBar) << "a layout needs a name; nothing saved";
+    QString why;
+    const std::optional<QString> valid = LayoutName::validated(name, &why);
+    if (!valid) {
+        qCWarning(lcBar).noquote() << "the layout" << LayoutName::quoted(name)
+                                   << "is not saved:" << why;
+        if (error)
+            *error = why;
         return false;
     }
-    m_layouts.save(currentLayout(trimmed));
-    m_layouts.setActive(trimmed);
-    qCInfo(lcBar).noquote() << "saved the bar as the layout" << trimmed;
+    if (!m_layouts.save(currentLayout(*valid)))
+        return false;
+    m_layouts.setActive(*valid);
+    qCInfo(lcBar).noquote() << "saved the bar as the layout" << LayoutName::quoted(*valid);
     return true;
 }
 
@@ -50,10 +59,12 @@ bool StatusBarController::switchLayout(const QString& name, const QString& occas
 {
     const std::optional<SavedLayout> layout = m_layouts.layout(name);
     if (!layout) {
-        qCWarning(lcBar).noquote() << "there is no layout" << name << "to switch to";
+        qCWarning(lcBar).noquote() << "there is no layout" << LayoutName::quoted(name)
+                                   << "to switch to";
         return false;
     }
-    qCInfo(lcBar).noquote() << "switching to the layout" << name << "-" << occasion;
+    qCInfo(lcBar).noquote() << "switching to the layout" << LayoutName::quoted(name) << "-"
+                            << occasion;
     // Items the layout does not know keep their placement; the ones it knows take its.
     QHash<QString, ItemPlacement> placements;
     QStringList known = layout->arrangement.allKeys();
@@ -105,7 +116,7 @@ bool StatusBarController::deleteLayout(const QString& name)
 {
     const bool removed = m_layouts.remove(name);
     if (removed)
-        qCInfo(lcBar).noquote() << "deleted the layout" << name;
+        qCInfo(lcBar).noquote() << "deleted the layout" << LayoutName::quoted(name);
     return removed;
 }
 
@@ -115,38 +126,42 @@ bool StatusBarController::exportLayout(const QString& name, const QString& path,
     std::optional<SavedLayout> layout = m_layouts.layout(name);
     if (!layout || name == m_layouts.active())
         layout = currentLayout(name);
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(layout->toJson()) < 0 || !file.commit()) {
+    const SafeFileWriter writer({m_s.preferences.defaults().storagePath()});
+    QString why;
+    if (!writer.write(path, layout->toJson(), &why)) {
         if (error)
-            *error = file.errorString();
-        qCWarning(lcBar).noquote() << "could not export the layout" << name << "to" << path
-                                   << "-" << file.errorString();
+            *error = why;
+        qCWarning(lcBar).noquote() << "could not export the layout" << LayoutName::quoted(name)
+                                   << "to" << path << "-" << why;
         return false;
     }
-    qCInfo(lcBar).noquote() << "exported the layout" << name << "to" << path;
+    qCInfo(lcBar).noquote() << "exported the layout" << LayoutName::quoted(name) << "to" << path;
     return true;
 }
 
 std::optional<QString> StatusBarController::importLayout(const QString& path, QString* error)
 {
-    QFile file(path);
     QString why;
     std::optional<SavedLayout> layout;
-    if (!file.open(QIODevice::ReadOnly))
-        why = file.errorString();
-    else if (file.size() > 4 * 1024 * 1024)
-        why = QStringLiteral("the file is too large to be a layout");
-    else
-        layout = SavedLayout::fromJson(file.readAll(), &why);
-    if (!layout) {
+    if (const std::optional<QByteArray> bytes = BoundedFileReader(maxLayoutFileBytes).read(path, &why))
+        layout = SavedLayout::fromJson(*bytes, &why);
+    const std::optional<QString> kept = layout ? m_layouts.addImported(*layout) : std::nullopt;
+    if (!kept) {
+        if (layout)
+            why = QStringLiteral("the library holds %1 layouts already").arg(LayoutLibrary::maxLayouts);
         qCWarning(lcBar).noquote() << "could not import a layout from" << path << "-" << why;
         if (error)
             *error = why;
         return std::nullopt;
     }
-    m_layouts.save(*layout);
-    qCInfo(lcBar).noquote() << "imported the layout" << layout->name << "from" << path;
-    return layout->name;
+    if (*kept != layout->name)
+        qCInfo(lcBar).noquote() << "imported the layout" << LayoutName::quoted(layout->name)
+                                << "from" << path << "as" << LayoutName::quoted(*kept)
+                                << "- a layout of that name is saved already";
+    else
+        qCInfo(lcBar).noquote() << "imported the layout" << LayoutName::quoted(*kept) << "from"
+                                << path;
+    return kept;
 }
 
 // --- occasions that switch by themselves -----------------------------------------------

@@ -5,6 +5,7 @@
 #include "BarWishes.h"
 #include "HidingTechnique.h"
 #include "LayoutLibrary.h"
+#include "QuietMoment.h"
 #include "NewItemTracker.h"
 #include "core/discovery/CaptureEngine.h"
 #include "core/discovery/MenuBarItemInfo.h"
@@ -169,6 +170,8 @@ public:
     BarArrangement seenByUser(const BarArrangement& seen) const;
     void noticeArrangement();
     void restoreArrangement(const QString& occasion);
+    // A restore waits for the user's hands to rest before it takes the pointer.
+    bool restoreWaiting() const { return m_quietWait && m_quietWait->isWaiting(); }
     // The items the system moved that could not be put back (keys).
     const QStringList& movedBySystem() const { return m_movedBySystem; }
     const ArrangementStore& arrangements() const { return m_arrangements; }
@@ -183,7 +186,7 @@ public:
 
     // Named layouts.
     SavedLayout currentLayout(const QString& name);
-    bool saveLayout(const QString& name);
+    bool saveLayout(const QString& name, QString* error = nullptr);
     bool switchLayout(const QString& name, const QString& occasion);
     bool deleteLayout(const QString& name);
     bool exportLayout(const QString& name, const QString& path, QString* error = nullptr);
@@ -287,6 +290,8 @@ private:
     bool keepsArrangement() const;
     QHash<std::int64_t, QString> keysOf(const std::vector<CaptureEngine::Raw>& raws) const;
     void performMove(const ArrangementMove& move);
+    void waitToRestore(const QString& occasion, const std::vector<ArrangementMove>& moves,
+                       const QString& why);
     std::vector<ArrangementMove> movesBetween(const BarArrangement& seen,
                                               const BarArrangement& wanted) const;
     void seedDefaultPositionsIfNeeded();
@@ -357,6 +362,7 @@ private:
     QStringList m_movedBySystem;
     QSet<QString> m_notWhereWanted; // placed where Ravlin could not bring them
     bool m_restoring = false;
+    std::unique_ptr<QuietMoment> m_quietWait;
     Screens::ObserverToken m_screensToken;
     bool m_expanded = true;
     bool m_revealingAlways = false;

@@ -97,11 +97,14 @@ std::vector<BarItem> CaptureEngine::captureAll(double stageX, double menuBarY, d
 std::optional<BarItem> CaptureEngine::captureOffScreen(const Raw& raw, double stageX,
                                                        double menuBarY)
 {
-    m_mover.move(raw.id, raw.pid, stageX, menuBarY);
+    if (!m_mover.move(raw.id, raw.pid, stageX, menuBarY))
+        return std::nullopt; // the user is at work with the pointer: not captured this time
     m_scheduler.sleepBlocking(settleOnScreenSeconds);
     std::optional<BarItem> item;
     if (const std::optional<Raw> fresh = current(raw.id))
         item = m_factory.makeItem(fresh->info());
+    // Left on the stage it would stand in view: it goes back as soon as the hands rest.
+    m_mover.guard().waitUntilFree(putBackPatience);
     m_mover.move(raw.id, raw.pid, raw.x, menuBarY);
     m_scheduler.sleepBlocking(settleBackSeconds);
     return item;

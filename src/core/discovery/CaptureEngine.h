@@ -47,6 +47,8 @@ public:
     // The waits that let the window server settle a moved item.
     static constexpr double settleOnScreenSeconds = 0.30;
     static constexpr double settleBackSeconds = 0.24;
+    // How long an item brought onto the stage waits for the user's hands to rest to go back.
+    static constexpr double putBackPatience = 10.0;
 
     CaptureEngine(const MenuBarReader& reader, const ItemCapture& capture, MoveEngine& mover,
                   BarItemFactory& factory, Scheduler& scheduler, const DiagnosticLogs& logs);

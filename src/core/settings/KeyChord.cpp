@@ -1,5 +1,7 @@
 #include "KeyChord.h"
 
+#include "foundation/Logging.h"
+
 #include <QHash>
 #include <QStringList>
 
@@ -150,6 +152,11 @@ QStringList wordsOf(const QString& text)
 
 std::optional<KeyChord> KeyChord::parse(const QString& text)
 {
+    if (text.size() > maxTextLength) {
+        qCWarning(lcApp).noquote() << "a shortcut text of" << text.size()
+                                   << "characters names no chord; it is not read";
+        return std::nullopt;
+    }
     const QStringList words = wordsOf(text.trimmed());
     if (words.isEmpty() || words.last().trimmed().isEmpty())
         return std::nullopt;

@@ -18,8 +18,12 @@ struct KeyChord {
     QString key;
     unsigned modifiers = 0;
 
+    // Twice the longest chord ("control+option+command+shift+ForwardDelete", with blanks).
+    static constexpr int maxTextLength = 100;
+
     // "control+option+command+M"; also "ctrl+alt+cmd+m" and "⌃⌥⌘M". Nothing for text
-    // that names no known key, or more than one.
+    // that names no known key, or more than one, and (with a log line) for text longer than
+    // maxTextLength, which a settings file edited by hand may hold.
     static std::optional<KeyChord> parse(const QString& text);
     // The form the settings file keeps.
     QString storedText() const;

@@ -7,6 +7,7 @@
 #include "foundation/NotificationCenter.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace ravlin {
 namespace {
@@ -98,12 +99,17 @@ int Preferences::rehideInterval() const
 {
     const std::int64_t stored = m_defaults.integerForKey(PrefKey::rehideInterval);
     const int interval = int(std::clamp<std::int64_t>(stored, 1, longestRehideInterval));
-    if (interval != stored && m_reportedInterval != stored) {
-        m_reportedInterval = stored;
+    // A real that is not a number, or infinite, reads as 0 but is logged as what it is.
+    const PlistValue raw = m_defaults.object(PrefKey::rehideInterval);
+    const std::optional<double> real = raw.isReal() ? raw.asDouble() : std::nullopt;
+    const bool odd = real && !std::isfinite(*real);
+    const QString shown = odd ? QString::number(*real) : QString::number(stored);
+    if ((interval != stored || odd) && m_reportedInterval != shown) {
+        m_reportedInterval = shown;
         qCWarning(lcDefaults).noquote()
             << QStringLiteral("the setting rehideInterval holds %1 seconds, outside 1 to %2; "
                               "Ravlin uses %3")
-                   .arg(stored)
+                   .arg(shown)
                    .arg(longestRehideInterval)
                    .arg(interval);
     }
@@ -267,8 +273,18 @@ std::optional<KeyChord> Preferences::shortcut(Shortcut which) const
 {
     std::optional<KeyChord> chord = storedShortcut(which);
     // Both the same, by a hand-edited file: the panel keeps it.
-    if (which == Shortcut::HiddenSection && chord && chord == storedShortcut(Shortcut::Panel))
+    if (which == Shortcut::HiddenSection && chord && chord == storedShortcut(Shortcut::Panel)) {
+        const QString key = PrefKey::hiddenSectionShortcut;
+        const QString seen = QStringLiteral("the panel's chord ") + chord->storedText();
+        if (m_reportedShortcuts.value(key) != seen) {
+            m_reportedShortcuts.insert(key, seen);
+            qCWarning(lcDefaults).noquote()
+                << QStringLiteral("the setting %1 holds %2, which is not allowed (%3); "
+                                  "Ravlin uses none")
+                       .arg(key, chord->storedText(), ShortcutRules::sameAsOtherKey);
+        }
         return std::nullopt;
+    }
     return chord;
 }
 

@@ -111,7 +111,7 @@ private:
     std::optional<KeyChord> storedShortcut(Shortcut which) const;
     std::optional<KeyChord> defaultShortcut(Shortcut which) const;
 
-    mutable std::optional<std::int64_t> m_reportedInterval; // the stored value last logged
+    mutable std::optional<QString> m_reportedInterval;   // the stored value last logged
     mutable QHash<QString, QString> m_reportedShortcuts;     // stored texts already logged
 };
 

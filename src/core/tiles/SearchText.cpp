@@ -40,8 +40,18 @@ QString SearchText::fold(const QString& text)
     return kept.toCaseFolded().replace(QChar(u'ß'), QStringLiteral("ss")).simplified();
 }
 
+QString SearchText::capped(const QString& query)
+{
+    if (query.size() <= maxLength)
+        return query;
+    qsizetype end = maxLength;
+    if (query[end - 1].isHighSurrogate())
+        --end;
+    return query.left(end);
+}
+
 SearchText::SearchText(const QString& query)
-    : m_words(fold(query).split(u' ', Qt::SkipEmptyParts))
+    : m_words(fold(capped(query)).split(u' ', Qt::SkipEmptyParts))
 {}
 
 bool SearchText::matches(const QStringList& texts) const

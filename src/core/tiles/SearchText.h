@@ -11,6 +11,11 @@ namespace ravlin {
 // German ß as "ss". Every word typed must appear in one of the texts.
 class SearchText {
 public:
+    // Longer than any name a tile has: typing past it cannot find more, only cost more.
+    static constexpr int maxLength = 100;
+    // The text cut to maxLength, never inside a character.
+    static QString capped(const QString& query);
+
     // The folded form both sides are compared in.
     static QString fold(const QString& text);
 

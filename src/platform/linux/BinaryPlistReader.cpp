@@ -298,8 +298,7 @@ PlistValue BinaryPlistReader::build(std::uint64_t index, const QString& path)
         const std::uint64_t bits = bigEndian(object.payload, 8);
         double seconds = 0;
         std::memcpy(&seconds, &bits, sizeof seconds);
-        const double bounded = std::isfinite(seconds) ? std::clamp(seconds, -1e11, 1e11) : 0.0;
-        return PlistCodec::referenceDate().addMSecs(qint64(std::llround(bounded * 1000.0)));
+        return PlistDate{seconds};
     }
     case Data:
         return QByteArray(at(object.payload), qsizetype(object.count));
@@ -307,7 +306,7 @@ PlistValue BinaryPlistReader::build(std::uint64_t index, const QString& path)
     case Utf16String:
         return text(object);
     case Uid:
-        return std::int64_t(bigEndian(object.payload, object.info + 1));
+        return PlistUid{bigEndian(object.payload, object.info + 1)};
     case Array:
     case Set: {
         PlistArray array;
@@ -335,7 +334,8 @@ PlistValue BinaryPlistReader::build(std::uint64_t index, const QString& path)
 }
 
 // Widths of one, two and four bytes are unsigned, eight bytes signed, and sixteen bytes a signed
-// 128-bit value (the system writes unsigned 64-bit values above the signed range so).
+// 128-bit value (the system writes unsigned 64-bit values above the signed range so, and they
+// read as the unsigned values they are).
 PlistValue BinaryPlistReader::integer(const Object& object, const QString& path)
 {
     const int width = 1 << object.info;
@@ -344,7 +344,9 @@ PlistValue BinaryPlistReader::integer(const Object& object, const QString& path)
     const std::uint64_t high = bigEndian(object.payload, 8);
     const std::uint64_t low = bigEndian(object.payload + 8, 8);
     constexpr std::uint64_t signBit = std::uint64_t(1) << 63;
-    if ((high == 0 && low < signBit) || (high == ~std::uint64_t(0) && low >= signBit))
+    if (high == 0)
+        return PlistValue::fromUnsigned(low);
+    if (high == ~std::uint64_t(0) && low >= signBit)
         return std::int64_t(low);
     const std::int64_t clamped = (high & signBit) ? std::numeric_limits<std::int64_t>::min()
                                                   : std::numeric_limits<std::int64_t>::max();

@@ -20,6 +20,12 @@ std::optional<PlistValue> parse(const QByteArray& bytes, QString* error = nullpt
                                 QStringList* warnings = nullptr);
 // Writes an XML property list, the format `defaults export` writes.
 QByteArray toXml(const PlistValue& value);
+// Whether XML carries every value exactly (see encode).
+bool xmlHoldsAll(const PlistValue& value);
+// XML when it carries every value exactly, else the binary form, so that whatever was read is
+// written back as it was: dates with fractions of a second, UIDs, text with characters XML has
+// no place for, reals that are not finite.
+QByteArray encode(const PlistValue& value);
 
 // Property-list dates count seconds from this moment.
 QDateTime referenceDate();

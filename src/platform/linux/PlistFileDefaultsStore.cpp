@@ -207,7 +207,7 @@ void PlistFileDefaultsStore::write() const
     QDir().mkpath(QFileInfo(m_path).absolutePath());
     QSaveFile file(m_path);
     if (!file.open(QIODevice::WriteOnly) ||
-        file.write(PlistCodec::toXml(PlistValue(m_values))) < 0 || !file.commit()) {
+        file.write(PlistCodec::encode(PlistValue(m_values))) < 0 || !file.commit()) {
         qCWarning(lcDefaults).noquote()
             << "cannot write the settings file" << m_path << ":" << file.errorString();
         return;

@@ -23,6 +23,7 @@ public:
     static QString defaultPath();
 
     QString path() const { return m_path; }
+    QString storagePath() const override { return m_path; }
     // The file exists and could not be read the last time it was tried.
     bool isHoldingBack() const { return m_unreadable; }
 

@@ -349,20 +349,22 @@ void XmlPlistScan::checkInteger(qsizetype begin, qsizetype end, const QString& p
         else
             magnitude = magnitude * std::uint64_t(base) + std::uint64_t(digit);
     }
-    const std::uint64_t largest =
-        negative ? std::uint64_t(1) << 63 : std::uint64_t(std::numeric_limits<std::int64_t>::max());
+    // Unsigned values up to 2^64 - 1 are valid (the system's tools write them); negative
+    // ones reach down to -2^63.
+    const std::uint64_t largest = negative ? std::uint64_t(1) << 63 : all;
     if (!anyDigit || (!overflow && magnitude <= largest))
         return;
-    const std::int64_t clamped = negative ? std::numeric_limits<std::int64_t>::min()
-                                          : std::numeric_limits<std::int64_t>::max();
+    const QByteArray clamped = negative
+                                   ? QByteArray::number(std::numeric_limits<qint64>::min())
+                                   : QByteArray::number(std::numeric_limits<quint64>::max());
     const QByteArray written = QByteArray(m_data + begin, end - begin).trimmed();
     const QString shown = written.size() > 40 ? QString::fromLatin1(written.left(40)) + u'…'
                                               : QString::fromLatin1(written);
-    m_replacements.push_back({begin, end, QByteArray::number(qint64(clamped))});
+    m_replacements.push_back({begin, end, clamped});
     m_warnings << QStringLiteral(
                       "the integer %1 at %2 lies beyond the 64-bit range and reads as %3")
                       .arg(shown, path.isEmpty() ? QStringLiteral("/") : path,
-                           QString::number(clamped));
+                           QString::fromLatin1(clamped));
 }
 
 } // namespace ravlin

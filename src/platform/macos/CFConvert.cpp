@@ -37,9 +37,8 @@ PlistValue toPlist(CFTypeRef value)
         return QByteArray(reinterpret_cast<const char*>(CFDataGetBytePtr(data)),
                           CFDataGetLength(data));
     }
-    if (type == CFDateGetTypeID())
-        return QDateTime::fromSecsSinceEpoch(
-            qint64(CFDateGetAbsoluteTime(CFDateRef(value)) + kCFAbsoluteTimeIntervalSince1970));
+    if (type == CFDateGetTypeID()) // both count seconds from the start of 2001
+        return PlistDate{CFDateGetAbsoluteTime(CFDateRef(value))};
     if (type == CFArrayGetTypeID()) {
         auto array = CFArrayRef(value);
         PlistArray out;
@@ -81,9 +80,15 @@ CFRef<CFPropertyListRef> fromPlist(const PlistValue& value)
     case PlistValue::Type::String:
         return CFRef<CFPropertyListRef>(value.asString()->toCFString());
     case PlistValue::Type::Date:
-        return CFRef<CFPropertyListRef>(
-            CFDateCreate(nullptr, double(value.asDate()->toSecsSinceEpoch()) -
-                                      kCFAbsoluteTimeIntervalSince1970));
+        return CFRef<CFPropertyListRef>(CFDateCreate(nullptr, value.asPlistDate()->seconds));
+    case PlistValue::Type::Unsigned: {
+        // Only Ravlin's own keys pass through here (the preferences daemon keeps the rest as
+        // they are), and none of them holds an integer this large.
+        double d = double(*value.asUnsigned());
+        return CFRef<CFPropertyListRef>(CFNumberCreate(nullptr, kCFNumberDoubleType, &d));
+    }
+    case PlistValue::Type::Uid:
+        return {};
     case PlistValue::Type::Data: {
         const QByteArray data = *value.asData();
         return CFRef<CFPropertyListRef>(

@@ -2,11 +2,18 @@
 
 #include "CFConvert.h"
 
+#include <QDir>
+
 namespace ravlin {
 
 CFPreferencesDefaultsStore::CFPreferencesDefaultsStore(QString applicationID)
     : m_applicationID(std::move(applicationID))
 {}
+
+QString CFPreferencesDefaultsStore::storagePath() const
+{
+    return QDir::home().filePath(QStringLiteral("Library/Preferences/%1.plist").arg(m_applicationID));
+}
 
 PlistValue CFPreferencesDefaultsStore::persistentValue(const QString& key) const
 {

@@ -13,6 +13,8 @@ public:
     PlistDict persistentDomain() const override;
     void set(const QString& key, const PlistValue& value) override;
     void remove(const QString& key) override;
+    // Where the preferences daemon keeps the domain of a non-sandboxed application.
+    QString storagePath() const override;
 
 private:
     QString m_applicationID;

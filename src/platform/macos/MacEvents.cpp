@@ -4,6 +4,9 @@
 
 #include <ApplicationServices/ApplicationServices.h>
 
+#include <algorithm>
+#include <limits>
+
 namespace ravlin {
 
 EventSource MacEvents::createCombinedSessionSource()
@@ -41,6 +44,36 @@ bool MacEvents::post(const EventSource& source, const MouseEvent& e, EventTap ta
 void MacEvents::warpCursor(WindowServerPoint point)
 {
     CGWarpMouseCursorPosition(CGPointMake(point.x, point.y));
+}
+
+// The HID system state holds the hardware's events only, so Ravlin's own drags do not count.
+double MacEvents::secondsSinceUserInput()
+{
+    const CGEventType kinds[] = {kCGEventKeyDown,          kCGEventFlagsChanged,
+                                 kCGEventMouseMoved,       kCGEventLeftMouseDown,
+                                 kCGEventRightMouseDown,   kCGEventOtherMouseDown,
+                                 kCGEventLeftMouseDragged, kCGEventRightMouseDragged,
+                                 kCGEventScrollWheel};
+    double least = std::numeric_limits<double>::infinity();
+    for (CGEventType kind : kinds)
+        least = std::min(least, CGEventSourceSecondsSinceLastEventType(
+                                    kCGEventSourceStateHIDSystemState, kind));
+    return least;
+}
+
+bool MacEvents::mouseButtonDown()
+{
+    for (CGMouseButton button : {kCGMouseButtonLeft, kCGMouseButtonRight, kCGMouseButtonCenter})
+        if (CGEventSourceButtonState(kCGEventSourceStateHIDSystemState, button))
+            return true;
+    return false;
+}
+
+std::uint64_t MacEvents::modifierFlagsHeld()
+{
+    const CGEventFlags held = CGEventSourceFlagsState(kCGEventSourceStateHIDSystemState);
+    return std::uint64_t(held) & (kCGEventFlagMaskShift | kCGEventFlagMaskControl |
+                                  kCGEventFlagMaskAlternate | kCGEventFlagMaskCommand);
 }
 
 } // namespace ravlin

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "SimTypes.h"
+#include "SimUserHands.h"
 #include "foundation/PlistValue.h"
 
 #include <QSet>
@@ -59,7 +60,11 @@ public:
     // Own items read and write their preferred positions here; hung applications
     // let virtual time pass while a request to them waits.
     void setDefaults(DefaultsStore* defaults) { m_defaults = defaults; }
-    void setScheduler(Scheduler* scheduler) { m_scheduler = scheduler; }
+    void setScheduler(Scheduler* scheduler)
+    {
+        m_scheduler = scheduler;
+        m_hands.setScheduler(scheduler);
+    }
     // Lets a request to a hung application take its time.
     void blockFor(double seconds);
 
@@ -148,6 +153,9 @@ public:
     WindowServerPoint cursor() const { return m_cursor; }
     void setCursor(WindowServerPoint point) { m_cursor = point; }
     bool cursorReadable = true;
+    // What the person's hands do; only sandbox commands and tests change it.
+    SimUserHands& hands() { return m_hands; }
+    const SimUserHands& hands() const { return m_hands; }
     bool eventSourceFails = false;
     void postMouseEvent(const MouseEvent& event, EventTap tap);
     void warpCursor(WindowServerPoint point);
@@ -211,6 +219,7 @@ private:
     std::int64_t m_nextWindow = 1000;
     PlistArray m_rawWindows;
     WindowServerPoint m_cursor{720, 450};
+    SimUserHands m_hands;
     std::optional<std::int64_t> m_dragging; // after a command-mouse-down on an item
     std::vector<LifecycleListener> m_lifecycle;
     OwnItemClickHandler m_ownClick;

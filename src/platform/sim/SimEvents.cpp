@@ -31,4 +31,19 @@ void SimEvents::warpCursor(WindowServerPoint point)
     m_desktop.warpCursor(point);
 }
 
+double SimEvents::secondsSinceUserInput()
+{
+    return m_desktop.hands().secondsSinceInput();
+}
+
+bool SimEvents::mouseButtonDown()
+{
+    return m_desktop.hands().buttonHeld();
+}
+
+std::uint64_t SimEvents::modifierFlagsHeld()
+{
+    return m_desktop.hands().modifiers();
+}
+
 } // namespace ravlin

@@ -14,6 +14,9 @@ public:
     std::optional<WindowServerPoint> cursorPosition() override;
     bool post(const EventSource& source, const MouseEvent& event, EventTap tap) override;
     void warpCursor(WindowServerPoint point) override;
+    double secondsSinceUserInput() override;
+    bool mouseButtonDown() override;
+    std::uint64_t modifierFlagsHeld() override;
 
 private:
     SimDesktop& m_desktop;

@@ -7,6 +7,7 @@
 #include "SettingsGroup.h"
 #include "SettingsRow.h"
 #include "core/app/AppDelegate.h"
+#include "core/bar/LayoutName.h"
 #include "core/settings/LanguageManager.h"
 #include "core/settings/Preferences.h"
 
@@ -78,7 +79,8 @@ void MenuBarTab::buildLayouts()
     m_layoutName = new QLineEdit;
     m_layoutName->setObjectName(QStringLiteral("layoutName"));
     m_layoutName->setPlaceholderText(lm.L(QStringLiteral("menubar.layouts.placeholder")));
-    m_layoutName->setMaxLength(60);
+    // Longer names are refused whole, in words, rather than cut in the middle of a character.
+    m_layoutName->setMaxLength(LayoutName::maxUnits);
     m_layoutName->setFixedWidth(150);
     save->addTrailing(m_layoutName);
     m_saveLayout = makeButton(QStringLiteral("saveLayout"),

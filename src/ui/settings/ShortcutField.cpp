@@ -148,6 +148,11 @@ void ShortcutField::focusOutEvent(QFocusEvent*)
     cancelRecording();
 }
 
+void ShortcutField::hideEvent(QHideEvent*)
+{
+    cancelRecording();
+}
+
 // While recording, Tab is a key like any other.
 bool ShortcutField::focusNextPrevChild(bool next)
 {

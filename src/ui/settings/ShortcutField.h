@@ -47,6 +47,9 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    // A window closed or rebuilt (a new language) under a recording field ends the recording,
+    // which gives the shortcuts back; no focus change says so when the window just goes.
+    void hideEvent(QHideEvent* event) override;
     bool focusNextPrevChild(bool next) override;
 
 private:

@@ -57,13 +57,47 @@ TEST_F(MoveEngineTest, RoutesAPressAtTheParkingSpotAndAReleaseAtTheTarget)
     EXPECT_DOUBLE_EQ(w.scheduler.now(), 0.15);
 }
 
-TEST_F(MoveEngineTest, AnUnreadableCursorIsLeftWhereThePlatformPutsIt)
+TEST_F(MoveEngineTest, WithoutACursorToPutBackNothingIsMoved)
 {
     w.desktop.cursorReadable = false;
-    engine().move(4242, 77, 600, 12);
-    EXPECT_EQ(mouseEvents().size(), 2u);
-    EXPECT_EQ(w.desktop.events().size(), 2u); // no warp
-    EXPECT_EQ(w.desktop.cursor(), (WindowServerPoint{600, 12}));
+    EXPECT_FALSE(engine().move(4242, 77, 600, 12));
+    EXPECT_TRUE(w.desktop.events().empty());
+}
+
+TEST_F(MoveEngineTest, NeverTakesThePointerFromTheUsersHand)
+{
+    w.desktop.setCursor({300, 400});
+    SimUserHands& hands = w.desktop.hands();
+    hands.holdButton(true);
+    EXPECT_EQ(engine().guard().busy(), QStringLiteral("a mouse button is held"));
+    EXPECT_FALSE(engine().move(4242, 77, 600, 12));
+    hands.holdButton(false);
+    hands.holdModifiers(EventFlag::option);
+    EXPECT_FALSE(engine().move(4242, 77, 600, 12));
+    hands.rest();
+    hands.typeFor(1.0);
+    EXPECT_FALSE(engine().move(4242, 77, 600, 12));
+    EXPECT_TRUE(w.desktop.events().empty());
+    // Half a second after the last key press the pointer may be taken for a moment.
+    w.scheduler.advance(1.4);
+    EXPECT_TRUE(engine().guard().busy());
+    w.scheduler.advance(0.1);
+    EXPECT_FALSE(engine().guard().busy());
+    EXPECT_TRUE(engine().move(4242, 77, 600, 12));
+    EXPECT_EQ(w.desktop.events().back().kind, SimPostedEvent::Kind::Warp);
+    EXPECT_EQ(w.desktop.cursor(), (WindowServerPoint{300, 400}));
+}
+
+TEST_F(MoveEngineTest, AWaitForTheHandsIsBoundedAndEndsAsSoonAsTheyRest)
+{
+    SimUserHands& hands = w.desktop.hands();
+    hands.typeFor(2.0);
+    const double start = w.scheduler.now();
+    EXPECT_TRUE(engine().guard().waitUntilFree(5.0));
+    EXPECT_NEAR(w.scheduler.now() - start, 2.5, 0.02);
+    hands.holdButton(true);
+    EXPECT_FALSE(engine().guard().waitUntilFree(1.0));
+    EXPECT_NEAR(w.scheduler.now() - start, 3.5, 0.02);
 }
 
 TEST_F(MoveEngineTest, NoEventSourceNoEvents)

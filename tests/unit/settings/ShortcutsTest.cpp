@@ -1,5 +1,7 @@
 // Key chords, the rules for global shortcuts, how the settings keep them and how
 // they reach the system's hot-key registry.
+#include "TestSupport.h"
+
 #include "core/app/GlobalShortcuts.h"
 #include "core/settings/KeyChord.h"
 #include "core/settings/PrefKey.h"
@@ -9,6 +11,9 @@
 #include "platform/sim/SimHotKeys.h"
 
 #include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
 
 using namespace ravlin;
 
@@ -143,4 +148,25 @@ TEST(GlobalShortcuts, WithoutHotKeysNothingIsRegisteredAndNothingBreaks)
     GlobalShortcuts shortcuts(nullptr, prefs, center, {});
     prefs.setShortcut(Shortcut::Panel, std::nullopt);
     EXPECT_FALSE(shortcuts.active(Shortcut::Panel));
+}
+
+TEST_F(ShortcutSettings, EveryRefusedStoredValueIsLoggedAsItStands)
+{
+    test::LogCapture log;
+    defaults.set(PrefKey::panelShortcut, QStringLiteral("ctrl+opt+K"));
+    defaults.set(PrefKey::hiddenSectionShortcut, QStringLiteral("ctrl+opt+K"));
+    EXPECT_FALSE(prefs.shortcut(Shortcut::HiddenSection));
+    EXPECT_FALSE(prefs.shortcut(Shortcut::HiddenSection));
+    EXPECT_EQ(log.count(QStringLiteral("the setting hiddenSectionShortcut holds control+option+K, "
+                                       "which is not allowed (shortcut.error.sameAsOther)")),
+              1);
+    for (double odd : {std::nan(""), std::numeric_limits<double>::infinity(),
+                       -std::numeric_limits<double>::infinity()}) {
+        defaults.set(PrefKey::rehideInterval, odd);
+        EXPECT_GE(prefs.rehideInterval(), 1);
+    }
+    EXPECT_EQ(log.count(QStringLiteral("the setting rehideInterval holds nan seconds")), 1);
+    EXPECT_EQ(log.count(QStringLiteral("the setting rehideInterval holds inf seconds")), 1);
+    EXPECT_EQ(log.count(QStringLiteral("the setting rehideInterval holds -inf seconds")), 1);
+    EXPECT_EQ(log.count(QStringLiteral("the setting rehideInterval holds 0 seconds")), 0);
 }
