@@ -3,6 +3,7 @@
 
 #include "SandboxCommands.h"
 #include "SandboxSession.h"
+#include "platform/sim/SimEventMonitors.h"
 #include "ScriptRunner.h"
 
 #include "platform/sim/SimAppearance.h"
@@ -379,8 +380,17 @@ void commandDragCommand(CommandContext& c)
     const SimPlacedItem placed = itemNamed(c, target);
     const double x = number(c, c.need(3, QStringLiteral("x")), QStringLiteral("cmd-drag"));
     SimDesktop& desktop = c.session.desktop();
+    // The person presses on the item with the command key held: the other applications'
+    // monitors see that mouse-down, as on a Mac.
+    const double y = desktop.mainScreen().menuBarHeight / 2;
+    const bool commandHeld = desktop.hands().modifiers() & EventFlag::command;
+    desktop.hands().holdModifiers(EventFlag::command);
+    desktop.setCursor({placed.frame.x + placed.frame.width / 2, y});
+    c.session.monitors().deliver(EventMonitors::LeftMouseDown);
     desktop.dragItem(placed.item.window, x);
-    desktop.setCursor({x, desktop.mainScreen().menuBarHeight / 2});
+    desktop.setCursor({x, y});
+    if (!commandHeld)
+        desktop.hands().releaseModifiers(EventFlag::command);
     c.session.scheduler().runDue();
 }
 

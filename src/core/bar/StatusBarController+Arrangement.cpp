@@ -11,6 +11,7 @@
 #include "core/settings/Preferences.h"
 #include "core/tiles/BarItemFactory.h"
 #include "foundation/Logging.h"
+#include "platform/Events.h"
 #include "platform/StatusBar.h"
 
 namespace ravlin {
@@ -133,6 +134,17 @@ void StatusBarController::recordPlacement(const QString& key, ItemPlacement plac
     m_arrangements.record(BarArrangement::fromSequence(tokens));
 }
 
+// The user rearranges the bar by command-dragging its items; the system reorders it without
+// anyone touching it. Only a look after such a drag takes the bar's order for the user's.
+void StatusBarController::watchDragsByHand()
+{
+    m_dragWatch = m_s.monitors.addGlobalMonitor(
+        EventMonitors::LeftMouseDown, [noted = weakly([this] {
+                                          if (m_s.events.modifierFlagsHeld() & EventFlag::command)
+                                              m_draggedByHand = true;
+                                      })](EventMonitors::Kind) { noted(); });
+}
+
 // An ordinary look at the bar: what differs from the record was moved by the user's hand,
 // and items that changed sides change their placement as arrange mode would decide. Items
 // the system moved and Ravlin could not put back are not the user's doing: the record keeps
@@ -151,14 +163,19 @@ void StatusBarController::noticeArrangement()
         m_arrangements.record(seen);
         return;
     }
-    const QStringList byUser = seenByUser(seen).allKeys();
-    const BarArrangement merged = BarArrangement::merged(*recorded, seenByUser(seen));
+    // Without a drag by hand since the last look, only items new to the record join it, where
+    // they stand; every other difference is the system's, for the next restore to undo.
+    const bool byHand = std::exchange(m_draggedByHand, false);
+    const BarArrangement userSeen = byHand ? seenByUser(seen)
+                                           : BarArrangement::restored(*recorded, seenByUser(seen));
+    const QStringList byUser = userSeen.allKeys();
+    const BarArrangement merged = BarArrangement::merged(*recorded, userSeen);
     if (merged == *recorded)
         return;
     QHash<QString, ItemPlacement> placements;
     for (const QString& key : byUser) {
         const auto was = recorded->sectionOf(key);
-        const auto now = seen.sectionOf(key);
+        const auto now = userSeen.sectionOf(key);
         if (!was || was == now || m_s.preferences.placement(key) == ItemPlacement::Off)
             continue;
         const bool visibleNow = now == BarArrangement::Section::Visible;

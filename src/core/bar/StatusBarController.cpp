@@ -24,6 +24,7 @@ StatusBarController::StatusBarController(StatusBarServices services)
     chooseHiding();
     m_screensToken = m_s.screens.addChangeObserver(weakly([this] { displaysChanged(); }));
     setupHover();
+    watchDragsByHand();
     m_displayCount = int(m_s.screens.screens().size());
     armPowerWatch();
     m_prefsToken =

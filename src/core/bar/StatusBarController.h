@@ -166,6 +166,7 @@ public:
     BarArrangement seenArrangement() const;
     void recordArrangement();
     void recordPlacement(const QString& key, ItemPlacement placement);
+    void watchDragsByHand();
     void noteWhereItStands(const QString& key);
     BarArrangement seenByUser(const BarArrangement& seen) const;
     void noticeArrangement();
@@ -368,6 +369,9 @@ private:
     bool m_revealingAlways = false;
     Timer m_rehideTimer;
     std::unique_ptr<EventMonitors::Monitor> m_hoverMonitor;
+    // Sees the user press on the bar with the command key held: a drag by hand.
+    std::unique_ptr<EventMonitors::Monitor> m_dragWatch;
+    bool m_draggedByHand = false; // since the last look at the arrangement
     bool m_tileOpen = false;
     double m_lastTileClose = -std::numeric_limits<double>::infinity();
     std::unique_ptr<EventMonitors::Monitor> m_revealCollapseMonitor;

@@ -209,11 +209,10 @@ TEST(LayoutWeek, RandomWeeksEndWithEveryItemWhereTheUserPutIt)
 }
 
 // A quarter of a year: thirteen weeks of restarts, wakes, displays and installs on one bar,
-// long enough for anything that piles up (records, timers, windows) to show. Disabled: it finds
-// a fault of the restore that the four weeks above do not reach (from step 420 on, a reorder
-// by the system at a wake or start is now and then taken for the user's arrangement); run it
-// with --gtest_also_run_disabled_tests. It ran its whole length clean under the sanitizers.
-TEST(LayoutWeek, DISABLED_AQuarterYearEndsWithEveryItemWhereTheUserPutIt)
+// long enough for anything that piles up (records, timers, windows) to show. It found a
+// reorder by the system, between a start's look at the bar and the end of its reveal, taken
+// for the user's arrangement: only a look after a drag by hand takes the bar's order now.
+TEST(LayoutWeek, AQuarterYearEndsWithEveryItemWhereTheUserPutIt)
 {
     Week week(91, true);
     QStringList made = week.barSequence();
