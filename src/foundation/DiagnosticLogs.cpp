@@ -3,6 +3,8 @@
 #include "Logging.h"
 
 #include <QDir>
+#include "FileDescriptorWrite.h"
+
 #include <QFile>
 
 #include <cerrno>
@@ -35,19 +37,6 @@ QString refusal(const QByteArray& path)
     return QString();
 }
 
-bool writeAll(int fd, const QByteArray& bytes)
-{
-    qsizetype done = 0;
-    while (done < bytes.size()) {
-        const ssize_t n = ::write(fd, bytes.constData() + done, size_t(bytes.size() - done));
-        if (n < 0 && errno == EINTR)
-            continue;
-        if (n <= 0)
-            return false;
-        done += n;
-    }
-    return true;
-}
 
 } // namespace
 

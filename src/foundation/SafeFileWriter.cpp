@@ -1,5 +1,7 @@
 #include "SafeFileWriter.h"
 
+#include "FileDescriptorWrite.h"
+
 #include <QFile>
 
 #include <cerrno>
@@ -22,20 +24,6 @@ bool fail(QString* why, const QString& reason)
     if (why)
         *why = reason;
     return false;
-}
-
-bool writeAll(int fd, const QByteArray& bytes)
-{
-    qsizetype done = 0;
-    while (done < bytes.size()) {
-        const ssize_t n = ::write(fd, bytes.constData() + done, size_t(bytes.size() - done));
-        if (n < 0 && errno == EINTR)
-            continue;
-        if (n <= 0)
-            return false;
-        done += n;
-    }
-    return ::fsync(fd) == 0;
 }
 
 bool sameFile(const struct stat& a, const struct stat& b)
@@ -75,7 +63,7 @@ bool SafeFileWriter::write(const QString& path, const QByteArray& bytes, QString
     if (fd < 0)
         return fail(why, systemError());
     // mkstemp makes the file private; an exported file is for reading elsewhere.
-    const bool written = ::fchmod(fd, 0644) == 0 && writeAll(fd, bytes);
+    const bool written = ::fchmod(fd, 0644) == 0 && writeAll(fd, bytes) && ::fsync(fd) == 0;
     const QString writeError = written ? QString() : systemError();
     ::close(fd);
     // Checked again right before the rename; the rename itself replaces whatever name stands
