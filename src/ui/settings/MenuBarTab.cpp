@@ -34,7 +34,7 @@ MenuBarTab::MenuBarTab(AppDelegate& app, SettingsActions& actions, QWidget* pare
 
 void MenuBarTab::buildItems()
 {
-    addText(m_app.languageManager().L(QStringLiteral("menubar.help")));
+    addText(m_app.languageManager().L(QStringLiteral("menubar.help.items")));
     auto* holder = new QWidget(this);
     m_listHolder = new QVBoxLayout(holder);
     m_listHolder->setContentsMargins(0, 0, 0, 0);
