@@ -173,6 +173,7 @@ std::vector<PanelTile> PanelContent::itemTiles(const BarGroup& group) const
         tile.accent = tileAccent(item.label);
         tile.isNew = item.isNew;
         tile.placedInBar = item.placedInBar;
+        tile.changed = item.changed;
         tile.content = item;
         tiles.push_back(std::move(tile));
     }

@@ -4,6 +4,7 @@
 #include "core/bar/MenuBarHideEngine.h"
 #include "core/bar/SeparatorHiding.h"
 #include "core/bar/StatusBarController.h"
+#include "core/rules/Rules.h"
 #include "core/discovery/ScannerModel.h"
 #include "foundation/DefaultsStore.h"
 #include "core/settings/LanguageManager.h"
@@ -214,11 +215,15 @@ TEST_F(MenuBarTabPlain, NewItemsAndLayoutsAreChosenWithTheirControls)
     ASSERT_EQ(onDisplay->count(), 2);
     onDisplay->setCurrentIndex(1);
     Q_EMIT onDisplay->activated(1);
-    EXPECT_EQ(bar().layouts().forDisplayConnected(), QStringLiteral("Work"));
+    ASSERT_TRUE(world.app().rules());
+    EXPECT_EQ(world.app().rules()->book().occasionLayout(RuleBook::displayRuleId),
+              QStringLiteral("Work"));
+    onDisplay->setCurrentIndex(0);
+    Q_EMIT onDisplay->activated(0);
+    EXPECT_TRUE(world.app().rules()->book().rules().empty());
 
     world.find<QPushButton>(QStringLiteral("deleteLayout"))->click();
     EXPECT_TRUE(bar().layouts().names().isEmpty());
-    EXPECT_TRUE(bar().layouts().forDisplayConnected().isEmpty());
 }
 
 TEST(MenuBarTabEmpty, SaysThatNoItemWasFound)
