@@ -107,7 +107,9 @@ void setValue(CommandContext& c)
         index = popup->findText(value);
     if (index < 0)
         c.fail(QStringLiteral("%1 offers no %2").arg(name, value));
+    // As a person picks the entry: the choice changes, and the pick is announced.
     popup->setCurrentIndex(index);
+    Q_EMIT popup->activated(index);
 }
 
 void pickLanguage(CommandContext& c)

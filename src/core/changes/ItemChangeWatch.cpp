@@ -17,18 +17,30 @@ ItemChangeWatch::ItemChangeWatch(Services services, std::function<void(const QSt
     : m_s(services), m_changed(std::move(changed))
 {
     connect(&m_s.list, &WatchList::changed, this, &ItemChangeWatch::refresh);
-    // The scanner announces before its lists change: look once the change is done.
-    connect(&m_s.scanner, &ScannerModel::willChange, this, [this] {
-        if (m_refreshPending)
+    // The scanner announces before its lists change: look once the change is done. An
+    // application that quits takes its items with it at once.
+    connect(&m_s.scanner, &ScannerModel::willChange, this, &ItemChangeWatch::refreshSoon);
+    std::weak_ptr<bool> alive = m_alive;
+    auto soon = [this, alive](const RunningApplication&) {
+        if (auto a = alive.lock(); a && *a)
+            refreshSoon();
+    };
+    m_launchToken = m_s.workspace.addObserver(WorkspaceNotification::DidLaunchApplication, soon);
+    m_terminateToken =
+        m_s.workspace.addObserver(WorkspaceNotification::DidTerminateApplication, soon);
+}
+
+void ItemChangeWatch::refreshSoon()
+{
+    if (m_refreshPending)
+        return;
+    m_refreshPending = true;
+    std::weak_ptr<bool> alive = m_alive;
+    m_s.scheduler.async([this, alive] {
+        if (auto a = alive.lock(); !a || !*a)
             return;
-        m_refreshPending = true;
-        std::weak_ptr<bool> alive = m_alive;
-        m_s.scheduler.async([this, alive] {
-            if (auto a = alive.lock(); !a || !*a)
-                return;
-            m_refreshPending = false;
-            refresh();
-        });
+        m_refreshPending = false;
+        refresh();
     });
 }
 
@@ -136,11 +148,10 @@ void ItemChangeWatch::lookAt(const QString& key, Watched& w)
     } else {
         w.changesInARow = 0;
         ++w.quietInARow;
-        if (w.busy) {
-            w.interval = std::max(w.interval / 2, lookInterval);
-            if (w.quietInARow >= busyAfter)
-                w.busy = false;
-        }
+        if (w.busy && w.quietInARow >= busyAfter)
+            w.busy = false;
+        // Quiet again: looked at more often step by step, as often as ever once it is calm.
+        w.interval = w.busy ? std::max(w.interval / 2, lookInterval) : lookInterval;
     }
     w.due = now + w.interval;
     if (changed && !w.busy && m_changed)

@@ -59,6 +59,7 @@ public:
     const QHash<QString, Watched>& watched() const { return m_watched; }
 
 private:
+    void refreshSoon();
     void round();
     void lookAt(const QString& key, Watched& w);
     void arm();
@@ -70,6 +71,8 @@ private:
     double m_timerDue = 0;
     int m_looks = 0;
     bool m_refreshPending = false;
+    std::shared_ptr<void> m_launchToken;
+    std::shared_ptr<void> m_terminateToken;
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
 };
 

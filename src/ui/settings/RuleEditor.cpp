@@ -166,8 +166,9 @@ QWidget* RuleEditor::conditionValue(int index, SettingsRow& row)
         return p;
     };
     auto text = [&](const QString& value, const QString& placeholder,
-                    std::function<void(const QString&)> typed, const QString& objectName) {
-        QLineEdit* edit = lineEdit(objectName, value, placeholder, 150);
+                    std::function<void(const QString&)> typed, const QString& objectName,
+                    int width = 150) {
+        QLineEdit* edit = lineEdit(objectName, value, placeholder, width);
         connect(edit, &QLineEdit::editingFinished, this, [this, edit, value, typed = std::move(typed)] {
             if (edit->text().trimmed() == value)
                 return;
@@ -217,13 +218,15 @@ QWidget* RuleEditor::conditionValue(int index, SettingsRow& row)
                                  if (const std::optional<int> m = minuteFromText(v))
                                      m_rule.conditions[std::size_t(index)].fromMinute = *m;
                              },
-                             field));
+                             field, 64));
+        row.addTrailing(SettingsStyle::label(QStringLiteral("–"), SettingsStyle::bodyFont(),
+                                             SettingsStyle::secondaryText(), &row));
         return text(minuteText(c.toMinute), QStringLiteral("17:00"),
                     [this, index](const QString& v) {
                         if (const std::optional<int> m = minuteFromText(v))
                             m_rule.conditions[std::size_t(index)].toMinute = *m;
                     },
-                    field + QStringLiteral(".to"));
+                    field + QStringLiteral(".to"), 64);
     }
     case RuleCondition::Kind::Unknown:
         break;
@@ -293,9 +296,9 @@ QWidget* RuleEditor::actionValue(int index, SettingsRow&)
 
 void RuleEditor::addAdders(SettingsGroup& group)
 {
+    auto* row = new SettingsRow(QString(), QString());
     auto adder = [&](const QString& part, const QString& prompt, auto kinds, auto kindName,
                      auto added) {
-        auto* row = new SettingsRow(QString(), QString());
         auto* popup = new PopupButton;
         popup->setObjectName(name(part));
         popup->addItem(prompt, QString());
@@ -309,7 +312,6 @@ void RuleEditor::addAdders(SettingsGroup& group)
             commit();
         });
         row->addTrailing(popup);
-        group.addRow(row);
     };
     if (int(m_rule.conditions.size()) < Rule::maxConditions)
         adder(QStringLiteral("addCondition"), m_language.L(QStringLiteral("rules.addCondition")),
@@ -327,6 +329,7 @@ void RuleEditor::addAdders(SettingsGroup& group)
                       m_rule.actions.push_back(freshAction(*k, m_choices));
                   return k.has_value();
               });
+    group.addRow(row);
 }
 
 void RuleEditor::addStateRow(SettingsGroup& group, int count, bool inForce)
