@@ -44,13 +44,31 @@ ItemLookReader::ItemLookReader(Accessibility& accessibility, WindowServer& windo
 void ItemLookReader::beginRound()
 {
     m_frames.clear();
+    m_owners.clear();
     if (!m_reader.capabilities().itemWindows)
         return;
     const auto windows =
         WindowListReader(m_windowServer).statusWindows(WindowListOption::AllWindows);
-    for (const StatusWindow& w : windows.value_or(std::vector<StatusWindow>{}))
+    for (const StatusWindow& w : windows.value_or(std::vector<StatusWindow>{})) {
         if (w.bounds)
             m_frames.insert(w.number, *w.bounds);
+        if (w.pid)
+            m_owners.insert(w.number, *w.pid);
+    }
+}
+
+std::int32_t ItemLookReader::ownerOf(const BarItem& item)
+{
+    if (item.pid > 0)
+        return item.pid;
+    const std::uint32_t window = std::uint32_t(item.info.id);
+    if (m_reader.capabilities().windowOwnersAreReal)
+        return m_owners.value(window, 0);
+    for (const StatusWindow& w :
+         m_reader.statusWindows(WindowListOption::AllWindows).value_or(std::vector<StatusWindow>{}))
+        if (w.number == window && w.pid)
+            return *w.pid;
+    return 0;
 }
 
 ItemLook ItemLookReader::look(const BarItem& item)
@@ -90,8 +108,9 @@ std::optional<AXElement> ItemLookReader::elementOf(const BarItem& item,
     std::optional<AXElement> found;
     if (!m_reader.capabilities().itemWindows)
         found = m_reader.elementFor(std::uint32_t(item.info.id));
-    else if (frame && item.pid > 0)
-        found = findInExtras(item.pid, *frame);
+    else if (frame)
+        if (const std::int32_t pid = ownerOf(item); pid > 0)
+            found = findInExtras(pid, *frame);
     if (found)
         m_elements.insert(item.key, *found);
     return found;

@@ -36,6 +36,9 @@ private:
     std::optional<AXElement> elementOf(const BarItem& item,
                                        const std::optional<WindowServerRect>& frame);
     std::optional<AXElement> findInExtras(std::int32_t pid, const WindowServerRect& frame);
+    // The process that draws the item: as the panel knows it, else as the window list names it
+    // (where it names the real owners), else as the applications' extras menu bars tell.
+    std::int32_t ownerOf(const BarItem& item);
     // The attribute's text; "" when the element has no such attribute; absent when it did not
     // answer (then `lost` says whether the element is gone).
     std::optional<QString> text(const AXElement& element, const QString& attribute, bool* lost);
@@ -45,6 +48,7 @@ private:
     const ItemCapture& m_capture;
     const MenuBarReader& m_reader;
     QHash<std::uint32_t, WindowServerRect> m_frames; // of this round, by window
+    QHash<std::uint32_t, std::int32_t> m_owners;     // of this round, as the window list names them
     QHash<QString, AXElement> m_elements;           // by item key
 };
 

@@ -27,11 +27,14 @@ std::optional<RuleCondition> timeCondition(const PlistDict& d)
     return c;
 }
 
-// A text the condition or action cannot do without.
+// A name the condition or action is about. Empty while the user has not filled it in: such a
+// part is kept, never holds and does nothing.
 std::optional<QString> needed(const PlistDict& d, const QString& key)
 {
+    if (!d.contains(key))
+        return std::nullopt;
     const QString value = text(d, key).trimmed();
-    if (value.isEmpty() || value.size() > 200)
+    if (value.size() > 200)
         return std::nullopt;
     return value;
 }

@@ -16,17 +16,21 @@ QString RuleDescription::condition(const RuleCondition& c) const
     const LanguageManager& lm = m_language;
     switch (c.kind) {
     case RuleCondition::Kind::Display:
-        return lm.L(c.on ? QStringLiteral("rules.condition.display.on")
-                         : QStringLiteral("rules.condition.display.off"));
+        if (c.on)
+            return lm.L(QStringLiteral("rules.condition.display.on"));
+        return lm.L(QStringLiteral("rules.condition.display.off"));
     case RuleCondition::Kind::Power:
-        return lm.L(c.on ? QStringLiteral("rules.condition.power.battery")
-                         : QStringLiteral("rules.condition.power.ac"));
+        if (c.on)
+            return lm.L(QStringLiteral("rules.condition.power.battery"));
+        return lm.L(QStringLiteral("rules.condition.power.ac"));
     case RuleCondition::Kind::Wifi:
         return lm.L(QStringLiteral("rules.condition.wifi"), c.text);
-    case RuleCondition::Kind::Application:
-        return lm.L(c.frontmost ? QStringLiteral("rules.condition.app.frontmost")
-                                : QStringLiteral("rules.condition.app.running"),
-                    m_applicationName ? m_applicationName(c.text) : c.text);
+    case RuleCondition::Kind::Application: {
+        const QString name = m_applicationName ? m_applicationName(c.text) : c.text;
+        if (c.frontmost)
+            return lm.L(QStringLiteral("rules.condition.app.frontmost"), name);
+        return lm.L(QStringLiteral("rules.condition.app.running"), name);
+    }
     case RuleCondition::Kind::Focus:
         return c.text.isEmpty() ? lm.L(QStringLiteral("rules.condition.focus.any"))
                                 : lm.L(QStringLiteral("rules.condition.focus"), c.text);

@@ -13,8 +13,10 @@ bool RuleEvaluator::holds(const RuleCondition& c, const Circumstances& now)
         // A Mac that cannot say (a desktop Mac has no battery) is on external power.
         return now.onBattery.value_or(false) == c.on;
     case RuleCondition::Kind::Wifi:
-        return now.wifi && now.wifi->compare(c.text, Qt::CaseSensitive) == 0;
+        return !c.text.isEmpty() && now.wifi && now.wifi->compare(c.text, Qt::CaseSensitive) == 0;
     case RuleCondition::Kind::Application:
+        if (c.text.isEmpty())
+            return false;
         return c.frontmost ? now.frontmost == c.text : now.running.contains(c.text);
     case RuleCondition::Kind::Focus:
         if (!now.focus || now.focus->isEmpty())
@@ -48,6 +50,8 @@ RuleOutcome RuleEvaluator::outcome(const std::vector<Rule>& rules, const Circums
             continue;
         out.inForce.append(rule.id);
         for (const RuleAction& a : rule.actions) {
+            if (a.text.isEmpty() && a.kind != RuleAction::Kind::Reveal)
+                continue; // not filled in yet
             switch (a.kind) {
             case RuleAction::Kind::Layout:
                 out.layout = a.text;

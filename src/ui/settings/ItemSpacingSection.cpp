@@ -7,6 +7,7 @@
 #include "SettingsRow.h"
 #include "SettingsStyle.h"
 #include "SpacingPreview.h"
+#include "TextLabel.h"
 #include "core/app/AppDelegate.h"
 #include "core/app/AppRestarter.h"
 #include "core/app/MenuBarServices.h"
@@ -99,8 +100,8 @@ void ItemSpacingSection::buildOffer(SettingsGroup& group)
     connect(later, &QPushButton::clicked, this, &ItemSpacingSection::later);
     m_offer->addTrailing(m_restart);
     m_offer->addTrailing(later);
-    m_offer->hide();
     group.addRow(m_offer);
+    m_offer->hide(); // until a change was made
 }
 
 void ItemSpacingSection::refresh()
@@ -123,12 +124,16 @@ void ItemSpacingSection::showState()
 {
     const LanguageManager& lm = m_app.languageManager();
     const SpacingValues stored = m_actions.itemSpacing().stored();
-    m_stateRow->titleLabel()->setText(
+    const QString state =
         stored.isDefault()
             ? lm.L(QStringLiteral("menubar.space.state.default"))
             : lm.L(QStringLiteral("menubar.space.state"),
                    stored.spacing ? QString::number(*stored.spacing) : QStringLiteral("–"),
-                   stored.padding ? QString::number(*stored.padding) : QStringLiteral("–")));
+                   stored.padding ? QString::number(*stored.padding) : QStringLiteral("–"));
+    if (auto* label = qobject_cast<TextLabel*>(m_stateRow->titleLabel()))
+        label->setPlainText(state);
+    else
+        m_stateRow->titleLabel()->setText(state);
 }
 
 void ItemSpacingSection::apply()

@@ -32,6 +32,7 @@ MenuBarTab::MenuBarTab(AppDelegate& app, SettingsActions& actions, QWidget* pare
     finish();
     m_shownSignature = listSignature();
     connect(&app.scannerModel(), &ScannerModel::willChange, this, &MenuBarTab::scheduleReload);
+    connect(&app.watchList(), &WatchList::changed, this, &MenuBarTab::refresh);
     refresh();
 }
 

@@ -182,10 +182,11 @@ QWidget* RuleEditor::conditionValue(int index, SettingsRow& row)
     case RuleCondition::Kind::Display:
     case RuleCondition::Kind::Power: {
         const bool display = c.kind == RuleCondition::Kind::Display;
-        return popup({{QStringLiteral("on"), lm.L(display ? QStringLiteral("rules.value.connected")
-                                                          : QStringLiteral("rules.value.battery"))},
-                      {QStringLiteral("off"), lm.L(display ? QStringLiteral("rules.value.notConnected")
-                                                           : QStringLiteral("rules.value.ac"))}},
+        const QString on = display ? lm.L(QStringLiteral("rules.value.connected"))
+                                   : lm.L(QStringLiteral("rules.value.battery"));
+        const QString off = display ? lm.L(QStringLiteral("rules.value.notConnected"))
+                                    : lm.L(QStringLiteral("rules.value.ac"));
+        return popup({{QStringLiteral("on"), on}, {QStringLiteral("off"), off}},
                      c.on ? QStringLiteral("on") : QStringLiteral("off"),
                      [this, index](const QString& v) { m_rule.conditions[std::size_t(index)].on = v == u"on"; });
     }
@@ -337,21 +338,22 @@ void RuleEditor::addStateRow(SettingsGroup& group, int count, bool inForce)
     auto* row = new SettingsRow(inForce ? m_language.L(QStringLiteral("rules.inForceNow")) : QString(),
                                 QString());
     row->titleLabel()->setObjectName(name(QStringLiteral("state")));
-    auto button = [&](const QString& part, const QString& key, bool enabled, auto clicked) {
-        QPushButton* b = SettingsColumn::makeButton(name(part), m_language.L(key), row);
+    auto button = [&](const QString& part, const QString& text, bool enabled, auto clicked) {
+        QPushButton* b = SettingsColumn::makeButton(name(part), text, row);
         b->setEnabled(enabled);
         connect(b, &QPushButton::clicked, this, clicked);
         row->addTrailing(b);
     };
-    button(QStringLiteral("up"), QStringLiteral("rules.moveUp"), m_index > 0, [this] {
+    button(QStringLiteral("up"), m_language.L(QStringLiteral("rules.moveUp")), m_index > 0, [this] {
         if (m_callbacks.move)
             m_callbacks.move(-1);
     });
-    button(QStringLiteral("down"), QStringLiteral("rules.moveDown"), m_index + 1 < count, [this] {
+    button(QStringLiteral("down"), m_language.L(QStringLiteral("rules.moveDown")), m_index + 1 < count,
+           [this] {
         if (m_callbacks.move)
             m_callbacks.move(1);
     });
-    button(QStringLiteral("delete"), QStringLiteral("rules.delete"), true, [this] {
+    button(QStringLiteral("delete"), m_language.L(QStringLiteral("rules.delete")), true, [this] {
         if (m_callbacks.remove)
             m_callbacks.remove();
     });

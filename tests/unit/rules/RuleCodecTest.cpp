@@ -88,7 +88,7 @@ TEST(RuleCodec, LeavesOutWhatCannotBeReadAndKeepsTheRest)
               {"when", PlistArray{dict({{"kind", QStringLiteral("time")},
                                         {"from", QStringLiteral("25:00")},
                                         {"to", QStringLiteral("06:00")}}),
-                                  dict({{"kind", QStringLiteral("wifi")}}),
+                                  dict({{"kind", QStringLiteral("wifi")}}), // no network at all
                                   dict({{"kind", QStringLiteral("power")}, {"source", QStringLiteral("sun")}}),
                                   dict({{"kind", QStringLiteral("display")}})}},
               {"then", PlistArray{dict({{"kind", QStringLiteral("reveal")}, {"seconds", 100000}}),
@@ -100,8 +100,10 @@ TEST(RuleCodec, LeavesOutWhatCannotBeReadAndKeepsTheRest)
     ASSERT_EQ(rules[0].conditions.size(), 1u);
     EXPECT_EQ(rules[0].conditions[0].kind, RuleCondition::Kind::Display);
     EXPECT_TRUE(rules[0].conditions[0].on);
-    ASSERT_EQ(rules[0].actions.size(), 1u);
+    ASSERT_EQ(rules[0].actions.size(), 2u);
     EXPECT_EQ(rules[0].actions[0].seconds, Rule::longestReveal);
+    // A name not filled in yet is kept: the action does nothing until it is.
+    EXPECT_TRUE(rules[0].actions[1].text.isEmpty());
     EXPECT_TRUE(RuleCodec::fromPlist(PlistValue(QStringLiteral("rules"))).empty());
 }
 
