@@ -113,14 +113,15 @@ bool AppDelegate::anotherInstanceIsRunning()
 void AppDelegate::applicationDidFinishLaunching(const QStringList& arguments)
 {
     m_launched = true;
+    // Run by an uninstaller, also while another copy still runs: it only gives back settings.
+    if (arguments.contains(QStringLiteral("--restore-system-settings"))) {
+        restoreSystemSettings();
+        return;
+    }
     if (anotherInstanceIsRunning())
         return;
     if (arguments.contains(QStringLiteral("--hidetest"))) {
         runHideEngineSelfTest();
-        return;
-    }
-    if (arguments.contains(QStringLiteral("--restore-system-settings"))) {
-        restoreSystemSettings();
         return;
     }
     m_preferences->registerDefaults();

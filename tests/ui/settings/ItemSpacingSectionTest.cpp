@@ -63,7 +63,7 @@ TEST(ItemSpacingSection, PreviewsAppliesAndResets)
     EXPECT_TRUE(world.session().menuBarSpacing().stored().isDefault());
     EXPECT_EQ(spacing->value(), 16);
     EXPECT_EQ(shown(world.find<QLabel>(QStringLiteral("spacingState"))),
-              QStringLiteral("Now: the system's default"));
+              QStringLiteral("Now: system default"));
     EXPECT_FALSE(notesSay(world, QStringLiteral("keep their spacing")));
 }
 
