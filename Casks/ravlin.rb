@@ -19,8 +19,15 @@ cask "ravlin" do
 
   app "Ravlin.app"
 
+  # Once Ravlin has quit, it puts back the system settings it changed (the menu-bar item
+  # spacing) as they were before it changed them.
   uninstall quit:       "de.vexa.Ravlin",
-            login_item: "Ravlin"
+            login_item: "Ravlin",
+            script:     {
+              executable: "#{appdir}/Ravlin.app/Contents/MacOS/Ravlin",
+              args:       ["--restore-system-settings"],
+              must_succeed: false,
+            }
 
   zap trash: [
     "~/Library/Caches/de.vexa.Ravlin",

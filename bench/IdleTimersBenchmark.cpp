@@ -1,5 +1,6 @@
 // How often timers fire while the application rests: plain mode, collapsed, panel
-// closed. A resting menu-bar tool must not wake up at all, so the figure must be 0.
+// closed, without rules and with rules of every kind set. A resting menu-bar tool must not
+// wake up at all, so the figure must be 0.
 #include "sandbox/SandboxCommands.h"
 #include "sandbox/SandboxSession.h"
 #include "sandbox/ScriptRunner.h"
@@ -13,9 +14,18 @@ using namespace ravlin::sandbox;
 
 namespace {
 
+// Rules on every condition there is; the time of day's next boundary lies hours ahead of the
+// simulated clock's morning.
+const QString everyRule = QStringLiteral(
+    "layout save Work\n"
+    "rule add all when display battery wifi=Office app=com.example.sync front=com.example.chat "
+    "focus=Work time=18:00-19:00 then layout=Work reveal=5 style=grid \"show=n:Chat Status\"\n"
+    "rule add evening when time=20:00-23:00 then style=strip\n"
+    "advance 5\n");
+
 // A desktop with a few applications, started and left alone until start-up settled, by a
 // user past the first start (the welcome window looks at the permissions while it shows).
-std::uint64_t firingsPerRestingMinute()
+std::uint64_t firingsPerRestingMinute(const QString& more = QString())
 {
     QString out, err;
     QTextStream o(&out), e(&err);
@@ -30,7 +40,8 @@ std::uint64_t firingsPerRestingMinute()
                               "item com.example.sync \"Item-0\"\n"
                               "defaults write ravlin.welcomeShown true\n"
                               "start\n"
-                              "advance 5\n"));
+                              "advance 5\n") +
+               more);
     const std::uint64_t before = session.scheduler().firedCount();
     session.scheduler().advance(60);
     return session.scheduler().firedCount() - before;
@@ -46,5 +57,16 @@ void BM_IdleTimerFiringsPerMinute(benchmark::State& state)
         state.SkipWithError("timers fire while the application rests");
 }
 BENCHMARK(BM_IdleTimerFiringsPerMinute)->Iterations(3)->Unit(benchmark::kMillisecond);
+
+void BM_IdleTimerFiringsPerMinuteWithRules(benchmark::State& state)
+{
+    std::uint64_t firings = 0;
+    for (auto _ : state)
+        firings = firingsPerRestingMinute(everyRule);
+    state.counters["firings_per_minute"] = double(firings);
+    if (firings != 0)
+        state.SkipWithError("timers fire while the application rests with rules set");
+}
+BENCHMARK(BM_IdleTimerFiringsPerMinuteWithRules)->Iterations(3)->Unit(benchmark::kMillisecond);
 
 } // namespace

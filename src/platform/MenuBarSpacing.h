@@ -1,20 +1,29 @@
 #pragma once
 
+#include <optional>
+
 namespace ravlin {
 
-// The gaps the system leaves between status items. macOS reads them from the
-// current host's global defaults when a session starts, so a change shows after
-// the user logs out and in again.
+// The two system-wide settings that decide the room status items take: the gap between items
+// (NSStatusItemSpacing) and the padding around a selected one (NSStatusItemSelectionPadding),
+// in points. An absent value is a key that is not set: the system's own default applies.
+struct SpacingValues {
+    std::optional<int> spacing;
+    std::optional<int> padding;
+
+    bool isDefault() const { return !spacing && !padding; }
+    bool operator==(const SpacingValues&) const = default;
+};
+
+// The settings where macOS keeps them, in the current host's global defaults. Applications
+// read them when they start, so a change shows in each application's items once it restarts.
 class MenuBarSpacing {
 public:
-    // Compact values that still leave each item a comfortable click target.
-    static constexpr int compactSpacing = 6;
-    static constexpr int compactPadding = 4;
-
     virtual ~MenuBarSpacing() = default;
-    // Stores the spacing between items and the padding around a selected one, in
-    // points; false when the system refused to store them.
-    virtual bool apply(int spacing, int padding) = 0;
+    // What the global defaults hold now.
+    virtual SpacingValues stored() = 0;
+    // Writes both values, removing the key of an absent one; false when the system refused.
+    virtual bool store(const SpacingValues& values) = 0;
 };
 
 } // namespace ravlin

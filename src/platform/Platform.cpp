@@ -11,6 +11,7 @@
 #include "MenuBarSpacing.h"
 #include "Permissions.h"
 #include "Screens.h"
+#include "Situation.h"
 #include "StatusBar.h"
 #include "UnavailableServices.h"
 #include "Updater.h"

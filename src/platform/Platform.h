@@ -19,6 +19,7 @@ class HttpClient;
 class LocationService;
 class LoginItems;
 class MenuBarSpacing;
+class Situation;
 class SystemProbe;
 class Updater;
 class Events;
@@ -60,6 +61,9 @@ struct Platform {
     std::unique_ptr<ApplicationControl> application;
     // The gaps between status items; may stay empty where they cannot be changed.
     std::unique_ptr<MenuBarSpacing> menuBarSpacing;
+    // The Wi-Fi network, the application in front, the Focus mode and the clock, with an event
+    // for each change; may stay empty (then rules on them never hold).
+    std::unique_ptr<Situation> situation;
     // System-wide keyboard shortcuts; may stay empty where there are none.
     std::unique_ptr<HotKeys> hotKeys;
     // Finds and installs new versions; may stay empty where the build has no updater.

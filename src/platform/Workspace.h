@@ -42,6 +42,13 @@ public:
     virtual bool openApplication(const QString& applicationURL, bool activates) = 0;
     virtual bool activate(std::int32_t pid) = 0;
     virtual void terminateSelf() = 0;
+    // Asks another application to quit, as its own Quit command would (it may ask to save, or
+    // refuse); false when the request could not be made.
+    virtual bool terminate(std::int32_t pid)
+    {
+        Q_UNUSED(pid);
+        return false;
+    }
     // The running application's icon, at the platform's backing scale; null when it has none.
     virtual QImage applicationIcon(std::int32_t pid)
     {

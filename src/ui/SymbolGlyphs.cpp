@@ -58,6 +58,9 @@ const QHash<QString, char32_t>& symbolGlyphs()
         {QStringLiteral("gearshape"), 0xe8b8},         // settings
         {QStringLiteral("menubar.rectangle"), 0xe069}, // web_asset
         {QStringLiteral("globe"), 0xe894},             // language
+        {QStringLiteral("bolt.badge.clock"), 0xf1c2},  // rule
+        {QStringLiteral("bell"), 0xe7f5},              // notifications_none
+        {QStringLiteral("bell.badge"), 0xe7f7},        // notifications_active
         {QStringLiteral("info.circle"), 0xe88e},       // info
         {QStringLiteral("arrow.clockwise"), 0xe5d5},   // refresh
         // welcome window

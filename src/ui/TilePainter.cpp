@@ -357,6 +357,8 @@ void TilePainter::tile(const PanelTile& tile, const QRectF& rect, const TileStat
         newMark(rect, radius);
     if (tile.placedInBar)
         placedMark(rect, radius, tile.isNew);
+    if (tile.changed)
+        changedMark(rect, radius);
     m_p.restore();
     if (state.focused)
         focusRing(rect, radius);
@@ -374,6 +376,18 @@ void TilePainter::newMark(const QRectF& rect, double radius)
     m_p.setPen(QPen(QColor(0, 0, 0, 70), 1));
     m_p.setBrush(Theme::systemBlue());
     m_p.drawEllipse(dot);
+}
+
+// An orange dot in the tile's top leading corner, clear of the marks at the other end: the
+// item changed while it was hidden, and the user has not seen it since.
+void TilePainter::changedMark(const QRectF& rect, double radius)
+{
+    const double inset = std::max(5.0, radius * 0.45);
+    const double side = 8;
+    const double x = m_rtl ? rect.right() - inset - side : rect.left() + inset;
+    m_p.setPen(QPen(QColor(255, 255, 255, 200), 1.2));
+    m_p.setBrush(Theme::systemOrange());
+    m_p.drawEllipse(QRectF(x, rect.top() + inset, side, side));
 }
 
 // A pin in the tile's top trailing corner (beside the new dot, when there is one): the user

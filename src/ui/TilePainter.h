@@ -62,6 +62,7 @@ private:
     void gridCell(const PanelTile& tile, const QRectF& rect);
     void stripRow(const PanelTile& tile, const QRectF& rect);
     void newMark(const QRectF& rect, double radius);
+    void changedMark(const QRectF& rect, double radius);
     void placedMark(const QRectF& rect, double radius, bool besideNewMark);
     void face(const QRectF& rect, double radius, int fill, bool dropTarget);
 

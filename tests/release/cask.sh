@@ -33,6 +33,7 @@ class Recorder
   def uninstall(**opts) = @fields["uninstall"] = opts
   def zap(**opts) = @fields["zap"] = Array(opts[:trash])
   def depends_on(**opts) = @fields["depends_on"] = opts
+  def appdir = "/Applications"
 end
 $cask = nil
 def cask(token, &block)
@@ -58,6 +59,10 @@ errors << "depends_on #{f["depends_on"].inspect} for macOS #{minimum}" unless f[
 errors << "app #{f["app"]}" unless f["app"] == "#{name}.app"
 errors << "uninstall quit #{f["uninstall"][:quit]}" unless f["uninstall"][:quit] == id
 errors << "uninstall login_item #{f["uninstall"][:login_item]}" unless f["uninstall"][:login_item] == name
+# Removing Ravlin puts back the system settings it changed: its own executable is run for it.
+script = f["uninstall"][:script] || {}
+errors << "uninstall script #{script[:executable]}" unless script[:executable] == "/Applications/#{name}.app/Contents/MacOS/#{name}"
+errors << "uninstall script args #{script[:args].inspect}" unless script[:args] == ["--restore-system-settings"]
 zap = f["zap"]
 expected = ["~/Library/Preferences/#{id}.plist", "~/Library/Caches/#{id}"] + logs.split.map { |l| "/tmp/#{l}" }
 (expected - zap).each { |p| errors << "zap misses #{p}" }

@@ -152,7 +152,7 @@ TEST(ScriptRunner, SettingsWindowCommandsNeedTheOpenWindowAndAControlItHas)
          QStringLiteral("the settings window is not open")},
         {QStringLiteral("start\nsettings close"),
          QStringLiteral("the settings window is not open")},
-        {QStringLiteral("start\nsettings open 4"), QStringLiteral("a number from 0 to 3")},
+        {QStringLiteral("start\nsettings open 5"), QStringLiteral("a number from 0 to 4")},
         {QStringLiteral("start\nsettings open\nsettings toggle wings"),
          QStringLiteral("has no switch wings")},
         {QStringLiteral("start\nsettings open\nsettings place nokey bar"),

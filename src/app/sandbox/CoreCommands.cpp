@@ -184,6 +184,7 @@ void registerAll(ScriptRunner& runner)
     registerUpdateCommands(runner);
     registerWelcomeCommands(runner);
     registerUserCommands(runner);
+    registerReactionCommands(runner);
     registerPendingCommands(runner);
 }
 

@@ -174,6 +174,8 @@ void applyAXOptions(CommandContext& c, const QMap<QString, QString>& o, SimAXSpe
         ax.description = o.value(QStringLiteral("ax.description"));
     if (o.contains(QStringLiteral("ax.help")))
         ax.help = o.value(QStringLiteral("ax.help"));
+    if (o.contains(QStringLiteral("ax.value")))
+        ax.value = o.value(QStringLiteral("ax.value"));
     if (o.contains(QStringLiteral("ax.actions")))
         ax.actions = o.value(QStringLiteral("ax.actions")).split(u',', Qt::SkipEmptyParts);
     if (o.contains(QStringLiteral("ax.result")))
@@ -219,7 +221,8 @@ void itemCommand(CommandContext& c)
                    QStringLiteral("ax"), QStringLiteral("ax.title"),
                    QStringLiteral("ax.description"), QStringLiteral("ax.help"),
                    QStringLiteral("ax.actions"), QStringLiteral("ax.result"),
-                   QStringLiteral("ax.depth"), QStringLiteral("helper")});
+                   QStringLiteral("ax.depth"), QStringLiteral("helper"), QStringLiteral("ax.value"),
+                   QStringLiteral("badge")});
     if (o.contains(QStringLiteral("width")))
         item.width = number(c, o.value(QStringLiteral("width")), QStringLiteral("width"));
     if (o.contains(QStringLiteral("height")))
@@ -230,6 +233,8 @@ void itemCommand(CommandContext& c)
         item.window = integer(c, o.value(QStringLiteral("window")), QStringLiteral("window"));
     item.owner = o.value(QStringLiteral("owner"));
     item.fixed = o.contains(QStringLiteral("fixed"));
+    if (o.contains(QStringLiteral("badge")))
+        item.badge = int(integer(c, o.value(QStringLiteral("badge")), QStringLiteral("badge")));
     if (o.contains(QStringLiteral("helper")))
         item.bundleId = helperOf(c, item.bundleId);
     applyAXOptions(c, o, item.ax);

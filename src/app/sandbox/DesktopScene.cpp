@@ -123,7 +123,7 @@ DesktopScene desktopScene(SandboxSession& s, bool withWindows, bool withMenus)
         DesktopScene::StatusItem item;
         item.frame =
             QRectF(placed.frame.x, placed.frame.y, placed.frame.width, placed.frame.height);
-        item.image = simItemPicture(placed);
+        item.image = simItemPicture(placed, desktop.badgeOf(placed.item));
         scene.items.push_back(item);
     }
     mirrorOnOtherDisplays(scene);

@@ -6,6 +6,7 @@
 
 #include "core/app/AppDelegate.h"
 #include "core/bar/StatusBarController.h"
+#include "core/rules/Rules.h"
 #include "foundation/Scheduler.h"
 
 #include <QJsonArray>
@@ -34,6 +35,7 @@ QString rest(CommandContext& c, qsizetype i, const QString& what)
     return words.join(u' ');
 }
 
+// The two occasions of earlier versions are rules now: this makes, changes or removes them.
 void whenCommand(CommandContext& c, StatusBarController& bar)
 {
     const QString occasion = c.need(2, QStringLiteral("display or battery"));
@@ -41,13 +43,15 @@ void whenCommand(CommandContext& c, StatusBarController& bar)
     const QString layout = name == u"off" ? QString() : name;
     if (!layout.isEmpty() && !bar.layouts().layout(layout))
         c.fail(QStringLiteral("there is no layout %1").arg(layout));
+    Rules* rules = c.session.app().rules();
+    if (!rules)
+        c.fail(QStringLiteral("the application has no rules"));
     if (occasion == u"display")
-        bar.layouts().setForDisplayConnected(layout);
+        rules->book().setOccasionLayout(RuleBook::displayRuleId, layout);
     else if (occasion == u"battery")
-        bar.layouts().setForBattery(layout);
+        rules->book().setOccasionLayout(RuleBook::batteryRuleId, layout);
     else
         c.fail(QStringLiteral("layout when takes display or battery, not %1").arg(occasion));
-    bar.armPowerWatch();
 }
 
 void layoutCommand(CommandContext& c)
@@ -83,6 +87,12 @@ void layoutCommand(CommandContext& c)
     c.session.scheduler().runDue();
 }
 
+QString occasion(SandboxSession& s, const QString& ruleId)
+{
+    const Rules* rules = s.app().rules();
+    return rules ? rules->book().occasionLayout(ruleId) : QString();
+}
+
 QJsonValue layoutsSection(SandboxSession& s, bool)
 {
     const StatusBarController* bar = s.hasApp() ? s.app().statusBar() : nullptr;
@@ -102,8 +112,8 @@ QJsonValue layoutsSection(SandboxSession& s, bool)
     }
     return QJsonObject{{QStringLiteral("names"), QJsonArray::fromStringList(library.names())},
                        {QStringLiteral("active"), orNull(library.active())},
-                       {QStringLiteral("onDisplay"), orNull(library.forDisplayConnected())},
-                       {QStringLiteral("onBattery"), orNull(library.forBattery())},
+                       {QStringLiteral("onDisplay"), orNull(occasion(s, RuleBook::displayRuleId))},
+                       {QStringLiteral("onBattery"), orNull(occasion(s, RuleBook::batteryRuleId))},
                        {QStringLiteral("saved"), saved}};
 }
 

@@ -156,6 +156,7 @@ QJsonObject tileJson(const RavlinBarView& view, const PanelTile& t)
             {QStringLiteral("h"), r.height()},
             {QStringLiteral("visible"), view.isTileVisible(t.key)},
             {QStringLiteral("new"), t.isNew},
+            {QStringLiteral("changed"), t.changed},
             {QStringLiteral("placedInBar"), t.placedInBar},
             {QStringLiteral("painted"), QJsonArray::fromStringList(view.paintedTexts(t.key))}};
 }

@@ -38,6 +38,9 @@ void registerWelcomeCommands(ScriptRunner& runner);
 // user (the person's hands: typing, moving the pointer, holding a button or modifiers); the
 // section user.
 void registerUserCommands(ScriptRunner& runner);
+// change, busy, watch, wifi, front, focus, timezone, until, rule, spacing, costs; the sections
+// changes, rules, situation, spacing and costs.
+void registerReactionCommands(ScriptRunner& runner);
 // Every command of the script language that a later part of the sandbox brings.
 void registerPendingCommands(ScriptRunner& runner);
 

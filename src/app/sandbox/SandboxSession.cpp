@@ -7,6 +7,7 @@
 #include "platform/sim/SimAssessmentMode.h"
 #include "platform/sim/SimEventMonitors.h"
 #include "platform/sim/SimMenuBarSpacing.h"
+#include "platform/sim/SimSituation.h"
 #include "platform/sim/SimStatusBar.h"
 #include "ui/ArrangeHUD.h"
 #include "ui/ArrangeView.h"
@@ -221,6 +222,11 @@ SimUpdater* SandboxSession::updater()
 void SandboxSession::removeUpdater()
 {
     m_platform.updater.reset();
+}
+
+SimSituation& SandboxSession::situation()
+{
+    return static_cast<SimSituation&>(*m_platform.situation);
 }
 
 SimMenuBarSpacing& SandboxSession::menuBarSpacing()

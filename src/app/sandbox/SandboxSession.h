@@ -34,6 +34,7 @@ class SimLoginItems;
 class SimMenuBarSpacing;
 class SimSystemProbe;
 class SimHotKeys;
+class SimSituation;
 class SimUpdater;
 struct KeyChord;
 } // namespace ravlin
@@ -85,6 +86,10 @@ public:
     SettingsWindowController& settingsWindow();
     WelcomeWindowController& welcomeWindow();
     SimMenuBarSpacing& menuBarSpacing();
+    SimSituation& situation();
+    // Timer firings of the virtual clock since the last reset (what a rest costs).
+    std::uint64_t firedCount() const { return m_scheduler.firedCount() - m_firedBase; }
+    void resetFiredCount() { m_firedBase = m_scheduler.firedCount(); }
     SimHotKeys& hotKeys();
     // The simulated updater; null once a script took it away.
     SimUpdater* updater();
@@ -137,6 +142,7 @@ private:
     std::unique_ptr<WelcomeWindowController> m_welcomeWindow;
     std::unique_ptr<AppDelegate> m_app;
     bool m_started = false;
+    std::uint64_t m_firedBase = 0;
 };
 
 } // namespace ravlin::sandbox

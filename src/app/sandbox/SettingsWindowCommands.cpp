@@ -96,6 +96,9 @@ void setValue(CommandContext& c)
         auto* field = control<QLineEdit>(c, name, QStringLiteral("field"));
         field->setFocus(Qt::OtherFocusReason);
         field->setText(value);
+        // As the person typing it presses Return: the fields that take their value when
+        // editing ends take it now.
+        Q_EMIT field->editingFinished();
         return;
     }
     auto* popup = control<PopupButton>(c, name, QStringLiteral("control"));
@@ -104,7 +107,9 @@ void setValue(CommandContext& c)
         index = popup->findText(value);
     if (index < 0)
         c.fail(QStringLiteral("%1 offers no %2").arg(name, value));
+    // As a person picks the entry: the choice changes, and the pick is announced.
     popup->setCurrentIndex(index);
+    Q_EMIT popup->activated(index);
 }
 
 void pickLanguage(CommandContext& c)
@@ -266,7 +271,8 @@ QJsonValue settingsSection(SandboxSession& s, bool)
     const SettingsView* view = window.view();
     if (!view)
         return QJsonValue();
-    const auto spacing = s.menuBarSpacing().applied();
+    const SpacingValues spacing = s.menuBarSpacing().stored();
+    auto number = [](const std::optional<int>& n) { return n ? QJsonValue(*n) : QJsonValue(); };
     const auto* picker = view->findChild<PopupButton*>(QStringLiteral("language"));
     return QJsonObject{
         {QStringLiteral("visible"), window.isVisible()},
@@ -285,9 +291,9 @@ QJsonValue settingsSection(SandboxSession& s, bool)
         {QStringLiteral("systemItems"),
          switches(*view, QStringLiteral("system:"), QStringLiteral("id"))},
         {QStringLiteral("spacing"),
-         spacing ? QJsonValue(QJsonObject{{QStringLiteral("spacing"), spacing->first},
-                                          {QStringLiteral("padding"), spacing->second}})
-                 : QJsonValue()},
+         spacing.isDefault() ? QJsonValue()
+                             : QJsonValue(QJsonObject{{QStringLiteral("spacing"), number(spacing.spacing)},
+                                                      {QStringLiteral("padding"), number(spacing.padding)}})},
     };
 }
 

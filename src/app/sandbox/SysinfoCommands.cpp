@@ -13,6 +13,7 @@
 #include "platform/sim/SimGeocoder.h"
 #include "platform/sim/SimHttpClient.h"
 #include "platform/sim/SimLocationService.h"
+#include "platform/sim/SimSituation.h"
 #include "platform/sim/SimSystemProbe.h"
 
 #include <QJsonArray>
@@ -134,6 +135,9 @@ void probeCommand(CommandContext& c)
             probe->setBattery(PowerSource{needInteger(c, 2, QStringLiteral("CURRENT")),
                                           needInteger(c, 3, QStringLiteral("MAX")),
                                           batteryState(c, 4)});
+        // The system tells of a change of the power source as it happens.
+        c.session.situation().powerSourceChanged();
+        c.session.scheduler().runDue();
     } else if (what == u"disk") {
         const std::int64_t total = needInteger(c, 2, QStringLiteral("TOTALBYTES"));
         probe->setVolume(

@@ -8,10 +8,14 @@
 #include "core/bar/MenuBarHideEngine.h"
 #include "core/bar/StatusBarController.h"
 #include "core/bar/TilePanel.h"
+#include "core/changes/ItemChanges.h"
+#include "core/changes/WatchList.h"
 #include "core/discovery/MenuBarScanner.h"
 #include "core/discovery/PermissionManager.h"
 #include "core/discovery/ScannerModel.h"
+#include "core/rules/Rules.h"
 #include "core/settings/LanguageManager.h"
+#include "core/settings/ItemSpacing.h"
 #include "core/settings/LaunchAtLogin.h"
 #include "core/settings/Preferences.h"
 #include "core/sysinfo/SystemStats.h"
@@ -25,6 +29,7 @@
 #include "platform/ApplicationControl.h"
 #include "platform/Platform.h"
 #include "platform/SystemProbe.h"
+#include "platform/Situation.h"
 #include "platform/Workspace.h"
 
 #include <QPointer>
@@ -46,7 +51,8 @@ AppDelegate::AppDelegate(Platform& platform, Scheduler& scheduler, const Resourc
       m_scannerModel(std::make_unique<ScannerModel>(m_menuBar->scanner(), m_menuBar->apps())),
       m_tileModel(std::make_unique<TileModel>(*platform.defaults)),
       m_hideEngine(std::make_unique<MenuBarHideEngine>(platform.assessmentMode.get())),
-      m_updates(std::make_unique<SoftwareUpdate>(*platform.defaults, platform.updater.get()))
+      m_updates(std::make_unique<SoftwareUpdate>(*platform.defaults, platform.updater.get())),
+      m_watchList(std::make_unique<WatchList>(*platform.defaults))
 {
     m_welcome = std::make_unique<WelcomeGuide>(WelcomeServices{
         scheduler, *platform.defaults, *m_preferences, m_menuBar->permissions(),
@@ -69,26 +75,17 @@ AppDelegate::~AppDelegate()
     m_shortcuts.reset();
     if (m_windows.panel && m_launched)
         m_windows.panel->onSettings = nullptr;
+    // What works through the status bar goes before it.
+    m_rules.reset();
+    m_changes.reset();
+    if (m_statusBar)
+        m_statusBar->setPanelExtras({});
     m_statusBar.reset(); // before the services it borrows
 }
 
 void AppDelegate::setLogDirectory(const QString& directory)
 {
     m_logs->setDirectory(directory);
-}
-
-std::function<std::optional<bool>()> AppDelegate::onBatteryReader()
-{
-    return [probe = m_platform.systemProbe.get()]() -> std::optional<bool> {
-        const std::optional<QList<PowerSource>> sources = probe ? probe->powerSources()
-                                                                : std::nullopt;
-        if (!sources)
-            return std::nullopt;
-        for (const PowerSource& source : *sources)
-            if (source.discharging)
-                return source.discharging;
-        return std::nullopt;
-    };
 }
 
 bool AppDelegate::anotherInstanceIsRunning()
@@ -116,6 +113,11 @@ bool AppDelegate::anotherInstanceIsRunning()
 void AppDelegate::applicationDidFinishLaunching(const QStringList& arguments)
 {
     m_launched = true;
+    // Run by an uninstaller, also while another copy still runs: it only gives back settings.
+    if (arguments.contains(QStringLiteral("--restore-system-settings"))) {
+        restoreSystemSettings();
+        return;
+    }
     if (anotherInstanceIsRunning())
         return;
     if (arguments.contains(QStringLiteral("--hidetest"))) {
@@ -151,8 +153,8 @@ void AppDelegate::applicationDidFinishLaunching(const QStringList& arguments)
                                                                 m_windows.guide,
                                                                 m_windows.settings,
                                                                 m_updates.get(),
-                                                                m_platform.bundleIdentifier,
-                                                                onBatteryReader()});
+                                                                m_platform.bundleIdentifier});
+    makeRulesAndChanges();
     makeShortcuts();
     if (m_preferences->showWeather())
         m_weather->refreshIfStale();
@@ -172,6 +174,30 @@ void AppDelegate::applicationDidFinishLaunching(const QStringList& arguments)
     m_welcome->launched();
     if (arguments.contains(QStringLiteral("--settings")))
         showSettings(0);
+}
+
+void AppDelegate::makeRulesAndChanges()
+{
+    m_changes = std::make_unique<ItemChanges>(m_platform, m_scheduler, *m_menuBar, *m_scannerModel,
+                                              *m_watchList, *m_statusBar, *m_language);
+    m_rules = std::make_unique<Rules>(
+        SituationSources{m_scheduler, *m_platform.screens, *m_platform.workspace,
+                         m_platform.systemProbe.get(), m_platform.situation.get()},
+        *m_statusBar, *m_preferences, *m_language, *m_scannerModel);
+    ChangeSpotlight& spotlight = m_changes->spotlight();
+    Rules& rules = *m_rules;
+    m_statusBar->setPanelExtras(
+        {[&spotlight](std::vector<BarGroup> groups) { return spotlight.arrange(std::move(groups)); },
+         [&rules] { return rules.inForceLine(); }, [&spotlight] { spotlight.seen(); }});
+    m_rules->start();
+}
+
+void AppDelegate::restoreSystemSettings()
+{
+    ItemSpacing spacing(m_platform.menuBarSpacing.get(), *m_platform.defaults);
+    const bool ok = spacing.restoreOnRemoval();
+    qCInfo(lcApp) << "the system settings Ravlin changed are back as they were";
+    m_platform.application->exit(ok ? 0 : 1);
 }
 
 void AppDelegate::makeShortcuts()

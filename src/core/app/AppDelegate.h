@@ -12,12 +12,14 @@ namespace ravlin {
 class ArrangeGuide;
 class DiagnosticLogs;
 class GlobalShortcuts;
+class ItemChanges;
 class LanguageManager;
 class MenuBarHideEngine;
 class MenuBarServices;
 class NotificationCenter;
 class Preferences;
 class Resources;
+class Rules;
 class ScannerModel;
 class Scheduler;
 class SettingsPresenter;
@@ -26,6 +28,7 @@ class StatusBarController;
 class SystemStats;
 class TileModel;
 class TilePanel;
+class WatchList;
 class WeatherService;
 class WelcomeGuide;
 class WelcomePresenter;
@@ -73,15 +76,22 @@ public:
     StatusBarController* statusBar() const { return m_statusBar.get(); }
     // The system-wide shortcuts; absent until start-up made them, like the status bar.
     GlobalShortcuts* shortcuts() const { return m_shortcuts.get(); }
+    // The items to show when they change, and the watch and spotlight that do it (absent until
+    // start-up made them, like the status bar).
+    WatchList& watchList() const { return *m_watchList; }
+    ItemChanges* itemChanges() const { return m_changes.get(); }
+    // The user's rules; absent until start-up made them.
+    Rules* rules() const { return m_rules.get(); }
     // Where the self-tests write their reports (empty: the default folder).
     void setLogDirectory(const QString& directory);
     bool launched() const { return m_launched; }
 
 private:
     bool anotherInstanceIsRunning();
-    // Whether the Mac runs on battery now, read from the system's power sources.
-    std::function<std::optional<bool>()> onBatteryReader();
     void runHideEngineSelfTest();
+    // Ravlin is being removed: the system settings it changed go back, and the process ends.
+    void restoreSystemSettings();
+    void makeRulesAndChanges();
     void showSettings(int tab);
     void makeShortcuts();
 
@@ -101,6 +111,9 @@ private:
     std::unique_ptr<WelcomeGuide> m_welcome;
     std::unique_ptr<StatusBarController> m_statusBar;
     std::unique_ptr<GlobalShortcuts> m_shortcuts;
+    std::unique_ptr<WatchList> m_watchList;
+    std::unique_ptr<ItemChanges> m_changes;
+    std::unique_ptr<Rules> m_rules;
     AppWindows m_windows;
     QString m_hideLog;
     bool m_launched = false;

@@ -79,9 +79,8 @@ bool LayoutLibrary::remove(const QString& name)
     if (!stored.remove(name))
         return false;
     m_defaults.set(layoutsKey, stored);
-    for (const QString& key : {activeKey, onDisplayKey, onBatteryKey, beforeKey})
-        if (text(key) == name)
-            m_defaults.remove(key);
+    if (active() == name)
+        m_defaults.remove(activeKey);
     return true;
 }
 
@@ -100,11 +99,5 @@ void LayoutLibrary::setText(const QString& key, const QString& value)
 
 QString LayoutLibrary::active() const { return text(activeKey); }
 void LayoutLibrary::setActive(const QString& name) { setText(activeKey, name); }
-QString LayoutLibrary::forDisplayConnected() const { return text(onDisplayKey); }
-void LayoutLibrary::setForDisplayConnected(const QString& name) { setText(onDisplayKey, name); }
-QString LayoutLibrary::forBattery() const { return text(onBatteryKey); }
-void LayoutLibrary::setForBattery(const QString& name) { setText(onBatteryKey, name); }
-QString LayoutLibrary::before() const { return text(beforeKey); }
-void LayoutLibrary::setBefore(const QString& name) { setText(beforeKey, name); }
 
 } // namespace ravlin

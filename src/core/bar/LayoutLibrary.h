@@ -10,16 +10,12 @@ namespace ravlin {
 
 class DefaultsStore;
 
-// The layouts the user saved, kept in the settings under "ravlin.layouts", which one is in
-// use, and the occasions that switch to one by themselves (off unless the user picks a layout).
+// The layouts the user saved, kept in the settings under "ravlin.layouts", and which one is in
+// use. Rules (core/rules) switch between them by themselves.
 class LayoutLibrary {
 public:
     static inline const QString layoutsKey = QStringLiteral("ravlin.layouts");
     static inline const QString activeKey = QStringLiteral("ravlin.activeLayout");
-    static inline const QString onDisplayKey = QStringLiteral("ravlin.layoutOnDisplay");
-    static inline const QString onBatteryKey = QStringLiteral("ravlin.layoutOnBattery");
-    // What was in use before an occasion switched, to go back to when it ends.
-    static inline const QString beforeKey = QStringLiteral("ravlin.layoutBefore");
 
     // Far more than anyone keeps; it bounds what a hand-edited or hostile file can make us
     // read at every look at the library.
@@ -40,14 +36,6 @@ public:
 
     QString active() const;
     void setActive(const QString& name);
-
-    // Empty: the occasion switches nothing.
-    QString forDisplayConnected() const;
-    void setForDisplayConnected(const QString& name);
-    QString forBattery() const;
-    void setForBattery(const QString& name);
-    QString before() const;
-    void setBefore(const QString& name);
 
 private:
     QString text(const QString& key) const;

@@ -98,6 +98,11 @@ void StatusBarController::presentTile()
     noticeArrangement();
     const OutOfSight sight = outOfSight();
     m_footnote = footnoteFor(sight);
+    if (const QString extra = m_panelExtras.note ? m_panelExtras.note() : QString(); !extra.isEmpty())
+        m_footnote.text = m_footnote.text.isEmpty() ? extra : m_footnote.text + u' ' + extra;
+    std::vector<BarGroup> groups = markedNew(sight.groups);
+    if (m_panelExtras.arrange)
+        groups = m_panelExtras.arrange(std::move(groups));
     if (m_s.panel) {
         std::weak_ptr<bool> alive = m_alive;
         auto onItem = [this, alive](const BarItem& item) {
@@ -108,7 +113,7 @@ void StatusBarController::presentTile()
             if (auto a = alive.lock(); a && *a)
                 activateStat(stat);
         };
-        m_s.panel->show(markedNew(sight.groups), toggleScreenRect(), onItem, onStat);
+        m_s.panel->show(groups, toggleScreenRect(), onItem, onStat);
     }
     m_tileOpen = true;
 }
@@ -117,6 +122,8 @@ void StatusBarController::closeTile()
 {
     if (m_s.panel)
         m_s.panel->hide();
+    if (m_tileOpen)
+        panelSeen();
     m_tileOpen = false;
     m_lastTileClose = m_s.scheduler.now();
     resumeBarCheck();

@@ -1,5 +1,5 @@
 // Layouts the user saved under a name: switched from the status menu, taken to another Mac as
-// a file, and switched to by themselves when a display is connected or the Mac runs on battery.
+// a file, and switched to by rules (core/rules).
 #include "StatusBarController.h"
 
 #include "ArrangementPlanner.h"
@@ -18,7 +18,6 @@
 namespace ravlin {
 namespace {
 
-constexpr double powerCheckInterval = 60.0;
 // A layout file of a real bar is a few kilobytes.
 constexpr qint64 maxLayoutFileBytes = 4 * 1024 * 1024;
 
@@ -162,65 +161,6 @@ std::optional<QString> StatusBarController::importLayout(const QString& path, QS
         qCInfo(lcBar).noquote() << "imported the layout" << LayoutName::quoted(*kept) << "from"
                                 << path;
     return kept;
-}
-
-// --- occasions that switch by themselves -----------------------------------------------
-
-void StatusBarController::occasionBegins(const QString& layout, const QString& occasion)
-{
-    if (layout.isEmpty() || m_layouts.active() == layout || !m_layouts.layout(layout))
-        return;
-    m_layouts.setBefore(m_layouts.active());
-    switchLayout(layout, occasion);
-}
-
-void StatusBarController::occasionEnds(const QString& layout, const QString& occasion)
-{
-    if (layout.isEmpty() || m_layouts.active() != layout)
-        return;
-    const QString before = m_layouts.before();
-    m_layouts.setBefore(QString());
-    if (!before.isEmpty())
-        switchLayout(before, occasion);
-}
-
-void StatusBarController::switchForDisplays()
-{
-    const int count = int(m_s.screens.screens().size());
-    const int before = std::exchange(m_displayCount, count);
-    const QString layout = m_layouts.forDisplayConnected();
-    if (before == 0 || count == before)
-        return;
-    if (count > before)
-        occasionBegins(layout, QStringLiteral("a display was connected"));
-    else if (count == 1)
-        occasionEnds(layout, QStringLiteral("the extra displays are gone"));
-}
-
-void StatusBarController::armPowerWatch()
-{
-    if (m_layouts.forBattery().isEmpty() || !m_s.onBattery) {
-        m_powerTimer.invalidate();
-        m_onBattery.reset();
-        return;
-    }
-    if (!m_powerTimer.isValid())
-        m_powerTimer = m_s.scheduler.every(powerCheckInterval, weakly([this] { checkPower(); }));
-    checkPower();
-}
-
-void StatusBarController::checkPower()
-{
-    const std::optional<bool> onBattery = m_s.onBattery ? m_s.onBattery() : std::nullopt;
-    if (!onBattery || onBattery == m_onBattery)
-        return;
-    const bool first = !m_onBattery.has_value();
-    m_onBattery = onBattery;
-    const QString layout = m_layouts.forBattery();
-    if (*onBattery)
-        occasionBegins(layout, QStringLiteral("the Mac runs on battery"));
-    else if (!first)
-        occasionEnds(layout, QStringLiteral("the Mac is on power again"));
 }
 
 MenuEntry StatusBarController::layoutsEntry()

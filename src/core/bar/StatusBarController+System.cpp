@@ -74,7 +74,6 @@ void StatusBarController::displaysChanged()
     m_hiding->displaysChanged();
     updateChevron();
     restoreArrangement(QStringLiteral("a display change"));
-    switchForDisplays();
 }
 
 void StatusBarController::verifyCollapse()

@@ -25,14 +25,13 @@ StatusBarController::StatusBarController(StatusBarServices services)
     m_screensToken = m_s.screens.addChangeObserver(weakly([this] { displaysChanged(); }));
     setupHover();
     watchDragsByHand();
-    m_displayCount = int(m_s.screens.screens().size());
-    armPowerWatch();
     m_prefsToken =
         m_s.notifications.addObserver(ravlinPrefsChanged, weakly([this] { prefsChanged(); }));
     if (m_s.panel) {
         m_s.panel->onClose = weakly([this] {
             m_tileOpen = false;
             m_lastTileClose = m_s.scheduler.now();
+            panelSeen();
             resumeBarCheck();
         });
         m_s.panel->footnote = [this, alive = std::weak_ptr<bool>(m_alive)] {
@@ -45,10 +44,7 @@ StatusBarController::StatusBarController(StatusBarServices services)
     m_wakeToken = m_s.workspace.addObserver(
         WorkspaceNotification::DidWake,
         [wake = weakly([this] {
-             later(1.0, [this] {
-                 restoreArrangement(QStringLiteral("a wake"));
-                 checkPower();
-             });
+             later(1.0, [this] { restoreArrangement(QStringLiteral("a wake")); });
          })](const RunningApplication&) { wake(); });
     later(0.7, [this] {
         // By now the bar has laid the items out: a second look sees where they stand.
@@ -92,6 +88,7 @@ StatusBarController::~StatusBarController()
     m_rehideTimer.invalidate();
     m_revealSafetyTimer.invalidate();
     m_watchTimer.invalidate();
+    m_momentTimer.invalidate();
     if (m_s.panel) {
         m_s.panel->onClose = nullptr;
         m_s.panel->footnote = nullptr;

@@ -86,8 +86,6 @@ struct StatusBarServices {
     SettingsPresenter* settings = nullptr;
     SoftwareUpdate* updates = nullptr;
     QString bundleIdentifier;
-    // Whether the Mac runs on battery now (absent: unknown, or no battery).
-    std::function<std::optional<bool>()> onBattery;
 };
 
 // The spine of the application: owns its status items, decides the separators'
@@ -195,10 +193,22 @@ public:
     std::optional<QString> importLayout(const QString& path, QString* error = nullptr);
     LayoutLibrary& layouts() { return m_layouts; }
     const LayoutLibrary& layouts() const { return m_layouts; }
-    void switchForDisplays();
-    void armPowerWatch();
-    void checkPower();
     MenuEntry layoutsEntry();
+
+    // Moments: an item shown in the bar for a while (where the technique can bring it into
+    // sight; `done` hears whether it came), the hidden items shown for a while.
+    void showForAMoment(const QString& key, double seconds, std::function<void(bool shown)> done);
+    void revealForAWhile(double seconds);
+    // Whether the user sees the item in the bar now (one look at the bar).
+    bool inSight(const QString& key) const;
+    // What other parts of the program add to the panel: sections in front of the others, a
+    // line after its own note, and who hears that the user has seen it.
+    struct PanelExtras {
+        std::function<std::vector<BarGroup>(std::vector<BarGroup>)> arrange;
+        std::function<QString()> note;
+        std::function<void()> seen;
+    };
+    void setPanelExtras(PanelExtras extras) { m_panelExtras = std::move(extras); }
 
     // The running system's menu bar.
     void lookAtSystem();
@@ -300,9 +310,8 @@ private:
     void prefsChanged();
     void appendApplicationEntries(std::vector<MenuEntry>& entries);
     void placeNewItem(const QString& key);
-    void occasionBegins(const QString& layout, const QString& occasion);
     void bringPlacedInBar(const SavedLayout& layout);
-    void occasionEnds(const QString& layout, const QString& occasion);
+    void panelSeen();
     // Layout: what stood on the hidden side when a reveal began goes back there afterwards;
     // nothing else moves but items placed off.
     struct HiddenSide {
@@ -356,10 +365,9 @@ private:
     Footnote m_footnote;                // of the panel as last shown
     NewItemTracker m_newItems;
     LayoutLibrary m_layouts;
-    int m_displayCount = 0;
+    PanelExtras m_panelExtras;
+    Timer m_momentTimer;
     std::optional<ScreenPoint> m_clickPoint; // of the last click on the chevron
-    Timer m_powerTimer;
-    std::optional<bool> m_onBattery;
     QStringList m_movedBySystem;
     QSet<QString> m_notWhereWanted; // placed where Ravlin could not bring them
     bool m_restoring = false;

@@ -25,6 +25,10 @@ struct MenuBarCapabilities {
 
     // Items that do not fit wait in the system's overflow menu where long items are dropped.
     bool hasOverflowMenu() const { return longestItem.has_value(); }
+    // Where every item is a window of its own application, the system's items follow the item
+    // spacing the user sets, as every application's do; where the bar's agent draws all items,
+    // its own items keep their spacing.
+    bool systemItemsFollowSpacing() const { return itemWindows; }
 };
 
 } // namespace ravlin

@@ -8,7 +8,7 @@ bool BarItem::operator==(const BarItem& other) const
            imageIsApplicationIcon == other.imageIsApplicationIcon &&
            symbolName == other.symbolName && label == other.label && isApple == other.isApple &&
            key == other.key && pid == other.pid && bundleId == other.bundleId &&
-           isNew == other.isNew && placedInBar == other.placedInBar &&
+           isNew == other.isNew && placedInBar == other.placedInBar && changed == other.changed &&
            searchTerms == other.searchTerms && ownTitle == other.ownTitle &&
            ownDescription == other.ownDescription;
 }

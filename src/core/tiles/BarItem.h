@@ -28,6 +28,8 @@ struct BarItem {
     bool isNew = false;
     // The user placed it in the bar, but it is out of sight: the panel offers it, marked.
     bool placedInBar = false;
+    // It changed while out of sight, where it could not be shown in the bar: marked until seen.
+    bool changed = false;
     // More names a search finds the item by: its application's, its accessibility
     // title and description.
     QStringList searchTerms;

@@ -67,11 +67,20 @@ std::vector<PanelSection> PanelContent::sections(const PanelRequest& request) co
     std::vector<PanelSection> result;
     if (request.showWeather)
         result.push_back({std::nullopt, {weatherTile()}, false});
+    // Items that changed while hidden wait above everything else to be seen.
+    auto changed = [](const BarGroup& g) {
+        return !g.items.empty() &&
+               std::all_of(g.items.begin(), g.items.end(), [](const BarItem& i) { return i.changed; });
+    };
+    for (const BarGroup& group : request.groups)
+        if (changed(group))
+            result.push_back({group.title, itemTiles(group), true});
     if (request.showSystemTiles)
         result.push_back(
             {m_language.L(QStringLiteral("panel.statistics")), statisticsTiles(), true});
     for (const BarGroup& group : request.groups)
-        result.push_back({group.title, itemTiles(group), true});
+        if (!changed(group))
+            result.push_back({group.title, itemTiles(group), true});
     std::vector<PanelTile> permissions =
         permissionTiles(request.hasScreenRecording, request.hasAccessibility);
     if (!permissions.empty() && request.query.trimmed().isEmpty())
@@ -173,6 +182,7 @@ std::vector<PanelTile> PanelContent::itemTiles(const BarGroup& group) const
         tile.accent = tileAccent(item.label);
         tile.isNew = item.isNew;
         tile.placedInBar = item.placedInBar;
+        tile.changed = item.changed;
         tile.content = item;
         tiles.push_back(std::move(tile));
     }

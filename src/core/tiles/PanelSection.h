@@ -29,6 +29,7 @@ struct PanelTile {
     std::optional<TileContent> content; // the tiles the style arranges
     bool isNew = false;                 // an item first seen within the last day
     bool placedInBar = false;           // set to stay in the bar, but out of sight
+    bool changed = false;               // it changed while hidden, and has not been seen since
     bool asksForAccess = false;         // the weather header asks for location access
 };
 

@@ -4,11 +4,12 @@
 
 namespace ravlin {
 
-// Writes NSStatusItemSpacing and NSStatusItemSelectionPadding into the current
-// host's global domain, where the system's status bar reads them at login.
+// Reads and writes NSStatusItemSpacing and NSStatusItemSelectionPadding in the current
+// host's global domain, where applications' status bars read them when they start.
 class MacMenuBarSpacing final : public MenuBarSpacing {
 public:
-    bool apply(int spacing, int padding) override;
+    SpacingValues stored() override;
+    bool store(const SpacingValues& values) override;
 };
 
 } // namespace ravlin

@@ -13,6 +13,7 @@
 #include "MacMenuBarSpacing.h"
 #include "MacPermissions.h"
 #include "MacScreens.h"
+#include "MacSituation.h"
 #include "MacStatusBar.h"
 #include "MacSystem.h"
 #include "MacSystemProbe.h"
@@ -47,6 +48,7 @@ Platform makePlatform(Scheduler& scheduler)
     platform.hotKeys = std::make_unique<MacHotKeys>();
     platform.updater = std::make_unique<SparkleUpdater>();
     platform.appearance = std::make_unique<MacAppearance>();
+    platform.situation = std::make_unique<MacSituation>();
     platform.preferredLanguages = MacSystem::preferredLanguages();
     platform.bundleIdentifier = MacSystem::bundleIdentifier();
     return platform;

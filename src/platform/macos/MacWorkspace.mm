@@ -125,6 +125,12 @@ void MacWorkspace::terminateSelf()
     [NSApp terminate:nil];
 }
 
+bool MacWorkspace::terminate(std::int32_t pid)
+{
+    NSRunningApplication* app = [NSRunningApplication runningApplicationWithProcessIdentifier:pid];
+    return app && [app terminate];
+}
+
 QImage MacWorkspace::applicationIcon(std::int32_t pid)
 {
     NSRunningApplication* app = [NSRunningApplication runningApplicationWithProcessIdentifier:pid];

@@ -84,6 +84,7 @@ int SimAccessibility::gate(const Node& n)
         return AXError::apiDisabled;
     if (n.kind == Node::Kind::SystemWide)
         return AXError::success;
+    m_desktop.countAXRequest(n.pid);
     const SimApp* app = m_desktop.appByPid(n.pid);
     if (!app || !app->running)
         return AXError::invalidElement;
@@ -106,6 +107,7 @@ AXResult<AXElement> SimAccessibility::elementAtPosition(const AXElement& root, f
     const std::optional<SimPlacedItem> hit = m_desktop.itemAt({x, y});
     if (!hit || !hit->item.ax.present)
         return {AXError::noValue, {}};
+    m_desktop.countAXRequest(hit->pid);
     if (const SimApp* app = m_desktop.appByPid(hit->pid); app && app->hung) {
         m_desktop.blockFor(timeoutFor(*r));
         return {AXError::cannotComplete, {}};
@@ -294,6 +296,8 @@ AXResult<AXValue> SimAccessibility::itemAttribute(const Node& n, const QString& 
         return textValue(item->ax.description);
     if (attribute == u"AXHelp")
         return textValue(item->ax.help);
+    if (attribute == u"AXValue")
+        return textValue(m_desktop.valueOf(*item));
     return {AXError::attributeUnsupported, {}};
 }
 

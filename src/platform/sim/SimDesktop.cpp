@@ -229,6 +229,36 @@ bool SimDesktop::terminate(const QString& bundleId)
     return true;
 }
 
+namespace {
+
+// How often a busy item moved on by now.
+int busySteps(const SimBusy& busy, const Scheduler* scheduler)
+{
+    if (busy.every <= 0 || !scheduler)
+        return 0;
+    return int(std::max(0.0, scheduler->now() - busy.since) / busy.every);
+}
+
+} // namespace
+
+int SimDesktop::badgeOf(const SimItem& item) const
+{
+    return item.badge + (item.busy.value ? 0 : busySteps(item.busy, m_scheduler));
+}
+
+std::optional<QString> SimDesktop::valueOf(const SimItem& item) const
+{
+    if (!item.busy.value || item.busy.every <= 0)
+        return item.ax.value;
+    return item.ax.value.value_or(QString()) + QString::number(busySteps(item.busy, m_scheduler));
+}
+
+void SimDesktop::countAXRequest(std::int32_t pid)
+{
+    const SimApp* app = appByPid(pid);
+    ++m_costs.axRequests[app ? app->bundleId : QString::number(pid)];
+}
+
 void SimDesktop::recordActivation(const SimItem& item, const QString& how)
 {
     m_activations.push_back({item.bundleId, item.title, how});

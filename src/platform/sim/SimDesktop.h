@@ -175,6 +175,16 @@ public:
     int screenRecordingPrompts = 0;
     int accessibilityPrompts = 0;
 
+    // What an item shows now: its badge and its element's value, moved on while it is busy.
+    int badgeOf(const SimItem& item) const;
+    std::optional<QString> valueOf(const SimItem& item) const;
+    // What looks at the desktop cost, since the start or the last reset.
+    const SimCosts& costs() const { return m_costs; }
+    void resetCosts() { m_costs = {}; }
+    void countAXRequest(std::int32_t pid);
+    void countWindowImage() { ++m_costs.windowImages; }
+    void countWindowList() { ++m_costs.windowLists; }
+
     // What happened.
     void recordActivation(const SimItem& item, const QString& how);
     void recordOpened(const QString& what) { m_opened.push_back(what); }
@@ -229,6 +239,7 @@ private:
     std::vector<SimPostedEvent> m_events;
     std::vector<SimActivation> m_activations;
     QStringList m_opened;
+    SimCosts m_costs;
 };
 
 } // namespace ravlin

@@ -7,7 +7,7 @@
 
 namespace ravlin {
 
-QImage simItemPicture(const SimPlacedItem& p)
+QImage simItemPicture(const SimPlacedItem& p, int badge)
 {
     constexpr double scale = 2.0;
     const QSize size(qMax(1, int(p.frame.width * scale)), qMax(1, int(p.frame.height * scale)));
@@ -29,6 +29,17 @@ QImage simItemPicture(const SimPlacedItem& p)
     font.setBold(true);
     painter.setFont(font);
     painter.drawText(box, Qt::AlignCenter, letter);
+    if (badge > 0) {
+        const double d = side * 0.62;
+        const QRectF dot(box.right() - d * 0.6, box.top() - d * 0.3, d, d);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(QColor(255, 59, 48));
+        painter.drawEllipse(dot);
+        font.setPixelSize(qMax(1, int(d * 0.7)));
+        painter.setFont(font);
+        painter.setPen(Qt::white);
+        painter.drawText(dot, Qt::AlignCenter, badge > 9 ? QStringLiteral("9+") : QString::number(badge));
+    }
     return image;
 }
 

@@ -2,24 +2,31 @@
 
 #include "platform/MenuBarSpacing.h"
 
-#include <optional>
-#include <utility>
-
 namespace ravlin {
 
-// Records the spacing the application asked for; the simulated bar keeps its layout.
+// The simulated system's global defaults for the item spacing: what is stored, and how often
+// it was written. The simulated bar keeps its layout whatever they say.
 class SimMenuBarSpacing final : public MenuBarSpacing {
 public:
-    bool apply(int spacing, int padding) override
+    SpacingValues stored() override { return m_stored; }
+    bool store(const SpacingValues& values) override
     {
-        m_applied = std::make_pair(spacing, padding);
+        if (m_refuses)
+            return false;
+        m_stored = values;
+        ++m_writes;
         return true;
     }
-    // The last spacing and padding applied, if any.
-    std::optional<std::pair<int, int>> applied() const { return m_applied; }
+
+    // The values someone stored before (the user, with the defaults tool).
+    void setStored(const SpacingValues& values) { m_stored = values; }
+    void setRefuses(bool refuses) { m_refuses = refuses; }
+    int writes() const { return m_writes; }
 
 private:
-    std::optional<std::pair<int, int>> m_applied;
+    SpacingValues m_stored;
+    bool m_refuses = false;
+    int m_writes = 0;
 };
 
 } // namespace ravlin

@@ -18,6 +18,7 @@
 #include "SimEvents.h"
 #include "SimPermissions.h"
 #include "SimScreens.h"
+#include "SimSituation.h"
 #include "SimWindowServer.h"
 #include "SimWorkspace.h"
 #include "platform/Platform.h"
@@ -34,6 +35,7 @@ void installSimServices(Platform& platform, SimDesktop& desktop)
     platform.permissions = std::make_unique<SimPermissions>(desktop);
     platform.bundleIdentifier = SimDesktop::ownBundleId;
     platform.appearance = std::make_unique<SimAppearance>();
+    platform.situation = std::make_unique<SimSituation>();
 }
 
 void installSimBarServices(Platform& platform, SimDesktop& desktop, Scheduler& scheduler)

@@ -50,11 +50,21 @@ struct SimAXSpec {
     std::optional<QString> title;
     std::optional<QString> description;
     std::optional<QString> help;
+    std::optional<QString> value;
     QStringList actions{QStringLiteral("AXPress")};
     int result = 0;                    // what performing an action answers...
     QMap<QString, int> resultByAction; // ...unless given per action
     int depth = 0;
     bool parentIsNotElement = false; // the actions element's parent answers with a text
+};
+
+// An item that changes all the time (a clock, a graph): every `every` seconds from `since` on,
+// its badge (or, with `value`, its element's value) moves on by one. Read when asked, so that
+// it costs the simulated desktop no timer.
+struct SimBusy {
+    double every = 0; // 0: not busy
+    double since = 0;
+    bool value = false;
 };
 
 struct SimItem {
@@ -73,6 +83,9 @@ struct SimItem {
     QString identifier;
     // The system dropped this item for good (it grew longer than it keeps items).
     bool discarded = false;
+    // A count the item draws in a badge on its picture (0: none), as a mail or chat item does.
+    int badge = 0;
+    SimBusy busy;
 };
 
 // A status item where it stands now.
@@ -98,6 +111,14 @@ struct SimActivation {
     QString bundle;
     QString title;
     QString how; // the accessibility action's name, or "click"
+};
+
+// What Ravlin's looks at other applications cost: requests to each process's accessibility
+// interface (by bundle identifier, the bar's agent included), pictures and window lists taken.
+struct SimCosts {
+    QMap<QString, int> axRequests;
+    int windowImages = 0;
+    int windowLists = 0;
 };
 
 // A click of the person in front of the screen.

@@ -39,6 +39,7 @@ PlistValue windowEntry(const SimPlacedItem& p, const SimApp* owner)
 
 std::optional<PlistArray> SimWindowServer::windowList(WindowListOption option)
 {
+    m_desktop.countWindowList();
     if (m_desktop.windowListFails)
         return std::nullopt;
     const SimScreen main = m_desktop.mainScreen();
@@ -94,6 +95,7 @@ void SimWindowServer::appendBarWindows(PlistArray& list)
 
 QImage SimWindowServer::windowImage(std::uint32_t windowNumber)
 {
+    m_desktop.countWindowImage();
     if (!m_desktop.itemsAreWindows())
         return {}; // no window per item: nothing to take a picture of
     const std::optional<SimPlacedItem> p = m_desktop.placed(windowNumber);
@@ -104,7 +106,7 @@ QImage SimWindowServer::windowImage(std::uint32_t windowNumber)
         dot.fill(Qt::transparent);
         return dot;
     }
-    return simItemPicture(*p);
+    return simItemPicture(*p, m_desktop.badgeOf(p->item));
 }
 
 } // namespace ravlin

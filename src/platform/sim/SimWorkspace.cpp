@@ -109,6 +109,16 @@ void SimWorkspace::terminateSelf()
     m_desktop.terminateRequested = true;
 }
 
+// The simulated applications all quit when asked, at once.
+bool SimWorkspace::terminate(std::int32_t pid)
+{
+    const SimApp* app = m_desktop.appByPid(pid);
+    if (!app || !app->running || app->bundleId == SimDesktop::ownBundleId)
+        return false;
+    const QString bundle = app->bundleId; // ending it may move the desktop's list
+    return m_desktop.terminate(bundle);
+}
+
 // What an application's icon looks like here: a rounded square in a colour of its own,
 // lit from above, with the application's initial, at the backing scale of a Retina display.
 QImage SimWorkspace::applicationIcon(std::int32_t pid)

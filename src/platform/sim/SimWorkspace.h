@@ -21,6 +21,7 @@ public:
     bool openApplication(const QString& applicationURL, bool activates) override;
     bool activate(std::int32_t pid) override;
     void terminateSelf() override;
+    bool terminate(std::int32_t pid) override;
     QImage applicationIcon(std::int32_t pid) override;
     // The Mac wakes from sleep.
     void wake() { notify(WorkspaceNotification::DidWake, RunningApplication{}); }

@@ -1,13 +1,16 @@
 #include "MenuBarTab.h"
 
 #include "ItemIcon.h"
+#include "ItemSpacingSection.h"
 #include "SegmentedControl.h"
 #include "SettingsActions.h"
 #include "SettingsGroup.h"
 #include "SettingsRow.h"
 #include "SettingsStyle.h"
 #include "ToggleSwitch.h"
+#include "WatchButton.h"
 #include "core/app/AppDelegate.h"
+#include "core/changes/WatchList.h"
 #include "core/discovery/ScannerModel.h"
 #include "foundation/Logging.h"
 #include "foundation/Scheduler.h"
@@ -29,6 +32,7 @@ MenuBarTab::MenuBarTab(AppDelegate& app, SettingsActions& actions, QWidget* pare
     finish();
     m_shownSignature = listSignature();
     connect(&app.scannerModel(), &ScannerModel::willChange, this, &MenuBarTab::scheduleReload);
+    connect(&app.watchList(), &WatchList::changed, this, &MenuBarTab::refresh);
     refresh();
 }
 
@@ -58,6 +62,7 @@ void MenuBarTab::fillItems(SettingsColumn& column)
     for (const BarItem* item : apps)
         detected->addRow(itemRow(*item));
     QString note = lm.L(QStringLiteral("menubar.selectHelp")) + u'\n' +
+                   lm.L(QStringLiteral("menubar.watch.help")) + u'\n' +
                    lm.L(QStringLiteral("menubar.autoupdated"));
     if (m_actions.hidesWholeApplications())
         note += u'\n' + lm.L(QStringLiteral("menubar.wholeApps"));
@@ -93,6 +98,14 @@ QWidget* MenuBarTab::itemRow(const BarItem& item)
                            lm.L(QStringLiteral("menubar.place.") + itemPlacementName(p)));
     connect(choice, &SegmentedControl::chosen, this,
             [this, key = item.key](const QString& value) { choosePlacement(key, value); });
+    auto* watch = new WatchButton;
+    watch->setObjectName(QStringLiteral("watch:") + item.key);
+    watch->setAccessibleName(lm.L(QStringLiteral("menubar.watch"), title));
+    watch->setCheckedQuietly(m_app.watchList().contains(item.key));
+    connect(watch, &WatchButton::toggled, this,
+            [this, key = item.key](bool on) { m_app.watchList().set(key, on); });
+    row->addTrailing(watch);
+    m_watches.insert(item.key, watch);
     row->addTrailing(choice);
     m_placements.insert(item.key, choice);
     return row;
@@ -120,26 +133,12 @@ void MenuBarTab::buildTools()
                              lm.L(QStringLiteral("menubar.arrange.desc")),
                              lm.L(QStringLiteral("menubar.arrange.button")));
     connect(m_arrange, &QPushButton::clicked, this, [this] { m_actions.arrange(); });
-    if (m_actions.canChangeSpacing()) {
-        QPushButton* spacing = addButtonRow(
-            tools, QStringLiteral("spacing"), lm.L(QStringLiteral("menubar.space.title")),
-            lm.L(QStringLiteral("menubar.space.desc")),
-            lm.L(QStringLiteral("menubar.space.button")), &m_spacingRow);
-        connect(spacing, &QPushButton::clicked, this, &MenuBarTab::applySpacing);
-    }
     QPushButton* rescan = addButtonRow(
         tools, QStringLiteral("rescan"), lm.L(QStringLiteral("menubar.rescan")),
         lm.L(QStringLiteral("menubar.rescan.desc")), lm.L(QStringLiteral("menubar.engine.rescan")));
     connect(rescan, &QPushButton::clicked, this, [this] { m_actions.rescan(); });
-}
-
-void MenuBarTab::applySpacing()
-{
-    if (m_actions.applyCompactSpacing() && m_spacingRow) {
-        m_spacingRow->setHint(m_app.languageManager().L(QStringLiteral("menubar.space.hint")),
-                              true);
-        Q_EMIT contentChanged();
-    }
+    if (m_actions.canChangeSpacing())
+        m_spacing = new ItemSpacingSection(m_app, m_actions, *this);
 }
 
 void MenuBarTab::refresh()
@@ -147,6 +146,11 @@ void MenuBarTab::refresh()
     const Preferences& p = m_app.preferences();
     for (auto it = m_placements.cbegin(); it != m_placements.cend(); ++it)
         it.value()->setValue(itemPlacementName(p.placement(it.key())));
+    const QSet<QString> watched = m_app.watchList().keys();
+    for (auto it = m_watches.cbegin(); it != m_watches.cend(); ++it)
+        it.value()->setCheckedQuietly(watched.contains(it.key()));
+    if (m_spacing)
+        m_spacing->refresh();
     if (m_arrange)
         m_arrange->setEnabled(m_actions.canArrange());
     if (m_newItems)
@@ -178,6 +182,7 @@ void MenuBarTab::reload()
     }
     m_shownSignature = signature;
     m_placements.clear();
+    m_watches.clear();
     if (m_lists) {
         m_lists->hide();
         m_lists->setParent(nullptr);

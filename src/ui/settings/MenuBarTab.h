@@ -13,6 +13,7 @@ class QVBoxLayout;
 namespace ravlin {
 
 class AppDelegate;
+class ItemSpacingSection;
 class PopupButton;
 class SegmentedControl;
 class SettingsActions;
@@ -20,11 +21,13 @@ class SettingsColumn;
 class SettingsGroup;
 class SettingsRow;
 class ToggleSwitch;
+class WatchButton;
 struct BarItem;
 
 // Where each menu-bar item belongs, whatever hides the items: the detected items with a
-// bar/panel/off choice each, arrange mode, item spacing and a full rescan; where whole
-// applications are hidden together, a line that says so.
+// bar/panel/off choice each (and a bell to see it when it changes), arrange mode, a full
+// rescan and the item spacing; where whole applications are hidden together, a line that
+// says so.
 class MenuBarTab : public SettingsPage {
     Q_OBJECT
 public:
@@ -43,7 +46,6 @@ private:
     void fillItems(SettingsColumn& column);
     QWidget* itemRow(const BarItem& item);
     void choosePlacement(const QString& key, const QString& choice);
-    void applySpacing();
     // New items and named layouts.
     void buildNewItems();
     void buildLayouts();
@@ -66,8 +68,9 @@ private:
     QVBoxLayout* m_listHolder = nullptr;
     QPointer<SettingsColumn> m_lists;
     QHash<QString, SegmentedControl*> m_placements;
+    QHash<QString, WatchButton*> m_watches;
     QPushButton* m_arrange = nullptr;
-    SettingsRow* m_spacingRow = nullptr;
+    ItemSpacingSection* m_spacing = nullptr;
     SegmentedControl* m_newItems = nullptr;
     PopupButton* m_layoutChoice = nullptr;
     PopupButton* m_layoutOnDisplay = nullptr;

@@ -1,16 +1,30 @@
 #include "SettingsActions.h"
 
 #include "core/app/AppDelegate.h"
+#include "core/app/AppRestarter.h"
 #include "core/bar/StatusBarController.h"
 #include "core/discovery/ScannerModel.h"
+#include "core/rules/Rules.h"
 #include "foundation/Logging.h"
 #include "core/settings/LanguageManager.h"
 #include "core/settings/Preferences.h"
-#include "platform/MenuBarSpacing.h"
+#include "core/settings/ItemSpacing.h"
 #include "platform/Platform.h"
 #include "platform/Workspace.h"
 
 namespace ravlin {
+
+SettingsActions::SettingsActions(AppDelegate& app) : m_app(app) {}
+
+SettingsActions::~SettingsActions() = default;
+
+AppRestarter& SettingsActions::restarter()
+{
+    if (!m_restarter)
+        m_restarter = std::make_unique<AppRestarter>(*m_app.platform().workspace, m_app.scheduler(),
+                                                     m_app.platform().bundleIdentifier);
+    return *m_restarter;
+}
 
 bool SettingsActions::hidesWholeApplications() const
 {
@@ -53,16 +67,19 @@ bool SettingsActions::canChangeSpacing() const
     return m_app.platform().menuBarSpacing != nullptr;
 }
 
-bool SettingsActions::applyCompactSpacing()
+ItemSpacing SettingsActions::itemSpacing() const
 {
-    MenuBarSpacing* spacing = m_app.platform().menuBarSpacing.get();
-    if (!spacing)
-        return false;
-    if (!spacing->apply(MenuBarSpacing::compactSpacing, MenuBarSpacing::compactPadding)) {
-        qCWarning(lcUi) << "the system did not store the menu-bar item spacing";
-        return false;
-    }
-    return true;
+    return ItemSpacing(m_app.platform().menuBarSpacing.get(), *m_app.platform().defaults);
+}
+
+bool SettingsActions::applySpacing(int spacing, int padding)
+{
+    return itemSpacing().apply(spacing, padding);
+}
+
+bool SettingsActions::resetSpacing()
+{
+    return itemSpacing().resetToDefault();
 }
 
 void SettingsActions::openControlCentreSettings()
@@ -129,30 +146,30 @@ QString SettingsActions::importLayout(const QString& path)
     return bar->importLayout(path).value_or(QString());
 }
 
+// The two rules that switch a layout when a display is connected or on battery, which earlier
+// versions had as switches of their own.
 QString SettingsActions::layoutOnDisplay() const
 {
-    const StatusBarController* bar = m_app.statusBar();
-    return bar ? bar->layouts().forDisplayConnected() : QString();
+    const Rules* rules = m_app.rules();
+    return rules ? rules->book().occasionLayout(RuleBook::displayRuleId) : QString();
 }
 
 QString SettingsActions::layoutOnBattery() const
 {
-    const StatusBarController* bar = m_app.statusBar();
-    return bar ? bar->layouts().forBattery() : QString();
+    const Rules* rules = m_app.rules();
+    return rules ? rules->book().occasionLayout(RuleBook::batteryRuleId) : QString();
 }
 
 void SettingsActions::setLayoutOnDisplay(const QString& name)
 {
-    if (StatusBarController* bar = m_app.statusBar())
-        bar->layouts().setForDisplayConnected(name);
+    if (Rules* rules = m_app.rules())
+        rules->book().setOccasionLayout(RuleBook::displayRuleId, name);
 }
 
 void SettingsActions::setLayoutOnBattery(const QString& name)
 {
-    if (StatusBarController* bar = m_app.statusBar()) {
-        bar->layouts().setForBattery(name);
-        bar->armPowerWatch();
-    }
+    if (Rules* rules = m_app.rules())
+        rules->book().setOccasionLayout(RuleBook::batteryRuleId, name);
 }
 
 } // namespace ravlin

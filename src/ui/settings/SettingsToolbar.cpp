@@ -8,6 +8,8 @@
 #include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QPainter>
+
+#include <algorithm>
 #include <QSignalBlocker>
 
 namespace ravlin {
@@ -70,14 +72,15 @@ SettingsToolbar::SettingsToolbar(QWidget* parent) : QWidget(parent), m_group(new
     connect(m_group, &QButtonGroup::idClicked, this, [this](int id) { Q_EMIT tabChosen(id); });
 }
 
-void SettingsToolbar::addTab(const QString& symbol, const QString& title)
+void SettingsToolbar::addTab(const QString& symbol, const QString& title, int place)
 {
     auto* button = new TabButton(symbol, title, this);
     button->setObjectName(QStringLiteral("tab:%1").arg(m_buttons.size()));
     m_group->addButton(button, int(m_buttons.size()));
     m_buttons.push_back(button);
     auto* row = static_cast<QHBoxLayout*>(layout());
-    row->insertWidget(row->count() - 1, button);
+    // Between the two stretches: the first is item 0.
+    row->insertWidget(place < 0 ? row->count() - 1 : std::min(1 + place, row->count() - 1), button);
 }
 
 void SettingsToolbar::setCurrent(int index)

@@ -16,7 +16,9 @@ class SettingsToolbar : public QWidget {
 public:
     explicit SettingsToolbar(QWidget* parent = nullptr);
 
-    void addTab(const QString& symbol, const QString& title);
+    // The tab's index is the order of adding; `place` puts its button elsewhere in the row
+    // (-1: at the end), so that a tab added later can stand among the others.
+    void addTab(const QString& symbol, const QString& title, int place = -1);
     void setCurrent(int index);
     int current() const;
     QAbstractButton* tabButton(int index) const;

@@ -4,6 +4,7 @@
 #include "GeneralTab.h"
 #include "LanguageTab.h"
 #include "MenuBarTab.h"
+#include "RulesTab.h"
 #include "SettingsStyle.h"
 #include "SettingsToolbar.h"
 #include "core/app/AppDelegate.h"
@@ -25,12 +26,15 @@ namespace {
 struct TabInfo {
     const char16_t* symbol;
     const char16_t* titleKey;
+    int place; // in the toolbar; -1 at the end
 };
+// By index; the rules came later, and stand beside the menu bar's tab.
 constexpr std::array<TabInfo, SettingsView::tabCount> tabs = {{
-    {u"gearshape", u"tab.general"},
-    {u"menubar.rectangle", u"tab.menubar"},
-    {u"globe", u"tab.language"},
-    {u"info.circle", u"tab.about"},
+    {u"gearshape", u"tab.general", -1},
+    {u"menubar.rectangle", u"tab.menubar", -1},
+    {u"globe", u"tab.language", -1},
+    {u"info.circle", u"tab.about", -1},
+    {u"bolt.badge.clock", u"tab.rules", 2},
 }};
 
 QScrollArea* scrolling(SettingsPage* page)
@@ -95,13 +99,15 @@ void SettingsView::build()
     column->setSpacing(0);
     m_toolbar = new SettingsToolbar(m_content);
     for (const TabInfo& tab : tabs)
-        m_toolbar->addTab(QString::fromUtf16(tab.symbol), lm.L(QString::fromUtf16(tab.titleKey)));
+        m_toolbar->addTab(QString::fromUtf16(tab.symbol), lm.L(QString::fromUtf16(tab.titleKey)),
+                          tab.place);
     connect(m_toolbar, &SettingsToolbar::tabChosen, this, [this](int tab) { showTab(tab, true); });
     column->addWidget(m_toolbar);
 
     m_stack = new QStackedWidget(m_content);
     m_pages = {new GeneralTab(m_app, m_actions), new MenuBarTab(m_app, m_actions),
-               new LanguageTab(m_app, m_actions), new AboutTab(m_app, m_actions)};
+               new LanguageTab(m_app, m_actions), new AboutTab(m_app, m_actions),
+               new RulesTab(m_app, m_actions)};
     for (SettingsPage* page : m_pages) {
         page->setObjectName(QStringLiteral("page:%1").arg(m_stack->count()));
         m_stack->addWidget(scrolling(page));

@@ -22,13 +22,14 @@ class SettingsToolbar;
 class SettingsView : public QWidget {
     Q_OBJECT
 public:
-    static constexpr int tabCount = 4;
+    static constexpr int tabCount = 5;
 
     SettingsView(AppDelegate& app, SettingsActions& actions, QWidget* parent = nullptr);
     ~SettingsView() override;
 
     int currentTab() const { return m_tab; }
-    // Brings the tab to the front (0 General, 1 Menu bar, 2 Language, 3 About).
+    // Brings the tab to the front (0 General, 1 Menu bar, 2 Language, 3 About, 4 Rules; Rules
+    // stands after Menu bar in the toolbar).
     void setCurrentTab(int tab);
     SettingsPage* page(int tab) const;
     SettingsToolbar* toolbar() const { return m_toolbar; }

@@ -4,6 +4,8 @@
 #include "core/bar/MenuBarHideEngine.h"
 #include "core/bar/SeparatorHiding.h"
 #include "core/bar/StatusBarController.h"
+#include "core/changes/WatchList.h"
+#include "core/rules/Rules.h"
 #include "core/discovery/ScannerModel.h"
 #include "foundation/DefaultsStore.h"
 #include "core/settings/LanguageManager.h"
@@ -88,16 +90,16 @@ TEST_F(MenuBarTabPlain, ListsTheAppsItemsApartFromTheSystemsOwn)
         shown,
         (QStringList{QStringLiteral("Tunnel"), QStringLiteral("Chat"), QStringLiteral("Bluetooth"),
                      QStringLiteral("Wi-Fi"), QStringLiteral("Arrange the menu bar"),
-                     QStringLiteral("Item spacing"), QStringLiteral("Rescan menu bar"),
-                     QStringLiteral("Place new items"), QStringLiteral("Layout in use"),
+                     QStringLiteral("Rescan menu bar"), QStringLiteral("Spacing between items"),
+                     QStringLiteral("Selection padding"), QStringLiteral("Place new items"), QStringLiteral("Layout in use"),
                      QStringLiteral("Save the menu bar as"), QStringLiteral("Share as a file"),
                      QStringLiteral("When a display is connected"),
                      QStringLiteral("On battery power")}));
     const QStringList headings =
         texts(world.window().view()->findChildren<QLabel*>(QStringLiteral("heading")));
     EXPECT_EQ(headings, (QStringList{QStringLiteral("Detected items"),
-                                     QStringLiteral("System items"), QStringLiteral("New items"),
-                                     QStringLiteral("Layouts")}));
+                                     QStringLiteral("System items"), QStringLiteral("Item spacing"),
+                                     QStringLiteral("New items"), QStringLiteral("Layouts")}));
     EXPECT_EQ(world.find<SegmentedControl>(QStringLiteral("place:") + chat)->value(),
               QStringLiteral("panel"));
 }
@@ -174,17 +176,17 @@ TEST_F(MenuBarTabPlain, RescanRebuildsTheBarAndArrangeEntersArrangeMode)
     EXPECT_TRUE(bar().arranging());
 }
 
-TEST_F(MenuBarTabPlain, CompactSpacingIsStoredAndSaysWhenItApplies)
+TEST_F(MenuBarTabPlain, TheBellWatchesAnItemAndFollowsChangesMadeElsewhere)
 {
-    world.find<QPushButton>(QStringLiteral("spacing"))->click();
-    EXPECT_EQ(world.session().menuBarSpacing().applied(), std::make_pair(6, 4));
-    auto* row = qobject_cast<SettingsRow*>(
-        world.find<QPushButton>(QStringLiteral("spacing"))->parentWidget());
-    ASSERT_NE(row, nullptr);
-    ASSERT_NE(row->hintLabel(), nullptr);
-    EXPECT_FALSE(row->hintLabel()->isHidden());
-    EXPECT_EQ(static_cast<TextLabel*>(row->hintLabel())->plainText(),
-              world.app().languageManager().L(QStringLiteral("menubar.space.hint")));
+    auto* bell = world.find<ToggleSwitch>(QStringLiteral("watch:") + chat);
+    ASSERT_NE(bell, nullptr);
+    EXPECT_FALSE(bell->isChecked());
+    EXPECT_EQ(bell->accessibleName(), QStringLiteral("Show Chat when it changes"));
+    bell->click();
+    EXPECT_TRUE(world.app().watchList().contains(chat));
+    world.app().watchList().set(chat, false);
+    world.advance(0.1);
+    EXPECT_FALSE(bell->isChecked());
 }
 
 TEST_F(MenuBarTabPlain, NewItemsAndLayoutsAreChosenWithTheirControls)
@@ -214,11 +216,15 @@ TEST_F(MenuBarTabPlain, NewItemsAndLayoutsAreChosenWithTheirControls)
     ASSERT_EQ(onDisplay->count(), 2);
     onDisplay->setCurrentIndex(1);
     Q_EMIT onDisplay->activated(1);
-    EXPECT_EQ(bar().layouts().forDisplayConnected(), QStringLiteral("Work"));
+    ASSERT_TRUE(world.app().rules());
+    EXPECT_EQ(world.app().rules()->book().occasionLayout(RuleBook::displayRuleId),
+              QStringLiteral("Work"));
+    onDisplay->setCurrentIndex(0);
+    Q_EMIT onDisplay->activated(0);
+    EXPECT_TRUE(world.app().rules()->book().rules().empty());
 
     world.find<QPushButton>(QStringLiteral("deleteLayout"))->click();
     EXPECT_TRUE(bar().layouts().names().isEmpty());
-    EXPECT_TRUE(bar().layouts().forDisplayConnected().isEmpty());
 }
 
 TEST(MenuBarTabEmpty, SaysThatNoItemWasFound)

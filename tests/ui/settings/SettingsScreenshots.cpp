@@ -7,13 +7,16 @@
 
 #include <QImage>
 
+#include <array>
+
 #include <gtest/gtest.h>
 
 using namespace ravlin;
 
 namespace {
 
-const char* const tabNames[] = {"general", "menubar", "language", "about"};
+const std::array<const char*, SettingsView::tabCount> tabNames = {"general", "menubar", "language",
+                                                                  "about", "rules"};
 
 void shoot(SettingsView& view, const QString& path)
 {
@@ -45,6 +48,12 @@ TEST(SettingsScreenshots, EveryTabInEnglishAndHebrew)
     // Without screen recording the items show their symbols or initials, as on a fresh Mac.
     world.script(QStringLiteral("permission screen off"));
     world.start();
+    // Two rules, one of them in force, for the Rules tab.
+    world.script(QStringLiteral("placement \"%1\" bar\nlayout save Work\n"
+                                "rule add office name=Office when wifi=Office time=09:00-17:30 "
+                                "then layout=Work reveal=20\n"
+                                "rule add plugged when ac then style=grid\n")
+                     .arg(world.keyOf(QStringLiteral("Chat"))));
     shootAllTabs(world, dir, QStringLiteral("en"));
     world.app().languageManager().apply(QStringLiteral("he"));
     shootAllTabs(world, dir, QStringLiteral("he"));

@@ -89,7 +89,7 @@ TEST(SavedLayout, RefusesWhatIsNotALayoutInWords)
     EXPECT_EQ(lenient->placements.size(), 1);
 }
 
-TEST(LayoutLibrary, KeepsLayoutsByNameAndForgetsTheOccasionsOfADeletedOne)
+TEST(LayoutLibrary, KeepsLayoutsByNameAndForgetsADeletedOneInUse)
 {
     InMemoryDefaultsStore defaults;
     LayoutLibrary library(defaults);
@@ -100,13 +100,9 @@ TEST(LayoutLibrary, KeepsLayoutsByNameAndForgetsTheOccasionsOfADeletedOne)
     library.save(away);
     EXPECT_EQ(library.names(), (QStringList{QStringLiteral("away"), QStringLiteral("Work")}));
     library.setActive(QStringLiteral("Work"));
-    library.setForBattery(QStringLiteral("away"));
-    library.setForDisplayConnected(QStringLiteral("Work"));
     EXPECT_TRUE(library.remove(QStringLiteral("Work")));
     EXPECT_FALSE(library.remove(QStringLiteral("Work")));
     EXPECT_TRUE(library.active().isEmpty());
-    EXPECT_TRUE(library.forDisplayConnected().isEmpty());
-    EXPECT_EQ(library.forBattery(), QStringLiteral("away"));
     // A damaged entry is left out, with a log line, and the others stay usable.
     PlistDict stored = *defaults.dictionaryForKey(LayoutLibrary::layoutsKey);
     stored.insert(QStringLiteral("broken"), PlistValue(7));
