@@ -87,8 +87,10 @@ void RuleBook::adoptLayoutSwitches()
         m_defaults.persistentValue(oldBatteryKey).isNull())
         return;
     std::vector<Rule> list = rules();
-    for (const auto& [id, layout] : {std::pair{displayRuleId, onDisplay},
-                                     std::pair{batteryRuleId, onBattery}}) {
+    for (const auto& occasion : {std::pair{displayRuleId, onDisplay},
+                                 std::pair{batteryRuleId, onBattery}}) {
+        const auto& id = occasion.first;
+        const auto& layout = occasion.second;
         const bool exists = std::any_of(list.begin(), list.end(),
                                         [&](const Rule& r) { return r.id == id; });
         if (!layout.isEmpty() && !exists)
