@@ -75,6 +75,8 @@ TEST_F(RulesTabTest, WritesARuleThroughItsControls)
     pick(QStringLiteral("rule0.addCondition"), QStringLiteral("time"));
     type(QStringLiteral("rule0.condition2"), QStringLiteral("08:30"));
     type(QStringLiteral("rule0.condition2.to"), QStringLiteral("not a time"));
+    // A time it cannot read changes nothing, and the field says so at once.
+    EXPECT_EQ(control<QLineEdit>(QStringLiteral("rule0.condition2.to"))->text(), QStringLiteral("17:00"));
     pick(QStringLiteral("rule0.addAction"), QStringLiteral("layout"));
     pick(QStringLiteral("rule0.action0"), QStringLiteral("Desk"));
     pick(QStringLiteral("rule0.addAction"), QStringLiteral("reveal"));
