@@ -264,7 +264,7 @@ void RuleEditor::addActionRow(SettingsGroup& group, int index)
     group.addRow(row);
 }
 
-QWidget* RuleEditor::actionValue(int index, SettingsRow&)
+QWidget* RuleEditor::actionValue(int index, SettingsRow& row)
 {
     RuleAction& a = m_rule.actions[std::size_t(index)];
     const QString field = name(QStringLiteral("action%1").arg(index));
@@ -277,7 +277,12 @@ QWidget* RuleEditor::actionValue(int index, SettingsRow&)
             m_rule.actions[std::size_t(index)].seconds = value;
             commit();
         });
-        return seconds;
+        // The unit after the number, as the General tab's interval has it.
+        row.addTrailing(seconds);
+        QLabel* unit = SettingsStyle::label(m_language.L(QStringLiteral("general.seconds")),
+                                            SettingsStyle::bodyFont(), SettingsStyle::secondaryText(), &row);
+        unit->setObjectName(field + QStringLiteral(".unit"));
+        return unit;
     }
     std::vector<std::pair<QString, QString>> entries;
     switch (a.kind) {

@@ -80,6 +80,9 @@ TEST_F(RulesTabTest, WritesARuleThroughItsControls)
     pick(QStringLiteral("rule0.addAction"), QStringLiteral("layout"));
     pick(QStringLiteral("rule0.action0"), QStringLiteral("Desk"));
     pick(QStringLiteral("rule0.addAction"), QStringLiteral("reveal"));
+    // The number of seconds says what it counts.
+    EXPECT_EQ(static_cast<TextLabel*>(control<QLabel>(QStringLiteral("rule0.action1.unit")))->plainText(),
+              QStringLiteral("seconds"));
     press(QStringLiteral("rule0.condition0.remove"));
     const Rule rule = rules().at(0);
     EXPECT_EQ(rule.name, QStringLiteral("Office"));
