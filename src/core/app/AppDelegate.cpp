@@ -196,7 +196,10 @@ void AppDelegate::restoreSystemSettings()
 {
     ItemSpacing spacing(m_platform.menuBarSpacing.get(), *m_platform.defaults);
     const bool ok = spacing.restoreOnRemoval();
-    qCInfo(lcApp) << "the system settings Ravlin changed are back as they were";
+    if (ok)
+        qCInfo(lcApp) << "the system settings Ravlin changed are back as they were";
+    else
+        qCWarning(lcApp) << "the system settings Ravlin changed could not all be put back";
     m_platform.application->exit(ok ? 0 : 1);
 }
 

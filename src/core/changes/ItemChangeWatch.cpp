@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <tuple>
 
 namespace ravlin {
 
@@ -104,16 +105,18 @@ void ItemChangeWatch::round()
 {
     m_timer = Timer();
     const double now = m_s.scheduler.now();
-    std::vector<std::pair<double, QString>> due;
+    // Due items in the order they were due; of those due at once, the one looked at longest
+    // ago first, so that items left over from a full round come first in the next.
+    std::vector<std::tuple<double, double, QString>> due;
     for (auto it = m_watched.cbegin(); it != m_watched.cend(); ++it)
         if (it->due <= now + 1e-9)
-            due.emplace_back(it->due, it.key());
+            due.emplace_back(it->due, it->lastLook, it.key());
     std::sort(due.begin(), due.end());
     if (due.size() > std::size_t(looksPerRound))
         due.resize(looksPerRound); // the rest are due still, and come first next round
     if (!due.empty())
         m_s.reader.beginRound();
-    for (const auto& [when, key] : due)
+    for (const auto& [when, last, key] : due)
         lookAt(key, m_watched[key]);
     // Those left over this round wait for the next, a look interval later.
     for (Watched& w : m_watched)
@@ -132,6 +135,7 @@ void ItemChangeWatch::lookAt(const QString& key, Watched& w)
     }
     ++m_looks;
     ++w.looks;
+    w.lastLook = now;
     const ItemLook look = m_s.reader.look(*item);
     const bool changed = w.last && w.last->changedIn(look);
     if (!look.isEmpty())

@@ -40,6 +40,7 @@ public:
     struct Watched {
         std::optional<ItemLook> last;
         double due = 0;
+        double lastLook = -1; // when it was last looked at (-1: never)
         double interval = lookInterval;
         int changesInARow = 0;
         int quietInARow = 0;

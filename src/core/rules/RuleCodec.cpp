@@ -204,8 +204,14 @@ std::vector<Rule> RuleCodec::fromPlist(const PlistValue& value)
             qCWarning(lcRules) << "the stored rules are not a list; no rule is in force";
         return rules;
     }
+    // Every id written, so that one given to a rule without its own takes none of them.
     QSet<QString> ids;
+    for (const PlistValue& entry : *list)
+        if (const PlistDict* d = entry.asDict())
+            ids.insert(text(*d, QStringLiteral("id")).trimmed().left(100));
+    QSet<QString> taken;
     int skipped = 0;
+    int renamed = 0;
     for (const PlistValue& entry : *list) {
         if (int(rules.size()) == maxRules) {
             qCWarning(lcRules) << "the settings hold" << list->size() << "rules; only the first"
@@ -213,39 +219,65 @@ std::vector<Rule> RuleCodec::fromPlist(const PlistValue& value)
             break;
         }
         const PlistDict* d = entry.asDict();
-        const QString id = d ? text(*d, QStringLiteral("id")).trimmed().left(100) : QString();
-        if (!d || id.isEmpty() || ids.contains(id)) {
+        if (!d) {
             ++skipped;
             continue;
         }
+        QString id = text(*d, QStringLiteral("id")).trimmed().left(100);
+        if (id.isEmpty() || taken.contains(id)) {
+            // Written by hand without an id, or copied with its id: a rule of its own all the same.
+            ++renamed;
+            for (int n = 1; id.isEmpty() || taken.contains(id) || ids.contains(id); ++n)
+                id = QStringLiteral("rule%1").arg(n);
+        }
         Rule rule;
         rule.id = id;
-        ids.insert(id);
+        taken.insert(id);
         rule.name = text(*d, QStringLiteral("name")).left(200);
         rule.enabled = d->value(QStringLiteral("enabled")).asBool().value_or(true);
+        // A part that cannot be read is kept as it was, as one of another version's is: left
+        // out, a condition would let the rule hold more widely than the user wrote it.
+        int unread = 0;
         const PlistValue when = d->value(QStringLiteral("when"));
         for (const PlistValue& c : when.asArray() ? *when.asArray() : PlistArray{}) {
             if (int(rule.conditions.size()) == Rule::maxConditions)
                 break;
-            if (std::optional<RuleCondition> condition = conditionFromPlist(c))
+            if (std::optional<RuleCondition> condition = conditionFromPlist(c)) {
                 rule.conditions.push_back(std::move(*condition));
-            else
-                ++skipped;
+                continue;
+            }
+            ++unread;
+            RuleCondition kept;
+            kept.kind = RuleCondition::Kind::Unknown;
+            kept.unread = c;
+            rule.conditions.push_back(std::move(kept));
         }
         const PlistValue then = d->value(QStringLiteral("then"));
         for (const PlistValue& a : then.asArray() ? *then.asArray() : PlistArray{}) {
             if (int(rule.actions.size()) == Rule::maxActions)
                 break;
-            if (std::optional<RuleAction> action = actionFromPlist(a))
+            if (std::optional<RuleAction> action = actionFromPlist(a)) {
                 rule.actions.push_back(std::move(*action));
-            else
-                ++skipped;
+                continue;
+            }
+            ++unread;
+            RuleAction kept;
+            kept.kind = RuleAction::Kind::Unknown;
+            kept.unread = a;
+            rule.actions.push_back(std::move(kept));
         }
+        if (unread > 0)
+            qCWarning(lcRules).noquote()
+                << unread << "parts of the stored rule" << id
+                << "cannot be read; they are kept as they are, and the rule is never in force"
+                   " while one of its conditions cannot be read";
         rules.push_back(std::move(rule));
     }
     if (skipped > 0)
-        qCWarning(lcRules) << skipped
-                           << "parts of the stored rules cannot be read and are left out";
+        qCWarning(lcRules) << skipped << "entries of the stored rules are not rules and are left out";
+    if (renamed > 0)
+        qCWarning(lcRules) << renamed
+                           << "stored rules have no id of their own; each is given a new one";
     return rules;
 }
 

@@ -165,14 +165,19 @@ QWidget* RuleEditor::conditionValue(int index, SettingsRow& row)
         });
         return p;
     };
+    // `typed` says whether it could take the text; a text it cannot take gives way to the
+    // value stored, so that the field never shows what the rule does not hold.
     auto text = [&](const QString& value, const QString& placeholder,
-                    std::function<void(const QString&)> typed, const QString& objectName,
+                    std::function<bool(const QString&)> typed, const QString& objectName,
                     int width = 150) {
         QLineEdit* edit = lineEdit(objectName, value, placeholder, width);
         connect(edit, &QLineEdit::editingFinished, this, [this, edit, value, typed = std::move(typed)] {
             if (edit->text().trimmed() == value)
                 return;
-            typed(edit->text().trimmed());
+            if (!typed(edit->text().trimmed())) {
+                edit->setText(value);
+                return;
+            }
             commit();
         });
         return edit;
@@ -192,11 +197,17 @@ QWidget* RuleEditor::conditionValue(int index, SettingsRow& row)
     }
     case RuleCondition::Kind::Wifi:
         return text(c.text, m_choices.currentNetwork,
-                    [this, index](const QString& v) { m_rule.conditions[std::size_t(index)].text = v; },
+                    [this, index](const QString& v) {
+                        m_rule.conditions[std::size_t(index)].text = v;
+                        return true;
+                    },
                     field);
     case RuleCondition::Kind::Focus:
         return text(c.text, lm.L(QStringLiteral("rules.value.anyFocus")),
-                    [this, index](const QString& v) { m_rule.conditions[std::size_t(index)].text = v; },
+                    [this, index](const QString& v) {
+                        m_rule.conditions[std::size_t(index)].text = v;
+                        return true;
+                    },
                     field);
     case RuleCondition::Kind::Application: {
         auto* state = new PopupButton;
@@ -216,16 +227,20 @@ QWidget* RuleEditor::conditionValue(int index, SettingsRow& row)
     case RuleCondition::Kind::Time: {
         row.addTrailing(text(minuteText(c.fromMinute), QStringLiteral("09:00"),
                              [this, index](const QString& v) {
-                                 if (const std::optional<int> m = minuteFromText(v))
+                                 const std::optional<int> m = minuteFromText(v);
+                                 if (m)
                                      m_rule.conditions[std::size_t(index)].fromMinute = *m;
+                                 return m.has_value();
                              },
                              field, 64));
         row.addTrailing(SettingsStyle::label(QStringLiteral("–"), SettingsStyle::bodyFont(),
                                              SettingsStyle::secondaryText(), &row));
         return text(minuteText(c.toMinute), QStringLiteral("17:00"),
                     [this, index](const QString& v) {
-                        if (const std::optional<int> m = minuteFromText(v))
+                        const std::optional<int> m = minuteFromText(v);
+                        if (m)
                             m_rule.conditions[std::size_t(index)].toMinute = *m;
+                        return m.has_value();
                     },
                     field + QStringLiteral(".to"), 64);
     }
@@ -249,7 +264,7 @@ void RuleEditor::addActionRow(SettingsGroup& group, int index)
     group.addRow(row);
 }
 
-QWidget* RuleEditor::actionValue(int index, SettingsRow&)
+QWidget* RuleEditor::actionValue(int index, SettingsRow& row)
 {
     RuleAction& a = m_rule.actions[std::size_t(index)];
     const QString field = name(QStringLiteral("action%1").arg(index));
@@ -262,7 +277,12 @@ QWidget* RuleEditor::actionValue(int index, SettingsRow&)
             m_rule.actions[std::size_t(index)].seconds = value;
             commit();
         });
-        return seconds;
+        // The unit after the number, as the General tab's interval has it.
+        row.addTrailing(seconds);
+        QLabel* unit = SettingsStyle::label(m_language.L(QStringLiteral("general.seconds")),
+                                            SettingsStyle::bodyFont(), SettingsStyle::secondaryText(), &row);
+        unit->setObjectName(field + QStringLiteral(".unit"));
+        return unit;
     }
     std::vector<std::pair<QString, QString>> entries;
     switch (a.kind) {

@@ -75,9 +75,14 @@ TEST_F(RulesTabTest, WritesARuleThroughItsControls)
     pick(QStringLiteral("rule0.addCondition"), QStringLiteral("time"));
     type(QStringLiteral("rule0.condition2"), QStringLiteral("08:30"));
     type(QStringLiteral("rule0.condition2.to"), QStringLiteral("not a time"));
+    // A time it cannot read changes nothing, and the field says so at once.
+    EXPECT_EQ(control<QLineEdit>(QStringLiteral("rule0.condition2.to"))->text(), QStringLiteral("17:00"));
     pick(QStringLiteral("rule0.addAction"), QStringLiteral("layout"));
     pick(QStringLiteral("rule0.action0"), QStringLiteral("Desk"));
     pick(QStringLiteral("rule0.addAction"), QStringLiteral("reveal"));
+    // The number of seconds says what it counts.
+    EXPECT_EQ(static_cast<TextLabel*>(control<QLabel>(QStringLiteral("rule0.action1.unit")))->plainText(),
+              QStringLiteral("seconds"));
     press(QStringLiteral("rule0.condition0.remove"));
     const Rule rule = rules().at(0);
     EXPECT_EQ(rule.name, QStringLiteral("Office"));

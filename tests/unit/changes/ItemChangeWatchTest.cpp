@@ -112,6 +112,10 @@ TEST(ItemChangeWatch, LooksAtNoMoreThanFourItemsInARoundAndRestsWithNothingWatch
     EXPECT_EQ(d.watch().looks(), 4);
     d.run(QStringLiteral("advance 2\n"));
     EXPECT_EQ(d.watch().looks(), 8);
+    // Those left over are looked at first in the next round: no item waits for ever.
+    d.run(QStringLiteral("advance 4\n"));
+    for (int i = 0; i < 6; ++i)
+        EXPECT_GE(d.item(QStringLiteral("n:A%1 Status").arg(i)).looks, 2) << i;
     // An item whose application quit is not looked at; none left, no timer.
     for (int i = 0; i < 6; ++i)
         d.run(QStringLiteral("terminate com.example.a%1\n").arg(i));

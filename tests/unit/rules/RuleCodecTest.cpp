@@ -1,7 +1,8 @@
 // Rules as the settings keep them: written and read back as they were, what another version
-// wrote kept unchanged, and damaged parts left out without losing the rest.
+// wrote kept unchanged, and damaged parts kept as they are without ever widening a rule.
 #include "core/rules/RuleBook.h"
 #include "core/rules/RuleCodec.h"
+#include "core/rules/RuleEvaluator.h"
 #include "foundation/DefaultsStore.h"
 
 #include <gtest/gtest.h>
@@ -79,31 +80,57 @@ TEST(RuleCodec, KeepsWhatAnotherVersionWroteAndWritesItBackUnchanged)
     EXPECT_EQ((*written.asArray())[0][QStringLiteral("then")], PlistValue(PlistArray{laterAction}));
 }
 
-TEST(RuleCodec, LeavesOutWhatCannotBeReadAndKeepsTheRest)
+TEST(RuleCodec, KeepsWhatCannotBeReadAndNeverLetsItWidenARule)
 {
+    const PlistValue badTime = dict({{"kind", QStringLiteral("time")},
+                                     {"from", QStringLiteral("25:00")},
+                                     {"to", QStringLiteral("06:00")}});
+    const PlistValue noNetwork = dict({{"kind", QStringLiteral("wifi")}});
+    const PlistValue sun = dict({{"kind", QStringLiteral("power")}, {"source", QStringLiteral("sun")}});
+    const PlistValue noSeconds = dict({{"kind", QStringLiteral("reveal")}});
     const PlistArray stored = {
         PlistValue(7),
-        dict({{"name", QStringLiteral("no id")}}),
+        dict({{"name", QStringLiteral("no id")}, {"when", PlistArray{dict({{"kind", QStringLiteral("display")}})}}}),
         dict({{"id", QStringLiteral("a")},
-              {"when", PlistArray{dict({{"kind", QStringLiteral("time")},
-                                        {"from", QStringLiteral("25:00")},
-                                        {"to", QStringLiteral("06:00")}}),
-                                  dict({{"kind", QStringLiteral("wifi")}}), // no network at all
-                                  dict({{"kind", QStringLiteral("power")}, {"source", QStringLiteral("sun")}}),
-                                  dict({{"kind", QStringLiteral("display")}})}},
+              {"when", PlistArray{badTime, noNetwork, sun, dict({{"kind", QStringLiteral("display")}})}},
               {"then", PlistArray{dict({{"kind", QStringLiteral("reveal")}, {"seconds", 100000}}),
-                                  dict({{"kind", QStringLiteral("layout")}, {"name", QStringLiteral("  ")}})}}}),
-        dict({{"id", QStringLiteral("a")}}), // the same id again
+                                  dict({{"kind", QStringLiteral("layout")}, {"name", QStringLiteral("  ")}}),
+                                  noSeconds}}}),
+        dict({{"id", QStringLiteral("a")}}),     // the same id again
+        dict({{"id", QStringLiteral("rule1")}}), // the id the first would be given
     };
     const std::vector<Rule> rules = RuleCodec::fromPlist(stored);
-    ASSERT_EQ(rules.size(), 1u);
-    ASSERT_EQ(rules[0].conditions.size(), 1u);
-    EXPECT_EQ(rules[0].conditions[0].kind, RuleCondition::Kind::Display);
-    EXPECT_TRUE(rules[0].conditions[0].on);
-    ASSERT_EQ(rules[0].actions.size(), 2u);
-    EXPECT_EQ(rules[0].actions[0].seconds, Rule::longestReveal);
+    // Only the entry that is no rule at all is left out; the others get ids of their own.
+    ASSERT_EQ(rules.size(), 4u);
+    EXPECT_EQ(rules[0].id, QStringLiteral("rule2"));
+    EXPECT_EQ(rules[0].name, QStringLiteral("no id"));
+    EXPECT_EQ(rules[1].id, QStringLiteral("a"));
+    EXPECT_EQ(rules[2].id, QStringLiteral("rule3"));
+    EXPECT_EQ(rules[3].id, QStringLiteral("rule1"));
+    // The conditions that cannot be read stay: left out, the rule would hold whenever a display
+    // is connected, which is not what was written.
+    const Rule& a = rules[1];
+    ASSERT_EQ(a.conditions.size(), 4u);
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(a.conditions[std::size_t(i)].kind, RuleCondition::Kind::Unknown) << i;
+    EXPECT_EQ(a.conditions[3].kind, RuleCondition::Kind::Display);
+    Circumstances twoDisplays;
+    twoDisplays.displays = 2;
+    EXPECT_FALSE(RuleEvaluator::inForce(a, twoDisplays));
+    EXPECT_TRUE(RuleEvaluator::inForce(rules[0], twoDisplays));
+    ASSERT_EQ(a.actions.size(), 3u);
+    EXPECT_EQ(a.actions[0].seconds, Rule::longestReveal);
     // A name not filled in yet is kept: the action does nothing until it is.
-    EXPECT_TRUE(rules[0].actions[1].text.isEmpty());
+    EXPECT_EQ(a.actions[1].kind, RuleAction::Kind::Layout);
+    EXPECT_TRUE(a.actions[1].text.isEmpty());
+    EXPECT_EQ(a.actions[2].kind, RuleAction::Kind::Unknown);
+    // Written back, what could not be read is as it was.
+    const PlistValue written = RuleCodec::toPlist(rules);
+    const PlistArray when = *(*written.asArray())[1][QStringLiteral("when")].asArray();
+    EXPECT_EQ(when[0], badTime);
+    EXPECT_EQ(when[1], noNetwork);
+    EXPECT_EQ(when[2], sun);
+    EXPECT_EQ((*(*written.asArray())[1][QStringLiteral("then")].asArray())[2], noSeconds);
     EXPECT_TRUE(RuleCodec::fromPlist(PlistValue(QStringLiteral("rules"))).empty());
 }
 
