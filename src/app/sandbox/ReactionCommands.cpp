@@ -393,6 +393,7 @@ QJsonValue situationSection(SandboxSession& s, bool)
     auto text = [](const std::optional<QString>& t) { return t ? QJsonValue(*t) : QJsonValue(); };
     const QDateTime local = s.scheduler().currentDate().toTimeZone(situation.timeZone());
     return QJsonObject{{QStringLiteral("wifi"), text(situation.wifiNetworkName())},
+                       {QStringLiteral("joined"), text(situation.joinedNetwork())},
                        {QStringLiteral("frontmost"), text(situation.frontmostApplication())},
                        {QStringLiteral("focus"), situation.focusReadable() ? text(situation.focus())
                                                                            : QJsonValue(QStringLiteral("unreadable"))},

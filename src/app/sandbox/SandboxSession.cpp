@@ -84,6 +84,9 @@ void SandboxSession::installSimulatedSystem()
     auto location = std::make_unique<SimLocationService>(m_scheduler);
     m_location = location.get();
     m_platform.location = std::move(location);
+    situation().setWifiNameGate([location = m_location] {
+        return location->authorizationStatus() == LocationAuthorization::AuthorizedAlways;
+    });
     auto geocoder = std::make_unique<SimGeocoder>(m_scheduler);
     m_geocoder = geocoder.get();
     m_platform.geocoder = std::move(geocoder);

@@ -190,6 +190,13 @@ void AppDelegate::makeRulesAndChanges()
         {[&spotlight](std::vector<BarGroup> groups) { return spotlight.arrange(std::move(groups)); },
          [&rules] { return rules.inForceLine(); }, [&spotlight] { spotlight.seen(); }});
     m_rules->start();
+    // macOS tells the Wi-Fi network's name only to applications allowed to use the location,
+    // and announces no network change when that leave is given.
+    QObject::connect(m_weather.get(), &WeatherService::locationAccessChanged, m_weather.get(),
+                     [&rules] {
+                         if (rules.watch().following().wifi)
+                             rules.engine().evaluate(QStringLiteral("location access changed"));
+                     });
 }
 
 void AppDelegate::restoreSystemSettings()

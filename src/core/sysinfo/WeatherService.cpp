@@ -98,6 +98,7 @@ void WeatherService::locationAuthorizationChanged(LocationAuthorization status)
     default:
         break;
     }
+    Q_EMIT locationAccessChanged();
 }
 
 void WeatherService::locationsUpdated(const QList<Coordinate>& locations)

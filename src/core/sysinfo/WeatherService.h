@@ -61,6 +61,8 @@ public:
 Q_SIGNALS:
     void willChange();
     void changed();
+    // The person granted or withdrew location access (the Wi-Fi network's name hangs on it too).
+    void locationAccessChanged();
 
 private:
     void locationAuthorizationChanged(LocationAuthorization status) override;

@@ -21,6 +21,9 @@ public:
     QTimeZone timeZone() override;
 
 private:
+    // Starts watching the Focus records' folder; false while the system keeps it closed.
+    bool watchFocusFolder();
+
     struct Impl;
     std::unique_ptr<Impl> m_impl;
 };

@@ -81,23 +81,40 @@ MacSituation::MacSituation() : m_impl(std::make_unique<Impl>())
                                                      }]];
     }
 
-    // The system rewrites its Focus records in that folder whenever a mode goes on or off.
-    // Without the user's leave to read it, nothing can be watched and Focus rules never hold.
-    m_impl->focusFolderDescriptor = open(focusFolder().fileSystemRepresentation, O_EVTONLY);
-    if (m_impl->focusFolderDescriptor >= 0) {
-        m_impl->focusWatch = dispatch_source_create(
-            DISPATCH_SOURCE_TYPE_VNODE, uintptr_t(m_impl->focusFolderDescriptor),
-            DISPATCH_VNODE_WRITE | DISPATCH_VNODE_EXTEND | DISPATCH_VNODE_ATTRIB,
-            dispatch_get_main_queue());
-        dispatch_source_set_event_handler(m_impl->focusWatch, ^{
-          notify(SituationChange::FocusMode);
-        });
-        const int descriptor = m_impl->focusFolderDescriptor;
-        dispatch_source_set_cancel_handler(m_impl->focusWatch, ^{
-          close(descriptor);
-        });
-        dispatch_resume(m_impl->focusWatch);
-    }
+    // Full Disk Access is often granted while Ravlin runs: the folder is tried again each time
+    // an application comes to the front (the person just left System Settings), so that Focus
+    // rules start to hold without a restart and nothing is tried on a timer.
+    watchFocusFolder();
+    [m_impl->workspaceObservers
+        addObject:[workspace addObserverForName:NSWorkspaceDidActivateApplicationNotification
+                                         object:nil
+                                          queue:NSOperationQueue.mainQueue
+                                     usingBlock:^(NSNotification*) {
+                                       if (!m_impl->focusWatch && watchFocusFolder())
+                                           notify(SituationChange::FocusMode);
+                                     }]];
+}
+
+// The system replaces its Focus records in that folder (a new file renamed over the old one)
+// whenever a mode goes on or off, which changes the folder itself.
+bool MacSituation::watchFocusFolder()
+{
+    const int descriptor = open(focusFolder().fileSystemRepresentation, O_EVTONLY);
+    if (descriptor < 0)
+        return false;
+    m_impl->focusFolderDescriptor = descriptor;
+    m_impl->focusWatch = dispatch_source_create(
+        DISPATCH_SOURCE_TYPE_VNODE, uintptr_t(descriptor),
+        DISPATCH_VNODE_WRITE | DISPATCH_VNODE_EXTEND | DISPATCH_VNODE_ATTRIB,
+        dispatch_get_main_queue());
+    dispatch_source_set_event_handler(m_impl->focusWatch, ^{
+      notify(SituationChange::FocusMode);
+    });
+    dispatch_source_set_cancel_handler(m_impl->focusWatch, ^{
+      close(descriptor);
+    });
+    dispatch_resume(m_impl->focusWatch);
+    return true;
 }
 
 MacSituation::~MacSituation()

@@ -48,6 +48,13 @@ std::optional<FocusRecords> SimSituation::focusRecords()
     return recordsFor(m_focus);
 }
 
+std::optional<QString> SimSituation::wifiNetworkName()
+{
+    if (m_wifiNameAllowed && !m_wifiNameAllowed())
+        return std::nullopt;
+    return m_wifi;
+}
+
 void SimSituation::setWifiNetwork(const std::optional<QString>& name)
 {
     m_wifi = name;

@@ -9,12 +9,17 @@ namespace ravlin {
 // on and the clock in UTC.
 class SimSituation final : public Situation {
 public:
-    std::optional<QString> wifiNetworkName() override { return m_wifi; }
+    std::optional<QString> wifiNetworkName() override;
     std::optional<QString> frontmostApplication() override { return m_frontmost; }
     std::optional<FocusRecords> focusRecords() override;
     QTimeZone timeZone() override { return m_zone; }
 
     void setWifiNetwork(const std::optional<QString>& name);
+    // As on macOS, the network's name is told only to an application the person lets use the
+    // location; without a gate the name is told to everyone.
+    void setWifiNameGate(std::function<bool()> allowed) { m_wifiNameAllowed = std::move(allowed); }
+    // The network the Mac is joined to, whoever may know its name.
+    std::optional<QString> joinedNetwork() const { return m_wifi; }
     void setFrontmost(const std::optional<QString>& bundleId);
     // The Focus mode on now (absent: none), stored as the system stores it.
     void setFocus(const std::optional<QString>& name);
@@ -29,6 +34,7 @@ public:
 
 private:
     std::optional<QString> m_wifi;
+    std::function<bool()> m_wifiNameAllowed;
     std::optional<QString> m_frontmost;
     std::optional<QString> m_focus;
     bool m_focusReadable = true;

@@ -4,9 +4,12 @@
 #include "SettingsRow.h"
 #include "core/app/AppDelegate.h"
 #include "core/bar/StatusBarController.h"
+#include "core/app/MenuBarServices.h"
+#include "core/discovery/PermissionManager.h"
 #include "core/discovery/ScannerModel.h"
 #include "core/rules/Rules.h"
 #include "core/settings/LanguageManager.h"
+#include "core/sysinfo/WeatherService.h"
 #include "foundation/Scheduler.h"
 #include "platform/Platform.h"
 #include "platform/Situation.h"
@@ -27,6 +30,8 @@ RulesTab::RulesTab(AppDelegate& app, SettingsActions& actions, QWidget* parent)
     addWidget(holder, 20);
     addNote(m_app.languageManager().L(QStringLiteral("rules.note")));
     finish();
+    connect(&m_app.weatherService(), &WeatherService::locationAccessChanged, this,
+            &RulesTab::scheduleRebuild);
     rebuild();
 }
 
@@ -112,6 +117,8 @@ void RulesTab::fill(SettingsColumn& column)
                        inForce.contains(list[std::size_t(i)].id), lm, rules->description(),
                        m_choices, std::move(callbacks), column);
     }
+    if (RuleEvaluator::needs(list).wifi && !m_app.weatherService().hasLocationAccess())
+        addLocationRow(column);
     SettingsGroup* group = column.addSection(QString());
     auto* row = new SettingsRow(list.empty() ? lm.L(QStringLiteral("rules.empty")) : QString(),
                                 QString());
@@ -120,6 +127,23 @@ void RulesTab::fill(SettingsColumn& column)
     add->setEnabled(rules != nullptr);
     connect(add, &QPushButton::clicked, this, &RulesTab::addRule);
     row->addTrailing(add);
+    group->addRow(row);
+}
+
+// A Wi-Fi condition can only hold once macOS tells Ravlin the network's name, which it does
+// for applications allowed to use the location: say so where the condition is written.
+void RulesTab::addLocationRow(SettingsColumn& column)
+{
+    const LanguageManager& lm = m_app.languageManager();
+    SettingsGroup* group = column.addSection(QString());
+    auto* row = new SettingsRow(lm.L(QStringLiteral("rules.wifi.location")), QString());
+    QPushButton* allow = SettingsColumn::makeButton(
+        QStringLiteral("rules.allowLocation"), lm.L(QStringLiteral("rules.wifi.allow")), row);
+    connect(allow, &QPushButton::clicked, this, [this] {
+        if (!m_app.weatherService().askForLocationAccess())
+            m_app.menuBar().permissions().openLocationSettings();
+    });
+    row->addTrailing(allow);
     group->addRow(row);
 }
 

@@ -27,6 +27,7 @@ private:
     void scheduleRebuild();
     void rebuild();
     void fill(SettingsColumn& column);
+    void addLocationRow(SettingsColumn& column);
     RuleChoices choices() const;
     void replace(int index, const Rule& rule);
     void move(int index, int delta);
