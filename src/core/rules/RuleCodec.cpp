@@ -58,9 +58,15 @@ std::optional<RuleCondition> RuleCodec::conditionFromPlist(const PlistValue& val
     }
     c.kind = *kind;
     switch (*kind) {
-    case RuleCondition::Kind::Display:
-        c.on = d->value(QStringLiteral("connected")).asBool().value_or(true);
+    case RuleCondition::Kind::Display: {
+        // Absent means "connected"; anything but a yes or no is not read as one.
+        const PlistValue connected = d->value(QStringLiteral("connected"));
+        const std::optional<bool> on = connected.isNull() ? std::optional<bool>(true) : connected.asBool();
+        if (!on)
+            return std::nullopt;
+        c.on = *on;
         return c;
+    }
     case RuleCondition::Kind::Power: {
         const QString source = text(*d, QStringLiteral("source"));
         if (source != u"battery" && source != u"ac")

@@ -132,6 +132,12 @@ TEST(RuleCodec, KeepsWhatCannotBeReadAndNeverLetsItWidenARule)
     EXPECT_EQ(when[2], sun);
     EXPECT_EQ((*(*written.asArray())[1][QStringLiteral("then")].asArray())[2], noSeconds);
     EXPECT_TRUE(RuleCodec::fromPlist(PlistValue(QStringLiteral("rules"))).empty());
+    const std::vector<Rule> odd = RuleCodec::fromPlist(PlistArray{
+        dict({{"id", QStringLiteral("b")},
+              {"when", PlistArray{dict({{"kind", QStringLiteral("display")},
+                                        {"connected", QStringLiteral("yes")}})}}})});
+    ASSERT_EQ(odd.size(), 1u);
+    EXPECT_EQ(odd[0].conditions[0].kind, RuleCondition::Kind::Unknown);
 }
 
 TEST(RuleCodec, ReadsAtMostFiftyRulesOfTenParts)
