@@ -1,10 +1,14 @@
 // Feeds arbitrary values to what the program decodes from its settings itself: the shortcut
-// texts, the recorded arrangement, the record of items first seen, the layout library. The
+// texts, the recorded arrangement, the record of items first seen, the layout library, the
+// rules. The
 // input is a property list (XML or binary) whose values are put under those keys, and the raw
 // bytes are also a shortcut text.
 #include "core/bar/ArrangementStore.h"
 #include "core/bar/LayoutLibrary.h"
 #include "core/bar/NewItemTracker.h"
+#include "core/rules/RuleBook.h"
+#include "core/rules/RuleCodec.h"
+#include "core/rules/RuleEvaluator.h"
 #include "core/settings/KeyChord.h"
 #include "core/settings/PrefKey.h"
 #include "core/settings/Preferences.h"
@@ -71,6 +75,27 @@ void shortcuts(DefaultsStore& defaults)
     (void)prefs.rehideInterval();
 }
 
+// Whatever the stored rules are, reading them stays within its limits, writing them back and
+// reading again gives the same rules, and evaluating them decides something.
+void rules(DefaultsStore& defaults)
+{
+    const std::vector<Rule> read = RuleBook(defaults).rules();
+    if (int(read.size()) > RuleCodec::maxRules)
+        std::abort();
+    for (const Rule& rule : read)
+        if (int(rule.conditions.size()) > Rule::maxConditions || int(rule.actions.size()) > Rule::maxActions)
+            std::abort();
+    if (RuleCodec::fromPlist(RuleCodec::toPlist(read)) != read)
+        std::abort();
+    Circumstances now;
+    now.wifi = QStringLiteral("Office");
+    now.running = {QStringLiteral("com.example.chat")};
+    now.focus = QString();
+    now.minuteOfDay = 23 * 60 + 59;
+    (void)RuleEvaluator::outcome(read, now);
+    (void)RuleEvaluator::needs(read);
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerInitialize(int*, char***)
@@ -94,7 +119,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (auto it = dict.cbegin(); it != dict.cend(); ++it) {
         for (const QString& key :
              {ArrangementStore::defaultsKey, LayoutLibrary::layoutsKey, NewItemTracker::defaultsKey,
-              PrefKey::panelShortcut, PrefKey::hiddenSectionShortcut, PrefKey::rehideInterval})
+              PrefKey::panelShortcut, PrefKey::hiddenSectionShortcut, PrefKey::rehideInterval,
+              RuleBook::defaultsKey})
             defaults.set(key, it.value());
         arrangement(defaults);
         layouts(defaults);
@@ -102,6 +128,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         tracker.notice({QStringLiteral("n:Chat"), QStringLiteral("n:New")}, noon);
         (void)tracker.newSince(noon);
         shortcuts(defaults);
+        rules(defaults);
     }
     return 0;
 }
