@@ -65,7 +65,7 @@ public:
         if (!isValid())
             return {};
         const std::optional<QRectF> r = isGear() ? m_view->settingsRect() : m_view->tileRect(m_key);
-        const QRectF inView = r->translated(0, -m_view->scrollOffset());
+        const QRectF inView = m_view->toView(*r);
         return QRect(m_view->mapToGlobal(inView.topLeft().toPoint()), inView.size().toSize());
     }
     void* interface_cast(QAccessible::InterfaceType type) override

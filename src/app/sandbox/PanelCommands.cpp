@@ -214,7 +214,7 @@ QJsonValue settingsButtonJson(const RavlinBarView& view)
     const std::optional<QRectF> r = view.settingsRect();
     if (!r)
         return QJsonValue();
-    const QRectF inView = r->translated(0, -view.scrollOffset());
+    const QRectF inView = view.toView(*r);
     return QJsonObject{{QStringLiteral("frame"),
                         QJsonArray{inView.x(), inView.y(), inView.width(), inView.height()}},
                        {QStringLiteral("visible"), view.isTileVisible(RavlinBarView::settingsKey)}};
