@@ -224,6 +224,12 @@ void RavlinBar::hide()
         m_panel->hide();
 }
 
+void RavlinBar::search(const QString& text)
+{
+    if (isVisible() && view())
+        view()->setQuery(text);
+}
+
 bool RavlinBar::isVisible() const
 {
     return m_panel && m_panel->isVisible();

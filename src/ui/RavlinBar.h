@@ -66,6 +66,7 @@ public:
               ItemCallback onActivate, StatCallback onStat) override;
     void hide() override;
     bool isVisible() const override;
+    void search(const QString& text) override;
 
     // The window lost key status (the user clicked elsewhere).
     void resignKey();

@@ -184,6 +184,8 @@ void registerAll(ScriptRunner& runner)
     registerUpdateCommands(runner);
     registerWelcomeCommands(runner);
     registerUserCommands(runner);
+    registerGestureCommands(runner);
+    registerAutomationCommands(runner);
     registerPendingCommands(runner);
 }
 

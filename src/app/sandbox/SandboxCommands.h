@@ -38,6 +38,10 @@ void registerWelcomeCommands(ScriptRunner& runner);
 // user (the person's hands: typing, moving the pointer, holding a button or modifiers); the
 // section user.
 void registerUserCommands(ScriptRunner& runner);
+// menus, scroll (the menu bar's reveal gestures); the section gestures.
+void registerGestureCommands(ScriptRunner& runner);
+// url (the URL scheme); the section automation.
+void registerAutomationCommands(ScriptRunner& runner);
 // Every command of the script language that a later part of the sandbox brings.
 void registerPendingCommands(ScriptRunner& runner);
 

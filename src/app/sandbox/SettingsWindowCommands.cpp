@@ -194,10 +194,13 @@ QString withoutDirectionMarks(QString text)
     return text;
 }
 
-QJsonArray shortcutFields(const SettingsView& view)
+// The General tab's fields, or (items) the Menu Bar tab's, one in each item's row.
+QJsonArray shortcutFields(const SettingsView& view, bool items)
 {
     QJsonArray list;
     for (const ShortcutField* f : view.findChildren<ShortcutField*>()) {
+        if (f->objectName().startsWith(QStringLiteral("shortcut:")) != items)
+            continue;
         const auto* row = qobject_cast<const SettingsRow*>(f->parentWidget());
         const QLabel* hint = row ? row->hintLabel() : nullptr;
         list.append(QJsonObject{
@@ -278,7 +281,8 @@ QJsonValue settingsSection(SandboxSession& s, bool)
         {QStringLiteral("language"),
          picker ? QJsonValue(picker->currentData().toString()) : QJsonValue()},
         {QStringLiteral("items"), placements(*view)},
-        {QStringLiteral("shortcuts"), shortcutFields(*view)},
+        {QStringLiteral("shortcuts"), shortcutFields(*view, false)},
+        {QStringLiteral("itemShortcuts"), shortcutFields(*view, true)},
         {QStringLiteral("layoutNaming"), layoutNaming(*view)},
         {QStringLiteral("apps"),
          switches(*view, QStringLiteral("bundle:"), QStringLiteral("bundleID"))},

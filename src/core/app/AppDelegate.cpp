@@ -4,7 +4,9 @@
 #include "MenuBarServices.h"
 #include "SettingsPresenter.h"
 #include "SoftwareUpdate.h"
+#include "UrlCommands.h"
 #include "WelcomeGuide.h"
+#include "core/bar/MenuBarGestures.h"
 #include "core/bar/MenuBarHideEngine.h"
 #include "core/bar/StatusBarController.h"
 #include "core/bar/TilePanel.h"
@@ -46,7 +48,8 @@ AppDelegate::AppDelegate(Platform& platform, Scheduler& scheduler, const Resourc
       m_scannerModel(std::make_unique<ScannerModel>(m_menuBar->scanner(), m_menuBar->apps())),
       m_tileModel(std::make_unique<TileModel>(*platform.defaults)),
       m_hideEngine(std::make_unique<MenuBarHideEngine>(platform.assessmentMode.get())),
-      m_updates(std::make_unique<SoftwareUpdate>(*platform.defaults, platform.updater.get()))
+      m_updates(std::make_unique<SoftwareUpdate>(*platform.defaults, platform.updater.get())),
+      m_urls(std::make_unique<UrlCommands>(*this))
 {
     m_welcome = std::make_unique<WelcomeGuide>(WelcomeServices{
         scheduler, *platform.defaults, *m_preferences, m_menuBar->permissions(),
@@ -66,6 +69,7 @@ void AppDelegate::setWindows(const AppWindows& windows)
 AppDelegate::~AppDelegate()
 {
     m_welcome->setPresenter(nullptr);
+    m_gestures.reset();
     m_shortcuts.reset();
     if (m_windows.panel && m_launched)
         m_windows.panel->onSettings = nullptr;
@@ -154,6 +158,12 @@ void AppDelegate::applicationDidFinishLaunching(const QStringList& arguments)
                                                                 m_platform.bundleIdentifier,
                                                                 onBatteryReader()});
     makeShortcuts();
+    m_gestures = std::make_unique<MenuBarGestures>(
+        MenuBarGestureServices{m_scheduler, *m_preferences, *m_notifications,
+                               *m_platform.eventMonitors, *m_platform.screens, *m_platform.events,
+                               *m_platform.windowServer, *m_platform.accessibility},
+        *m_statusBar);
+    m_urls->ready();
     if (m_preferences->showWeather())
         m_weather->refreshIfStale();
     // A first reading at launch primes the sampler; the tile panel starts it again when it shows
@@ -187,6 +197,10 @@ void AppDelegate::makeShortcuts()
         if (m_statusBar && !m_statusBar->arranging())
             m_statusBar->menuToggle();
     };
+    actions.openItem = [this](const QString& key) {
+        if (m_statusBar && !m_statusBar->arranging())
+            m_statusBar->openItemByKey(key);
+    };
     m_shortcuts = std::make_unique<GlobalShortcuts>(m_platform.hotKeys.get(), *m_preferences,
                                                     *m_notifications, std::move(actions));
 }
@@ -198,6 +212,11 @@ bool AppDelegate::applicationShouldHandleReopen(bool)
     if (!m_welcome->reopened())
         showSettings(0);
     return true;
+}
+
+bool AppDelegate::openURL(const QString& url)
+{
+    return m_urls->handle(url);
 }
 
 void AppDelegate::showSettings(int tab)

@@ -13,6 +13,7 @@ class ArrangeGuide;
 class DiagnosticLogs;
 class GlobalShortcuts;
 class LanguageManager;
+class MenuBarGestures;
 class MenuBarHideEngine;
 class MenuBarServices;
 class NotificationCenter;
@@ -26,6 +27,7 @@ class StatusBarController;
 class SystemStats;
 class TileModel;
 class TilePanel;
+class UrlCommands;
 class WeatherService;
 class WelcomeGuide;
 class WelcomePresenter;
@@ -54,6 +56,9 @@ public:
     void applicationDidFinishLaunching(const QStringList& arguments);
     // The user opened the running application again.
     bool applicationShouldHandleReopen(bool hasVisibleWindows);
+    // The system hands over a URL of the application's scheme (ravlin://…); whether it asked
+    // for something the application does.
+    bool openURL(const QString& url);
 
     Platform& platform() const { return m_platform; }
     Scheduler& scheduler() const { return m_scheduler; }
@@ -73,6 +78,8 @@ public:
     StatusBarController* statusBar() const { return m_statusBar.get(); }
     // The system-wide shortcuts; absent until start-up made them, like the status bar.
     GlobalShortcuts* shortcuts() const { return m_shortcuts.get(); }
+    // The menu bar's reveal gestures; absent until start-up made them.
+    MenuBarGestures* gestures() const { return m_gestures.get(); }
     // Where the self-tests write their reports (empty: the default folder).
     void setLogDirectory(const QString& directory);
     bool launched() const { return m_launched; }
@@ -101,6 +108,8 @@ private:
     std::unique_ptr<WelcomeGuide> m_welcome;
     std::unique_ptr<StatusBarController> m_statusBar;
     std::unique_ptr<GlobalShortcuts> m_shortcuts;
+    std::unique_ptr<MenuBarGestures> m_gestures;
+    std::unique_ptr<UrlCommands> m_urls;
     AppWindows m_windows;
     QString m_hideLog;
     bool m_launched = false;

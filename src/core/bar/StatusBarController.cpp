@@ -31,6 +31,7 @@ StatusBarController::StatusBarController(StatusBarServices services)
     if (m_s.panel) {
         m_s.panel->onClose = weakly([this] {
             m_tileOpen = false;
+            m_spot.reset();
             m_lastTileClose = m_s.scheduler.now();
             resumeBarCheck();
         });

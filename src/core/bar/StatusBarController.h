@@ -259,6 +259,14 @@ public:
     void enterArrangeMode();
     void exitArrangeMode();
 
+    // The menu bar's reveal gestures (MenuBarGestures decides what an event means): an empty
+    // spot clicked, the pointer rested on it, scrolling up or down.
+    void menuBarClicked(ScreenPoint spot);
+    void menuBarHovered();
+    void menuBarScrolled(bool up);
+    // Open an item as a click on its tile does, whether it is out of sight or not.
+    void openItem(const BarItem& item);
+
     // The tile panel and the activation of hidden items.
     void toggleTile();
     void toggleTileFromKeyboard();
@@ -357,6 +365,7 @@ private:
     LayoutLibrary m_layouts;
     int m_displayCount = 0;
     std::optional<ScreenPoint> m_clickPoint; // of the last click on the chevron
+    std::optional<ScreenRect> m_spot;        // the empty menu bar the open panel hangs under
     Timer m_powerTimer;
     std::optional<bool> m_onBattery;
     QStringList m_movedBySystem;

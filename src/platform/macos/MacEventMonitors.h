@@ -7,8 +7,7 @@ namespace ravlin {
 // NSEvent global monitors: they see only events sent to other applications.
 class MacEventMonitors final : public EventMonitors {
 public:
-    std::unique_ptr<Monitor> addGlobalMonitor(int kinds,
-                                              std::function<void(Kind)> handler) override;
+    std::unique_ptr<Monitor> watch(int kinds, std::function<void(const Event&)> handler) override;
 };
 
 } // namespace ravlin

@@ -18,10 +18,41 @@ private:
     id m_token;
 };
 
+EventMonitors::Kind kindOf(NSEvent* event)
+{
+    switch (event.type) {
+    case NSEventTypeMouseMoved:
+        return EventMonitors::MouseMoved;
+    case NSEventTypeRightMouseDown:
+        return EventMonitors::RightMouseDown;
+    case NSEventTypeScrollWheel:
+        return EventMonitors::ScrollWheel;
+    default:
+        return EventMonitors::LeftMouseDown;
+    }
+}
+
+// What the event says, as the system says it; the core decides what it means.
+EventMonitors::Event translated(NSEvent* event)
+{
+    EventMonitors::Event e;
+    e.kind = kindOf(event);
+    // The device-independent modifier masks have the same values as the event flags.
+    e.modifierFlags = std::uint64_t(event.modifierFlags &
+                                    NSEventModifierFlagDeviceIndependentFlagsMask);
+    if (e.kind == EventMonitors::ScrollWheel) {
+        e.scrollDeltaY = event.scrollingDeltaY;
+        e.precise = event.hasPreciseScrollingDeltas;
+        e.inverted = event.isDirectionInvertedFromDevice;
+        e.momentum = event.momentumPhase != NSEventPhaseNone;
+    }
+    return e;
+}
+
 } // namespace
 
 std::unique_ptr<EventMonitors::Monitor>
-MacEventMonitors::addGlobalMonitor(int kinds, std::function<void(Kind)> handler)
+MacEventMonitors::watch(int kinds, std::function<void(const Event&)> handler)
 {
     NSEventMask mask = 0;
     if (kinds & MouseMoved)
@@ -30,16 +61,13 @@ MacEventMonitors::addGlobalMonitor(int kinds, std::function<void(Kind)> handler)
         mask |= NSEventMaskLeftMouseDown;
     if (kinds & RightMouseDown)
         mask |= NSEventMaskRightMouseDown;
-    auto shared = std::make_shared<std::function<void(Kind)>>(std::move(handler));
-    id token = [NSEvent
-        addGlobalMonitorForEventsMatchingMask:mask
-                                      handler:^(NSEvent* event) {
-                                        Kind kind = event.type == NSEventTypeMouseMoved ? MouseMoved
-                                                    : event.type == NSEventTypeRightMouseDown
-                                                        ? RightMouseDown
-                                                        : LeftMouseDown;
-                                        (*shared)(kind);
-                                      }];
+    if (kinds & ScrollWheel)
+        mask |= NSEventMaskScrollWheel;
+    auto shared = std::make_shared<std::function<void(const Event&)>>(std::move(handler));
+    id token = [NSEvent addGlobalMonitorForEventsMatchingMask:mask
+                                                      handler:^(NSEvent* event) {
+                                                        (*shared)(translated(event));
+                                                      }];
     return std::make_unique<MacMonitor>(token);
 }
 

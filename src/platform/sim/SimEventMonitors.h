@@ -10,16 +10,16 @@ namespace ravlin {
 // person's pointer moves and of clicks that go to other applications.
 class SimEventMonitors final : public EventMonitors {
 public:
-    std::unique_ptr<Monitor> addGlobalMonitor(int kinds,
-                                              std::function<void(Kind)> handler) override;
+    std::unique_ptr<Monitor> watch(int kinds, std::function<void(const Event&)> handler) override;
 
-    void deliver(Kind kind);
+    void deliver(Kind kind) { deliver(Event{kind}); }
+    void deliver(const Event& event);
     int installed(int kinds) const;
 
 private:
     struct Entry {
         int kinds;
-        std::shared_ptr<std::function<void(Kind)>> handler;
+        std::shared_ptr<std::function<void(const Event&)>> handler;
     };
     class SimMonitor;
     std::vector<Entry> m_entries;

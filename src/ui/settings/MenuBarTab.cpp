@@ -58,6 +58,7 @@ void MenuBarTab::fillItems(SettingsColumn& column)
     for (const BarItem* item : apps)
         detected->addRow(itemRow(*item));
     QString note = lm.L(QStringLiteral("menubar.selectHelp")) + u'\n' +
+                   lm.L(QStringLiteral("menubar.shortcutHelp")) + u'\n' +
                    lm.L(QStringLiteral("menubar.autoupdated"));
     if (m_actions.hidesWholeApplications())
         note += u'\n' + lm.L(QStringLiteral("menubar.wholeApps"));
@@ -93,6 +94,7 @@ QWidget* MenuBarTab::itemRow(const BarItem& item)
                            lm.L(QStringLiteral("menubar.place.") + itemPlacementName(p)));
     connect(choice, &SegmentedControl::chosen, this,
             [this, key = item.key](const QString& value) { choosePlacement(key, value); });
+    m_itemShortcuts.add(row, item.key);
     row->addTrailing(choice);
     m_placements.insert(item.key, choice);
     return row;
@@ -147,6 +149,7 @@ void MenuBarTab::refresh()
     const Preferences& p = m_app.preferences();
     for (auto it = m_placements.cbegin(); it != m_placements.cend(); ++it)
         it.value()->setValue(itemPlacementName(p.placement(it.key())));
+    m_itemShortcuts.refresh();
     if (m_arrange)
         m_arrange->setEnabled(m_actions.canArrange());
     if (m_newItems)
@@ -178,6 +181,7 @@ void MenuBarTab::reload()
     }
     m_shownSignature = signature;
     m_placements.clear();
+    m_itemShortcuts.clear();
     if (m_lists) {
         m_lists->hide();
         m_lists->setParent(nullptr);

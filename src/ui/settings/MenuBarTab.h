@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ItemShortcutFields.h"
 #include "SettingsPage.h"
 
 #include <QHash>
@@ -23,7 +24,7 @@ class ToggleSwitch;
 struct BarItem;
 
 // Where each menu-bar item belongs, whatever hides the items: the detected items with a
-// bar/panel/off choice each, arrange mode, item spacing and a full rescan; where whole
+// bar/panel/off choice and a shortcut that opens the item each, arrange mode, item spacing and a full rescan; where whole
 // applications are hidden together, a line that says so.
 class MenuBarTab : public SettingsPage {
     Q_OBJECT
@@ -66,6 +67,7 @@ private:
     QVBoxLayout* m_listHolder = nullptr;
     QPointer<SettingsColumn> m_lists;
     QHash<QString, SegmentedControl*> m_placements;
+    ItemShortcutFields m_itemShortcuts{m_app};
     QPushButton* m_arrange = nullptr;
     SettingsRow* m_spacingRow = nullptr;
     SegmentedControl* m_newItems = nullptr;
