@@ -4,6 +4,7 @@
 #include "MenuBarServices.h"
 #include "SettingsPresenter.h"
 #include "SoftwareUpdate.h"
+#include "StartingStyle.h"
 #include "UrlCommands.h"
 #include "WelcomeGuide.h"
 #include "core/bar/MenuBarGestures.h"
@@ -129,6 +130,7 @@ void AppDelegate::applicationDidFinishLaunching(const QStringList& arguments)
     m_preferences->registerDefaults();
     m_language->applyStored();
     m_updates->apply();
+    StartingStyle::chooseForNewUser(*m_preferences, m_platform.screens->screens());
     m_statusBar =
         std::make_unique<StatusBarController>(StatusBarServices{m_scheduler,
                                                                 *m_preferences,
