@@ -8,7 +8,8 @@
 
 namespace ravlin {
 
-// Global monitors of pointer events sent to other applications.
+// Monitors of pointer events: global ones hear what is sent to other applications, local ones
+// what is sent to this application itself (its own status items and windows).
 class EventMonitors {
 public:
     enum Kind { MouseMoved = 1, LeftMouseDown = 2, RightMouseDown = 4, ScrollWheel = 8 };
@@ -37,6 +38,9 @@ public:
     // kinds is a combination of Kind values; the handler hears each event of those kinds.
     virtual std::unique_ptr<Monitor> watch(int kinds,
                                            std::function<void(const Event&)> handler) = 0;
+    // Events sent to this application; the handler only listens, the events go on.
+    virtual std::unique_ptr<Monitor> watchOwn(int kinds,
+                                              std::function<void(const Event&)> handler) = 0;
     // The same, for handlers that only need to know which kind happened.
     std::unique_ptr<Monitor> addGlobalMonitor(int kinds, std::function<void(Kind)> handler)
     {

@@ -85,9 +85,9 @@ void scrollCommand(CommandContext& c)
     }
     SimDesktop& desktop = c.session.desktop();
     desktop.setCursor(point);
-    // What goes to Ravlin's own items is not heard by the global monitors.
-    if (const auto hit = desktop.itemAt(point); hit && hit->item.own)
-        return;
+    // What goes to Ravlin's own items reaches Ravlin itself, not the global monitors.
+    const auto hit = desktop.itemAt(point);
+    const bool own = hit && hit->item.own;
     const double fingers = way == u"up" ? 1 : -1;
     EventMonitors::Event event;
     event.kind = EventMonitors::ScrollWheel;
@@ -98,7 +98,10 @@ void scrollCommand(CommandContext& c)
     for (int i = 0; i < steps + (trackpad ? 3 : 0); ++i) {
         event.momentum = i >= steps;
         event.scrollDeltaY = sign * (trackpad ? (event.momentum ? 3.0 : 6.0) : 1.0);
-        c.session.monitors().deliver(event);
+        if (own)
+            c.session.monitors().deliverOwn(event);
+        else
+            c.session.monitors().deliver(event);
         c.session.scheduler().advance(0.016);
     }
     c.session.scheduler().runDue();

@@ -54,10 +54,13 @@ void MenuBarGestures::install()
         m_clickMonitor = click ? m_s.monitors.watch(EventMonitors::LeftMouseDown,
                                                     weakly([this](const auto& e) { clicked(e); }))
                                : nullptr;
-    if (scroll != bool(m_scrollMonitor))
-        m_scrollMonitor = scroll ? m_s.monitors.watch(EventMonitors::ScrollWheel,
-                                                      weakly([this](const auto& e) { scrolled(e); }))
+    if (scroll != bool(m_scrollMonitor)) {
+        auto heard = [this](const EventMonitors::Event& e) { scrolled(e); };
+        m_scrollMonitor = scroll ? m_s.monitors.watch(EventMonitors::ScrollWheel, weakly(heard))
                                  : nullptr;
+        m_ownScrollMonitor =
+            scroll ? m_s.monitors.watchOwn(EventMonitors::ScrollWheel, weakly(heard)) : nullptr;
+    }
     if (hover != bool(m_hoverMonitor)) {
         m_hoverMonitor =
             hover ? m_s.monitors.watch(

@@ -76,6 +76,9 @@ private:
     StatusBarController& m_controller;
     std::unique_ptr<EventMonitors::Monitor> m_clickMonitor;
     std::unique_ptr<EventMonitors::Monitor> m_scrollMonitor;
+    // Scrolls over Ravlin's own items (a separator stretched over the menu bar) come to
+    // Ravlin itself rather than to the global monitor.
+    std::unique_ptr<EventMonitors::Monitor> m_ownScrollMonitor;
     std::unique_ptr<EventMonitors::Monitor> m_hoverMonitor;
     ScrollIntent m_scroll;
     bool m_pointerInBar = false;

@@ -38,6 +38,20 @@ void StatusBarController::menuBarClicked(ScreenPoint spot)
         m_spot.reset();
 }
 
+bool StatusBarController::onChevron(ScreenPoint point) const
+{
+    const std::optional<ScreenRect> frame = frameOf(m_mainItem.get());
+    if (!frame)
+        return true;
+    const std::vector<ScreenInfo> screens = m_s.screens.screens();
+    const std::optional<ScreenInfo> clicked = MenuBarDisplays::displayAt(point, screens);
+    const std::optional<ScreenInfo> home = MenuBarDisplays::displayAt(
+        {frame->x + frame->width / 2, frame->y + frame->height / 2}, screens);
+    const ScreenRect chevron =
+        clicked && home ? MenuBarDisplays::onDisplay(*frame, *home, *clicked) : *frame;
+    return point.x >= chevron.x && point.x <= chevron.maxX();
+}
+
 // The panel opens under the chevron of the display the pointer rests on.
 void StatusBarController::menuBarHovered()
 {

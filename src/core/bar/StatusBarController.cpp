@@ -253,6 +253,11 @@ void StatusBarController::mainClicked()
         showMenu();
         return;
     }
+    // A separator stretched over the menu bar looks like empty menu bar: a click there is one.
+    if (m_s.preferences.revealOnMenuBarClick() && !onChevron(*m_clickPoint)) {
+        menuBarClicked(*m_clickPoint);
+        return;
+    }
     if (m_s.preferences.clickShowsInBar())
         toggleInBar();
     else

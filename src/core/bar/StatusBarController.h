@@ -335,6 +335,8 @@ private:
     void resumeBarCheck();
     double hiddenSeparatorLimit() const;
     void openWithinReach(const BarItem& item);
+    // Whether a click at that point was on the chevron (in any display's menu bar).
+    bool onChevron(ScreenPoint point) const;
     BarEntry entryOf(const BarItem& item) const;
     std::vector<BarEntry> absentEntries(const std::vector<BarEntry>& present) const;
     struct Running {

@@ -49,25 +49,42 @@ EventMonitors::Event translated(NSEvent* event)
     return e;
 }
 
+NSEventMask maskOf(int kinds)
+{
+    NSEventMask mask = 0;
+    if (kinds & EventMonitors::MouseMoved)
+        mask |= NSEventMaskMouseMoved;
+    if (kinds & EventMonitors::LeftMouseDown)
+        mask |= NSEventMaskLeftMouseDown;
+    if (kinds & EventMonitors::RightMouseDown)
+        mask |= NSEventMaskRightMouseDown;
+    if (kinds & EventMonitors::ScrollWheel)
+        mask |= NSEventMaskScrollWheel;
+    return mask;
+}
+
 } // namespace
 
 std::unique_ptr<EventMonitors::Monitor>
 MacEventMonitors::watch(int kinds, std::function<void(const Event&)> handler)
 {
-    NSEventMask mask = 0;
-    if (kinds & MouseMoved)
-        mask |= NSEventMaskMouseMoved;
-    if (kinds & LeftMouseDown)
-        mask |= NSEventMaskLeftMouseDown;
-    if (kinds & RightMouseDown)
-        mask |= NSEventMaskRightMouseDown;
-    if (kinds & ScrollWheel)
-        mask |= NSEventMaskScrollWheel;
     auto shared = std::make_shared<std::function<void(const Event&)>>(std::move(handler));
-    id token = [NSEvent addGlobalMonitorForEventsMatchingMask:mask
+    id token = [NSEvent addGlobalMonitorForEventsMatchingMask:maskOf(kinds)
                                                       handler:^(NSEvent* event) {
                                                         (*shared)(translated(event));
                                                       }];
+    return std::make_unique<MacMonitor>(token);
+}
+
+std::unique_ptr<EventMonitors::Monitor>
+MacEventMonitors::watchOwn(int kinds, std::function<void(const Event&)> handler)
+{
+    auto shared = std::make_shared<std::function<void(const Event&)>>(std::move(handler));
+    id token = [NSEvent addLocalMonitorForEventsMatchingMask:maskOf(kinds)
+                                                     handler:^NSEvent*(NSEvent* event) {
+                                                       (*shared)(translated(event));
+                                                       return event;
+                                                     }];
     return std::make_unique<MacMonitor>(token);
 }
 

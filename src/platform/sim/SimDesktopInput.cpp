@@ -85,16 +85,18 @@ void SimDesktop::warpCursor(WindowServerPoint point)
     m_cursor = point;
 }
 
-// Listeners (the global monitors) hear the click while a menu it closes still stands.
+// What the click lands on is settled when it happens, whatever its listeners (the global
+// monitors) then do; they hear it while a menu it closes still stands.
 void SimDesktop::userClick(const SimUserClick& click)
 {
     m_cursor = click.point;
+    const std::optional<SimPlacedItem> hit = itemAt(click.point);
+    const bool onMenus = !hit && onAppMenus(click.point);
     for (const ClickListener& listener : std::vector<ClickListener>(m_clickListeners))
         listener(click);
     m_openMenu.reset();
-    const std::optional<SimPlacedItem> hit = itemAt(click.point);
     if (!hit) {
-        if (onAppMenus(click.point))
+        if (onMenus)
             openMenuAt(click.point, 0, QStringLiteral("Finder"));
         return;
     }
