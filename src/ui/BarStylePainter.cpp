@@ -84,13 +84,8 @@ void BarStylePainter::picture(const PanelTile& tile, const QRectF& rect)
     if (pictured && !item->imageIsApplicationIcon) {
         const QSizeF natural = item->image->deviceIndependentSize();
         QRectF box = fitted(natural.boundedTo(rect.size()), rect);
-        // Pictures of menu-bar items are white glyphs: over the light glass they sit on a
-        // chip of the menu bar's colour, as in the panel.
-        if (!m_c.palette.dark) {
-            m_p.setPen(Qt::NoPen);
-            m_p.setBrush(QColor(58, 58, 64, 190));
-            m_p.drawRoundedRect(rect.adjusted(1, 1, -1, -1), cellRadius - 1, cellRadius - 1);
-        }
+        if (!m_c.palette.dark)
+            plate(*item->image, box, rect);
         image(m_p, *item->image, box);
         return;
     }
@@ -101,6 +96,29 @@ void BarStylePainter::picture(const PanelTile& tile, const QRectF& rect)
         return;
     }
     itemMark(m_c, tile, box, m_c.palette.primaryText());
+}
+
+// Pictures of menu-bar items are white glyphs: over the light glass they sit on a chip of
+// the menu bar's colour, as in the panel. The chip hugs what the picture draws (items leave
+// room of their own around their glyphs) and is never narrower than tall, so pictures of
+// every width get chips alike.
+void BarStylePainter::plate(const QImage& picture, const QRectF& box, const QRectF& cell)
+{
+    const QRectF ink = m_c.cache ? m_c.cache->inkBounds(picture) : PaintCache::measureInk(picture);
+    if (ink.isEmpty())
+        return;
+    const QRectF room = cell.adjusted(1, 1, -1, -1);
+    const QRectF drawn(box.left() + ink.left() * box.width(), box.top() + ink.top() * box.height(),
+                       ink.width() * box.width(), ink.height() * box.height());
+    const double height = std::min(drawn.height() + 8, room.height());
+    const double width = std::min(std::max(drawn.width() + 8, height), room.width());
+    const QPointF centre(
+        std::clamp(drawn.center().x(), room.left() + width / 2, room.right() - width / 2),
+        std::clamp(drawn.center().y(), room.top() + height / 2, room.bottom() - height / 2));
+    m_p.setPen(Qt::NoPen);
+    m_p.setBrush(QColor(58, 58, 64, 190));
+    m_p.drawRoundedRect(QRectF(centre.x() - width / 2, centre.y() - height / 2, width, height),
+                        cellRadius, cellRadius);
 }
 
 // A statistic as a compact chip: its short name, then its figure with the unit.

@@ -3,6 +3,7 @@
 #include "PanelPalette.h"
 #include "TilePainter.h"
 
+class QImage;
 class QPainter;
 
 namespace ravlin {
@@ -31,6 +32,7 @@ public:
 private:
     void highlight(const QRectF& rect, const TileState& state);
     void picture(const PanelTile& tile, const QRectF& rect);
+    void plate(const QImage& picture, const QRectF& box, const QRectF& cell);
     void chip(const PanelTile& tile, const QRectF& rect);
     void marks(const PanelTile& tile, const QRectF& rect);
     void dropMark(const QRectF& rect);

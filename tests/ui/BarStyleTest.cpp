@@ -14,6 +14,7 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QWheelEvent>
 
 #include <gtest/gtest.h>
@@ -284,6 +285,32 @@ TEST_F(BarStyleTest, PicturesAreDrawnInTheirCellsInBothAppearances)
         EXPECT_GT(qGray(image.pixel(int(cell.center().x() * 2), int(cell.center().y() * 2))), 150);
         EXPECT_EQ(qGray(image.pixel(1, 1)), 0); // the row's own ground is the window's
     }
+}
+
+// Over the light glass a white glyph sits on a dark chip that hugs the glyph, not the room its
+// item leaves around it, so wide and narrow items get chips alike.
+TEST_F(BarStyleTest, InTheLightAppearanceAGlyphSitsOnAChipOfItsOwnSize)
+{
+    BarItem wide = pictured(QStringLiteral("Wide"), 60);
+    QImage glyph(120, 48, QImage::Format_ARGB32_Premultiplied);
+    glyph.setDevicePixelRatio(2);
+    glyph.fill(Qt::transparent);
+    QPainter(&glyph).fillRect(QRectF(23, 5, 14, 14), Qt::white);
+    wide.image = glyph;
+    const auto v = view({BarGroup{QStringLiteral("Apps"), {wide}}});
+    v->setPalette(PanelPalette::forAppearance(false));
+    QImage image(v->size() * 2, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(2);
+    image.fill(Qt::white);
+    v->render(&image);
+    const QRectF cell = cellOf(*v, QStringLiteral("n:Wide"));
+    const auto grey = [&](double x) {
+        return qGray(image.pixel(int(x * 2), int(cell.center().y() * 2)));
+    };
+    EXPECT_GT(grey(cell.center().x()), 200);     // the glyph
+    EXPECT_LT(grey(cell.center().x() - 9), 140); // its chip, just beside it
+    EXPECT_GT(grey(cell.left() + 3), 200);       // the glass at the item's edges
+    EXPECT_GT(grey(cell.right() - 3), 200);
 }
 
 // The window: as high as the menu bar, right under it, its right end under the chevron's,
