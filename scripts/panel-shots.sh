@@ -59,7 +59,7 @@ shot() {
   } | "$sandbox" --script - 2> >(grep -v "does not support" >&2)
 }
 
-for style in dashboard capsules grid strip; do
+for style in dashboard capsules grid strip bar; do
   shot "$style" "$out/panel-$style.png"
   if [ "$all" = yes ]; then
     shot "$style" "$out/panel-$style-ar.png" ar

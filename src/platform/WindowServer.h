@@ -27,6 +27,12 @@ inline const QString name = QStringLiteral("kCGWindowName");
 inline const QString isOnscreen = QStringLiteral("kCGWindowIsOnscreen");
 } // namespace WindowKey
 
+// Window levels (kCGWindowLayer values) as the window server numbers them.
+namespace WindowLevel {
+// A menu that is open: an application's, a status item's, a context menu.
+constexpr std::int64_t popUpMenu = 101;
+} // namespace WindowLevel
+
 // The window server as the operating system exposes it. It only translates:
 // which windows matter, and what an image means, is for the core to decide.
 class WindowServer {

@@ -34,7 +34,7 @@ void HudContainer::paintEvent(QPaintEvent*)
     p.setRenderHint(QPainter::Antialiasing);
     const QRectF r = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
     QPainterPath shape;
-    shape.addRoundedRect(r, cornerRadius, cornerRadius);
+    shape.addRoundedRect(r, m_radius, m_radius);
     // A faint light from above, as the HUD material shows over a desktop.
     QLinearGradient glass(r.topLeft(), r.bottomLeft());
     glass.setColorAt(0, m_palette.backdropTop());

@@ -12,9 +12,13 @@ namespace ravlin {
 class HudContainer : public QWidget {
     Q_OBJECT
 public:
-    static constexpr double cornerRadius = 20;
+    static constexpr double panelCornerRadius = 20;
 
     explicit HudContainer(QWidget* parent = nullptr);
+
+    // Rounder for a panel, less round for a row as high as the menu bar.
+    void setCornerRadius(double radius) { m_radius = radius; }
+    double cornerRadius() const { return m_radius; }
 
     // The content view; it is resized with the container.
     void setContent(QWidget* content);
@@ -36,6 +40,7 @@ protected:
 private:
     QWidget* m_content = nullptr;
     bool m_native = false;
+    double m_radius = panelCornerRadius;
     PanelPalette m_palette;
 };
 

@@ -6,6 +6,8 @@
 #include <QFontMetricsF>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace ravlin {
 namespace {
 
@@ -83,9 +85,40 @@ const QPixmap& PaintCache::symbol(const QString& name, double side, const QColor
     return *m_symbols.insert(key, image.isNull() ? QPixmap() : QPixmap::fromImage(image));
 }
 
+QRectF PaintCache::inkBounds(const QImage& picture)
+{
+    auto it = m_ink.find(picture.cacheKey());
+    if (it != m_ink.end())
+        return *it;
+    trim();
+    return *m_ink.insert(picture.cacheKey(), measureInk(picture));
+}
+
+QRectF PaintCache::measureInk(const QImage& picture)
+{
+    const QImage argb = picture.convertToFormat(QImage::Format_ARGB32);
+    int left = argb.width(), right = -1, top = argb.height(), bottom = -1;
+    for (int y = 0; y < argb.height(); ++y) {
+        const auto* row = reinterpret_cast<const QRgb*>(argb.constScanLine(y));
+        for (int x = 0; x < argb.width(); ++x) {
+            if (qAlpha(row[x]) < 16)
+                continue;
+            left = std::min(left, x);
+            right = std::max(right, x);
+            top = std::min(top, y);
+            bottom = std::max(bottom, y);
+        }
+    }
+    if (right < 0)
+        return {};
+    const double w = argb.width(), h = argb.height();
+    return {left / w, top / h, (right + 1 - left) / w, (bottom + 1 - top) / h};
+}
+
 int PaintCache::entries() const
 {
-    return int(m_fonts.size() + m_lines.size() + m_fitting.size() + m_symbols.size());
+    return int(m_fonts.size() + m_lines.size() + m_fitting.size() + m_symbols.size() +
+               m_ink.size());
 }
 
 void PaintCache::trim()
@@ -99,6 +132,7 @@ void PaintCache::clear()
     m_lines.clear();
     m_fitting.clear();
     m_symbols.clear();
+    m_ink.clear();
 }
 
 } // namespace ravlin

@@ -3,6 +3,7 @@
 #include <QColor>
 #include <QFont>
 #include <QHash>
+#include <QImage>
 #include <QPixmap>
 #include <QStaticText>
 #include <QString>
@@ -40,6 +41,11 @@ public:
     const QPixmap& symbol(const QString& name, double side, const QColor& color,
                           double devicePixelRatio);
 
+    // The part of a picture that is not clear, as fractions of its width and height (empty
+    // for a clear picture): once per picture.
+    QRectF inkBounds(const QImage& picture);
+    static QRectF measureInk(const QImage& picture);
+
     int entries() const;
     void clear();
 
@@ -73,6 +79,7 @@ private:
     QHash<quint64, QFont> m_fonts;
     QHash<LineKey, Line> m_lines;
     QHash<QString, QFont> m_fitting;
+    QHash<qint64, QRectF> m_ink;
     QHash<SymbolKey, QPixmap> m_symbols;
 };
 

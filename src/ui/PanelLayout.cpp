@@ -34,6 +34,7 @@ double heightOf(const PanelTile& tile, TileStyle style)
     case TileStyle::Grid:
         return gridHeight;
     case TileStyle::Strip:
+    case TileStyle::Bar: // laid out by BarStyleLayout; a strip row where asked here
         return 28;
     }
     return 40;

@@ -12,7 +12,8 @@ namespace ravlin {
 
 // Where every part of the tile panel stands, in the panel's own coordinates.
 // Sizes are fixed per style, so the layout needs no fonts and is cheap to redo
-// whenever a figure changes.
+// whenever a figure changes. The bar style fills the same description along a row
+// (`horizontal`; made by BarStyleLayout).
 struct PanelLayout {
     struct PlacedTile {
         std::size_t section = 0;
@@ -44,6 +45,13 @@ struct PanelLayout {
     std::optional<QRectF> settingsButton;
     double footerHeight = 0; // the footer's share of `height`, the gap above it included
     double height = 0;
+
+    // A row rather than a column: the content is `width` long and scrolls sideways; the
+    // footer (the gear) stands at the trailing end and takes `footerWidth` of the row.
+    bool horizontal = false;
+    double width = 0;
+    double footerWidth = 0;
+    std::vector<QRectF> dividers; // hairlines between the row's sections
 
     // Lays the sections out for a panel `width` wide; right-to-left mirrors every rectangle.
     static PanelLayout make(const std::vector<PanelSection>& sections, TileStyle style,

@@ -11,6 +11,7 @@
 #include "core/sysinfo/RateText.h"
 #include "core/sysinfo/SystemStats.h"
 #include "core/sysinfo/WeatherService.h"
+#include "core/tiles/BarPlacement.h"
 #include "core/tiles/PanelPlacement.h"
 #include "core/tiles/TileModel.h"
 #include "foundation/Logging.h"
@@ -20,6 +21,8 @@
 #include "platform/Workspace.h"
 
 #include <QPropertyAnimation>
+
+#include <cmath>
 
 namespace ravlin {
 
@@ -78,11 +81,14 @@ void RavlinBar::makePanel()
 void RavlinBar::show(const std::vector<BarGroup>& groups, const ScreenRect& anchor,
                      ItemCallback onActivate, StatCallback onStat)
 {
-    if (m_s.preferences.showSystemTiles())
+    const bool figures = m_s.preferences.tileStyle() == TileStyle::Bar
+                             ? m_s.preferences.barShowsStatistics()
+                             : m_s.preferences.showSystemTiles();
+    if (figures)
         m_s.stats.start();
     else
         m_s.stats.stop();
-    if (m_s.preferences.showWeather())
+    if (m_s.preferences.showWeather() && m_s.preferences.tileStyle() != TileStyle::Bar)
         m_s.weather.refreshIfStale();
     const bool wasVisible = isVisible();
     // Content refilled while the panel is open keeps the place the user scrolled to.
@@ -91,9 +97,9 @@ void RavlinBar::show(const std::vector<BarGroup>& groups, const ScreenRect& anch
     const QString keptQuery = wasVisible && view() ? view()->query() : QString();
     const std::optional<QString> keptFocus =
         wasVisible && view() ? view()->focusedKey() : std::nullopt;
+    m_anchor = anchor;
     RavlinBarView* view = makeView(groups, std::move(onActivate), std::move(onStat));
     view->setQuery(keptQuery);
-    m_anchor = anchor;
     if (!m_panel)
         makePanel();
     replaceContent(view);
@@ -133,8 +139,11 @@ void RavlinBar::replaceContent(RavlinBarView* view)
     }
     auto* container = new HudContainer(m_panel.get());
     container->setPalette(palette());
+    // The bar's row is as high as the menu bar: its corners are rounded as a menu's are.
+    if (view->isRow())
+        container->setCornerRadius(std::min(9.0, view->contentHeight() / 2));
     container->setNativeBackground(
-        NativeWindow::addHudBackground(m_panel.get(), HudContainer::cornerRadius));
+        NativeWindow::addHudBackground(m_panel.get(), container->cornerRadius()));
     container->setContent(view);
     // A child made while its window is already on screen stays hidden until it is shown
     // itself: without this a panel filled again while open is an empty frame.
@@ -145,14 +154,9 @@ void RavlinBar::replaceContent(RavlinBarView* view)
 RavlinBarView* RavlinBar::makeView(const std::vector<BarGroup>& groups, ItemCallback onActivate,
                                    StatCallback onStat)
 {
-    PanelRequest request;
+    const TileStyle style = m_s.preferences.tileStyle();
+    PanelRequest request = requestFor(style);
     request.groups = groups;
-    request.showWeather = m_s.preferences.showWeather();
-    request.showSystemTiles = m_s.preferences.showSystemTiles();
-    request.hasScreenRecording = m_s.permissions.hasScreenRecording();
-    request.hasAccessibility = m_s.permissions.hasAccessibility();
-    if (footnote)
-        request.footnote = footnote();
     const RavlinBarView::Sources sources{m_content,
                                          m_s.tiles,
                                          m_s.stats,
@@ -161,8 +165,9 @@ RavlinBarView* RavlinBar::makeView(const std::vector<BarGroup>& groups, ItemCall
                                          m_s.language.L(QStringLiteral("search.noMatches")),
                                          m_s.language.L(QStringLiteral("a11y.settings")),
                                          m_paintCache.get(),
-                                         palette()};
-    auto* view = new RavlinBarView(sources, std::move(request), m_s.preferences.tileStyle());
+                                         palette(),
+                                         barHeight()};
+    auto* view = new RavlinBarView(sources, std::move(request), style);
     view->setLayoutDirection(m_s.language.isRTL() ? Qt::RightToLeft : Qt::LeftToRight);
     view->onActivate = std::move(onActivate);
     view->onStat = std::move(onStat);
@@ -180,10 +185,38 @@ RavlinBarView* RavlinBar::makeView(const std::vector<BarGroup>& groups, ItemCall
             onSettings();
     };
     view->onDismiss = [this] { dismiss(); };
-    view->onContentHeightChanged = [this] { resizeToFit(); };
+    view->onContentSizeChanged = [this] { resizeToFit(); };
     view->accessibleNamer = [this](const PanelTile& tile) { return accessibleName(tile); };
     view->setAccessibleName(m_s.language.L(QStringLiteral("a11y.panel")));
     return view;
+}
+
+// The bar style's row has room for the items and, when the user wants them, the statistics
+// as chips: no weather, no permission tiles; its note is a mark beside the gear.
+PanelRequest RavlinBar::requestFor(TileStyle style) const
+{
+    PanelRequest request;
+    // The note (a rule in force, items Ravlin cannot bring into sight) matters in every
+    // style: the bar folds it to a mark beside its gear.
+    if (footnote)
+        request.footnote = footnote();
+    if (style == TileStyle::Bar) {
+        request.showWeather = false;
+        request.showSystemTiles = m_s.preferences.barShowsStatistics();
+        request.offerPermissions = false;
+        return request;
+    }
+    request.showWeather = m_s.preferences.showWeather();
+    request.showSystemTiles = m_s.preferences.showSystemTiles();
+    request.hasScreenRecording = m_s.permissions.hasScreenRecording();
+    request.hasAccessibility = m_s.permissions.hasAccessibility();
+    return request;
+}
+
+double RavlinBar::barHeight() const
+{
+    const std::optional<ScreenInfo> on = screen();
+    return on ? BarPlacement::menuBarHeight(*on) : 24.0;
 }
 
 void RavlinBar::hide()
@@ -191,6 +224,12 @@ void RavlinBar::hide()
     m_s.stats.stop();
     if (m_panel)
         m_panel->hide();
+}
+
+void RavlinBar::search(const QString& text)
+{
+    if (isVisible() && view())
+        view()->setQuery(text);
 }
 
 bool RavlinBar::isVisible() const
@@ -227,12 +266,16 @@ void RavlinBar::placePanel()
         qCWarning(lcUi) << "no screen to show the tile panel on";
         return;
     }
-    const double width = P::widthOn(on->frame);
-    const double height =
-        P::fittedHeight(view()->heightForWidth(int(width)), P::maximumHeight(m_anchor, *on));
-    const ScreenPoint origin = P::origin(m_anchor, on->frame, height, width);
-    m_frame = {origin.x, origin.y, width, height};
-    m_container->resize(int(width), int(height));
+    if (view()->isRow()) {
+        m_frame = BarPlacement::frame(m_anchor, *on, view()->contentWidth());
+    } else {
+        const double width = P::widthOn(on->frame);
+        const double height =
+            P::fittedHeight(view()->heightForWidth(int(width)), P::maximumHeight(m_anchor, *on));
+        const ScreenPoint origin = P::origin(m_anchor, on->frame, height, width);
+        m_frame = {origin.x, origin.y, width, height};
+    }
+    m_container->resize(int(m_frame.width), int(m_frame.height));
     applyFrame(false);
 }
 
@@ -270,9 +313,17 @@ void RavlinBar::resizeToFit()
     if (!m_panel || !m_container || !m_view)
         return;
     const std::optional<ScreenInfo> on = screen();
-    const double maximum = on ? P::maximumHeight(m_anchor, *on) : m_frame.height;
-    const std::optional<ScreenRect> refitted =
-        P::refit(m_frame, view()->heightForWidth(int(m_frame.width)), maximum);
+    std::optional<ScreenRect> refitted;
+    if (view()->isRow()) {
+        // The row grows and shrinks along its length as a search narrows it.
+        const ScreenRect wanted =
+            on ? BarPlacement::frame(m_anchor, *on, view()->contentWidth()) : m_frame;
+        if (std::abs(wanted.width - m_frame.width) > P::refitTolerance)
+            refitted = wanted;
+    } else {
+        const double maximum = on ? P::maximumHeight(m_anchor, *on) : m_frame.height;
+        refitted = P::refit(m_frame, view()->heightForWidth(int(m_frame.width)), maximum);
+    }
     if (!refitted)
         return;
     m_frame = *refitted;

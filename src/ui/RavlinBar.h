@@ -2,6 +2,7 @@
 
 #include "PanelPalette.h"
 #include "core/bar/TilePanel.h"
+#include "core/settings/TileStyle.h"
 #include "core/tiles/PanelContent.h"
 #include "platform/Screens.h"
 
@@ -44,7 +45,8 @@ struct RavlinBarServices {
     Appearance* appearance = nullptr;
 };
 
-// The floating tile panel under the main status item. The window is made once
+// The floating tile panel under the main status item (in the bar style, a row of the
+// hidden items' pictures right under the menu bar). The window is made once
 // and kept; its content is made anew on every show. It fades in on its first
 // show only, follows its content's height twice after showing (figures, weather
 // and images arrive late) and closes when it loses key status or when the
@@ -64,6 +66,7 @@ public:
               ItemCallback onActivate, StatCallback onStat) override;
     void hide() override;
     bool isVisible() const override;
+    void search(const QString& text) override;
 
     // The window lost key status (the user clicked elsewhere).
     void resignKey();
@@ -84,6 +87,8 @@ private:
     RavlinBarView* makeView(const std::vector<BarGroup>& groups, ItemCallback onActivate,
                             StatCallback onStat);
     void replaceContent(RavlinBarView* view);
+    PanelRequest requestFor(TileStyle style) const;
+    double barHeight() const;
     std::optional<ScreenInfo> screen() const;
     void placePanel();
     void resizeToFit();

@@ -8,7 +8,7 @@
 namespace ravlin {
 namespace {
 
-// One entry of the list: a tile, or the gear. It holds the view loosely and finds its
+// One entry of the list: a tile, the gear, or the bar style's note mark. It holds the view loosely and finds its
 // tile by key on every question, so a refilled panel never leaves it pointing at a
 // tile that is gone: it simply stops being valid.
 class TileEntry final : public QAccessibleInterface, public QAccessibleActionInterface {
@@ -17,7 +17,11 @@ public:
 
     bool isValid() const override
     {
-        return m_view && (isGear() ? m_view->settingsRect().has_value() : bool(m_view->tile(m_key)));
+        if (!m_view)
+            return false;
+        if (isNote())
+            return m_view->footnoteMarkRect().has_value();
+        return isGear() ? m_view->settingsRect().has_value() : bool(m_view->tile(m_key));
     }
     QObject* object() const override { return nullptr; }
     QWindow* window() const override
@@ -39,12 +43,16 @@ public:
     {
         if (!isValid())
             return {};
+        if (t == QAccessible::Name && isNote())
+            return m_view->footnote();
         if (t == QAccessible::Name)
             return isGear() ? m_view->settingsName() : m_view->accessibleNameOf(*m_view->tile(m_key));
         return {};
     }
     QAccessible::Role role() const override
     {
+        if (isNote())
+            return m_view && m_view->onFootnote ? QAccessible::Button : QAccessible::StaticText;
         return isGear() ? QAccessible::Button : QAccessible::ListItem;
     }
     QAccessible::State state() const override
@@ -56,7 +64,7 @@ public:
         }
         s.focusable = true;
         s.focused = m_view->focusedKey() == m_key;
-        s.invisible = !isGear() && !m_view->isTileVisible(m_key);
+        s.invisible = !isGear() && !isNote() && !m_view->isTileVisible(m_key);
         s.offscreen = s.invisible;
         return s;
     }
@@ -64,8 +72,10 @@ public:
     {
         if (!isValid())
             return {};
-        const std::optional<QRectF> r = isGear() ? m_view->settingsRect() : m_view->tileRect(m_key);
-        const QRectF inView = r->translated(0, -m_view->scrollOffset());
+        const std::optional<QRectF> r = isNote()   ? m_view->footnoteMarkRect()
+                                        : isGear() ? m_view->settingsRect()
+                                                   : m_view->tileRect(m_key);
+        const QRectF inView = m_view->toView(*r);
         return QRect(m_view->mapToGlobal(inView.topLeft().toPoint()), inView.size().toSize());
     }
     void* interface_cast(QAccessible::InterfaceType type) override
@@ -84,20 +94,23 @@ public:
 
 private:
     bool isGear() const { return m_key == RavlinBarView::settingsKey; }
+    bool isNote() const { return m_key == RavlinBarView::footnoteKey; }
 
     QPointer<RavlinBarView> m_view;
     QString m_key;
 };
 
-QStringList entryKeys(const RavlinBarView& view)
+} // namespace
+
+QStringList RavlinBarAccessible::entryKeys(const RavlinBarView& view)
 {
     QStringList keys = view.tileKeys();
     if (view.settingsRect())
         keys.append(RavlinBarView::settingsKey);
+    if (view.footnoteMarkRect())
+        keys.append(RavlinBarView::footnoteKey);
     return keys;
 }
-
-} // namespace
 
 RavlinBarAccessible::RavlinBarAccessible(RavlinBarView* view)
     : QAccessibleWidget(view, QAccessible::List)

@@ -17,6 +17,8 @@ public:
 
     // Makes the interface for panel views; installed once by the first view.
     static QAccessibleInterface* factory(const QString& className, QObject* object);
+    // The keys of the list's entries in their order: the tiles, the gear, the note's mark.
+    static QStringList entryKeys(const RavlinBarView& view);
 
     int childCount() const override;
     QAccessibleInterface* child(int index) const override;

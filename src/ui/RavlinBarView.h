@@ -2,6 +2,7 @@
 
 #include "PanelLayout.h"
 #include "PanelPalette.h"
+#include "TilePainter.h"
 #include "core/settings/TileStyle.h"
 #include "core/tiles/PanelContent.h"
 
@@ -32,6 +33,11 @@ struct Stat;
 // field appears with the first key; Escape clears it, a second Escape closes the
 // panel), the arrows move a focus ring through the tiles in reading order, Return
 // or Space opens the focused tile as a click does, Tab reaches the settings gear.
+//
+// The bar style is the same view along a row as high as the menu bar (BarStyleLayout,
+// BarStylePainter): it scrolls sideways, and everything else works as in the panel.
+// The view's concerns live in files of their own: keyboard and search
+// (RavlinBarView+Keyboard.cpp), scrolling (+Scrolling.cpp) and painting (+Painting.cpp).
 class RavlinBarView : public QWidget {
     Q_OBJECT
 public:
@@ -48,6 +54,7 @@ public:
         QString settingsName; // the gear's name for screen readers
         PaintCache* paintCache = nullptr; // kept by the panel across shows
         PanelPalette palette;             // light or dark, as the system is
+        double barHeight = 24;            // the bar style is as high as the menu bar
     };
 
     RavlinBarView(const Sources& sources, PanelRequest request, TileStyle style,
@@ -64,8 +71,8 @@ public:
     std::function<void()> onSettings;
     // Escape with nothing typed: the panel should close.
     std::function<void()> onDismiss;
-    // The content's height changed while showing (a search narrowed or widened it).
-    std::function<void()> onContentHeightChanged;
+    // The content's size changed while showing (a search narrowed or widened it).
+    std::function<void()> onContentSizeChanged;
 
     TileStyle style() const { return m_style; }
     const PanelPalette& palette() const { return m_palette; }
@@ -97,9 +104,12 @@ public:
     // The accessible name of a tile, as a screen reader speaks it.
     QString accessibleNameOf(const PanelTile& tile) const;
     std::function<QString(const PanelTile&)> accessibleNamer;
-    // The gear, pinned to the bottom of the panel whatever the scroll, in content
-    // coordinates (as tile rectangles are) at the present scroll offset.
+    // The gear, pinned to the bottom of the panel (the trailing end of the bar) whatever the
+    // scroll, in content coordinates (as tile rectangles are) at the present scroll offset.
     std::optional<QRectF> settingsRect() const;
+    // The bar style's mark for the panel's note, beside the gear (content coordinates); other
+    // styles write the note out under the content.
+    std::optional<QRectF> footnoteMarkRect() const;
     const QString& settingsName() const { return m_settingsName; }
 
     QSize sizeHint() const override;
@@ -107,8 +117,11 @@ public:
     // The content's height: the panel is made this tall where the screen allows.
     int heightForWidth(int width) const override;
     double contentHeight() const { return m_layout.height; }
+    // The bar style's row, as long as its content.
+    bool isRow() const { return m_layout.horizontal; }
+    double contentWidth() const { return isRow() ? m_layout.width : width(); }
 
-    // Scrolling, in points from the top of the content.
+    // Scrolling, in points from the top of the content (in the bar, from its leading end).
     double scrollOffset() const { return m_scroll; }
     double maximumScroll() const;
     void setScrollOffset(double offset);
@@ -118,6 +131,11 @@ public:
     // The texts the tile drew the last time the panel was painted, as drawn; empty when
     // it was not painted (scrolled away, or the view never reached the screen).
     QStringList paintedTexts(const QString& key) const { return m_painted.value(key); }
+    // Where a part of the content (tile rectangles, the gear) stands in the view now.
+    QRectF toView(const QRectF& contentRect) const
+    {
+        return contentRect.translated(-contentOrigin());
+    }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -139,6 +157,13 @@ private:
     void tabFocus(bool backwards);
     bool activateFocused();
     void scrollIntoView(const QRectF& rect);
+    // The content point at the view's top left corner.
+    QPointF contentOrigin() const;
+    // The view's length along the scrolling axis, and the part the footer takes of it.
+    double viewExtent() const { return isRow() ? width() : height(); }
+    double contentExtent() const { return isRow() ? m_layout.width : m_layout.height; }
+    // The part of the view the content shows in (all of it but the footer).
+    QRectF viewport() const;
     std::optional<QString> neighbour(const QString& from, int key) const;
     void rebuild();
     void relayout();
@@ -151,11 +176,17 @@ private:
     void paintScroller(QPainter& painter);
     void setHover(std::optional<QString> key);
     QRectF visibleContent() const;
-    // The footer's height, and the gear where it stands in the view.
-    double footerHeight() const;
+    // The footer's length along the axis, the part of the view it covers, and the gear
+    // where it stands in the view.
+    double footerExtent() const;
+    QRectF footerArea() const;
     std::optional<QRectF> pinnedSettingsButton() const;
+    std::optional<QRectF> pinnedFootnoteMark() const;
+    void paintPanel(QPainter& painter, const QRectF& inSight);
+    void paintRow(QPainter& painter, const QRectF& inSight);
+    TileState stateOf(const QString& key, TileKind kind, const std::optional<QString>& under) const;
     void paintFooter(QPainter& painter);
-    QPointF toContent(const QPointF& viewPoint) const { return viewPoint + QPointF(0, m_scroll); }
+    QPointF toContent(const QPointF& viewPoint) const { return viewPoint + contentOrigin(); }
 
     const PanelContent& m_content;
     TileModel& m_tiles;
@@ -166,6 +197,7 @@ private:
     QString m_settingsName;
     PaintCache* m_paintCache;
     PanelPalette m_palette;
+    double m_barHeight;
     std::optional<QString> m_focus;
     bool m_focusShown = false;
     std::vector<PanelSection> m_sections;

@@ -33,6 +33,7 @@ const QHash<QString, char32_t>& symbolGlyphs()
         {QStringLiteral("sun.max"), 0xe430},                       // wb_sunny
         {QStringLiteral("network"), 0xe80b},                       // public
         {QStringLiteral("circle.grid.2x2"), 0xe5c3},               // apps
+        {QStringLiteral("info.circle"), 0xe88f},                   // info_outline
         // statistics
         {QStringLiteral("cpu"), 0xe322},           // memory (a chip)
         {QStringLiteral("memorychip"), 0xe30d},    // developer_board

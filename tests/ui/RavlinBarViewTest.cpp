@@ -82,7 +82,7 @@ void expectTidy(const RavlinBarView& v)
 
 TEST_F(ViewTest, EveryStyleLaysTheTilesOutTidily)
 {
-    for (TileStyle style : allTileStyles) {
+    for (TileStyle style : panelTileStyles) {
         SCOPED_TRACE(tileStyleRawValue(style).toStdString());
         const auto v = view(style);
         expectTidy(*v);
@@ -121,7 +121,7 @@ TEST_F(ViewTest, TheGridFlowsFourCellsToALineAndStripStacksFullRows)
 
 TEST_F(ViewTest, RightToLeftMirrorsEveryTile)
 {
-    for (TileStyle style : allTileStyles) {
+    for (TileStyle style : panelTileStyles) {
         const auto ltr = view(style);
         const auto rtl = view(style, PanelWorld::groups(5), Qt::RightToLeft);
         EXPECT_TRUE(rtl->isRightToLeft());
@@ -227,7 +227,7 @@ TEST_F(ViewTest, TheTileUnderThePointerLightsUp)
 
 TEST_F(ViewTest, PaintsEveryStyleInBothDirections)
 {
-    for (TileStyle style : allTileStyles) {
+    for (TileStyle style : panelTileStyles) {
         for (Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
             const auto v = view(style, PanelWorld::groups(3), direction);
             QImage image(v->size() * 2, QImage::Format_ARGB32_Premultiplied);
@@ -244,7 +244,7 @@ TEST_F(ViewTest, PaintsEveryStyleInBothDirections)
 
 TEST_F(ViewTest, EveryStyleDrawsAStatisticWithItsUnit)
 {
-    for (TileStyle style : allTileStyles) {
+    for (TileStyle style : panelTileStyles) {
         for (Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
             const auto v = view(style, PanelWorld::groups(3), direction);
             v->grab();

@@ -1,5 +1,6 @@
 // Ravlin.app: the menu-bar agent over the real macOS services.
 #include "ReopenHandler.h"
+#include "UrlOpenFilter.h"
 
 #include "core/app/AppDelegate.h"
 #include "foundation/QtScheduler.h"
@@ -48,6 +49,11 @@ int main(int argc, char** argv)
     windows.settings = &settings;
     windows.welcome = &welcome;
     delegate.setWindows(windows);
+
+    // ravlin:// URLs from launchers, Shortcuts and scripts; one that launched the application
+    // waits inside the delegate until start-up is over.
+    UrlOpenFilter urls([&](const QString& url) { delegate.openURL(url); });
+    app.installEventFilter(&urls);
 
     QTimer::singleShot(0, [&] {
         ReopenHandler::install([&] { delegate.applicationShouldHandleReopen(false); });

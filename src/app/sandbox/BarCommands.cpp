@@ -81,6 +81,10 @@ void hoverCommand(CommandContext& c)
         if (!placed)
             c.fail(QStringLiteral("no item titled \"%1\" in the bar").arg(target.mid(5)));
         point = placed->frame.center();
+    } else if (target == u"menus") {
+        if (desktop.appMenusWidth() <= 0)
+            c.fail(QStringLiteral("no menus stand in the menu bar (say menus WIDTH first)"));
+        point = {desktop.appMenusWidth() / 2, desktop.mainScreen().menuBarHeight / 2};
     } else if (target == u"menubar" || target == u"desktop") {
         const SimScreen s = desktop.mainScreen();
         point = target == u"menubar" ? WindowServerPoint{8, s.menuBarHeight / 2}

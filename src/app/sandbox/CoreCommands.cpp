@@ -185,6 +185,8 @@ void registerAll(ScriptRunner& runner)
     registerWelcomeCommands(runner);
     registerUserCommands(runner);
     registerReactionCommands(runner);
+    registerGestureCommands(runner);
+    registerAutomationCommands(runner);
     registerPendingCommands(runner);
 }
 

@@ -24,6 +24,15 @@ QJsonArray sortedArray(const QSet<QString>& set)
     return QJsonArray::fromStringList(list);
 }
 
+QJsonObject itemShortcutsJson(const Preferences& p)
+{
+    QJsonObject shortcuts;
+    const QMap<QString, KeyChord> chords = p.itemShortcuts();
+    for (auto it = chords.cbegin(); it != chords.cend(); ++it)
+        shortcuts.insert(it.key(), it.value().storedText());
+    return shortcuts;
+}
+
 QJsonValue preferencesSection(SandboxSession& s, bool)
 {
     const Preferences& p = s.app().preferences();
@@ -47,6 +56,11 @@ QJsonValue preferencesSection(SandboxSession& s, bool)
         {QStringLiteral("hiddenSystemItemIDs"), systemIDs},
         {QStringLiteral("hideSpotlight"), p.hideSpotlight()},
         {QStringLiteral("newItemPlacement"), itemPlacementName(p.newItemPlacement())},
+        {QStringLiteral("revealOnMenuBarClick"), p.revealOnMenuBarClick()},
+        {QStringLiteral("revealOnMenuBarScroll"), p.revealOnMenuBarScroll()},
+        {QStringLiteral("revealOnMenuBarHover"), p.revealOnMenuBarHover()},
+        {QStringLiteral("barShowsStatistics"), p.barShowsStatistics()},
+        {QStringLiteral("itemShortcuts"), itemShortcutsJson(p)},
     };
 }
 

@@ -54,7 +54,7 @@ advance 0.5
 screenshot FOLDER/02-bar-expanded.png
 click main right
 menu text:menu.hide
-# A click on the chevron opens the tile panel, in each of the four styles.
+# A click on the chevron opens the tile panel, in each of its styles.
 prefs set tileStyle "dashboard"
 click main
 advance 1.5
@@ -78,6 +78,17 @@ prefs set tileStyle "strip"
 click main
 advance 1.5
 screenshot FOLDER/06-panel-strip.png
+click main
+advance 0.3
+prefs set tileStyle "bar"
+click main
+advance 1.5
+screenshot FOLDER/06a-panel-bar.png
+click main
+advance 0.3
+prefs set tileStyle "strip"
+click main
+advance 1.5
 # A click on a tile brings the hidden item out and opens it (the strip scrolls to it).
 panel scroll 240
 tile click "n:Tunnel VPN"
@@ -229,6 +240,7 @@ menu close
 # Ravlin's icon stays right of it.
 start
 advance 3
+welcome press done
 click main right
 menu text:menu.show
 advance 0.5
@@ -236,9 +248,28 @@ screenshot FOLDER/22-notch-bar.png
 click main right
 menu text:menu.hide
 advance 0.3
+# A new user here starts with the bar style: one row of the hidden items' pictures right
+# under the menu bar, aligned with the chevron.
 click main
 advance 1.5
 screenshot FOLDER/23-notch-panel.png
+screenshot FOLDER/23a-notch-bar-style.png region=panel
+# Typing keeps what matches; the arrows walk the row.
+type "cl"
+key Right
+screenshot FOLDER/23b-notch-bar-style-search.png region=panel
+key Escape
+key Escape
+advance 0.3
+# In the light appearance, opened by a click on an empty part of the menu bar: the row hangs
+# under the click.
+appearance light
+prefs set revealOnMenuBarClick true
+click point 480 18
+advance 1.5
+screenshot FOLDER/23c-notch-bar-style-light.png
+click point 480 18
+advance 0.3
 )");
     const QString system27 = QStringLiteral(R"(
 # macOS 27: the bar draws every item in sight; arrange mode shows them all.

@@ -300,8 +300,9 @@ SimPlacedItem itemNamed(CommandContext& c, const QString& target)
     return *placed;
 }
 
-// An empty stretch of the menu bar: the middle of the gap left of the items (and of
-// the visible stretch of a collapsed separator, which takes clicks too).
+// An empty stretch of the menu bar: the middle of the gap between the front application's
+// menus and the items (and the visible stretch of a collapsed separator, which takes clicks
+// too), on the wider side of a notch that stands in it.
 WindowServerPoint emptyMenuBarPoint(CommandContext& c)
 {
     const SimDesktop& desktop = c.session.desktop();
@@ -310,9 +311,17 @@ WindowServerPoint emptyMenuBarPoint(CommandContext& c)
         if (const auto visible = desktop.visibleStretch(p.item.window))
             left = std::min(left, visible->x);
     }
-    if (left < 2)
+    double from = desktop.appMenusWidth();
+    if (const std::optional<WindowServerRect> notch = desktop.notchFrame(0);
+        notch && notch->x < left && notch->maxX() > from) {
+        if (left - notch->maxX() >= notch->x - from)
+            from = notch->maxX();
+        else
+            left = notch->x;
+    }
+    if (left - from < 2)
         c.fail(QStringLiteral("the menu bar has no empty part left"));
-    return {left / 2, desktop.mainScreen().menuBarHeight / 2};
+    return {(from + left) / 2, desktop.mainScreen().menuBarHeight / 2};
 }
 
 WindowServerPoint clickPoint(CommandContext& c, qsizetype& next)
@@ -327,6 +336,12 @@ WindowServerPoint clickPoint(CommandContext& c, qsizetype& next)
     }
     if (target == u"menubar")
         return emptyMenuBarPoint(c);
+    if (target == u"menus") {
+        if (c.session.desktop().appMenusWidth() <= 0)
+            c.fail(QStringLiteral("no menus stand in the menu bar (say menus WIDTH first)"));
+        return {c.session.desktop().appMenusWidth() / 2,
+                c.session.desktop().mainScreen().menuBarHeight / 2};
+    }
     if (target == u"desktop") {
         const SimScreen s = desktop.mainScreen();
         return {s.width / 2, s.menuBarHeight + (s.height - s.menuBarHeight) / 2};

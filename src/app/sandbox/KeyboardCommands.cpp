@@ -98,6 +98,27 @@ QJsonObject shortcutJson(SandboxSession& s, Shortcut which)
             {QStringLiteral("problem"), problem ? QJsonValue(*problem) : QJsonValue()}};
 }
 
+// The items' shortcuts by item key, as the global ones are shown.
+QJsonObject itemShortcutsJson(SandboxSession& s)
+{
+    const GlobalShortcuts* shortcuts = s.app().shortcuts();
+    QJsonObject items;
+    const QMap<QString, KeyChord> chords = s.app().preferences().itemShortcuts();
+    for (auto it = chords.cbegin(); it != chords.cend(); ++it) {
+        const std::optional<QString> problem =
+            shortcuts ? shortcuts->itemProblem(it.key()) : std::nullopt;
+        items.insert(it.key(),
+                     QJsonObject{{QStringLiteral("chord"), it.value().storedText()},
+                                 {QStringLiteral("display"), it.value().displayText()},
+                                 {QStringLiteral("active"),
+                                  chordJson(shortcuts ? shortcuts->activeItem(it.key())
+                                                      : std::nullopt)},
+                                 {QStringLiteral("problem"),
+                                  problem ? QJsonValue(*problem) : QJsonValue()}});
+    }
+    return items;
+}
+
 // What the preferences say, what the system registered and why not.
 QJsonValue shortcutsSection(SandboxSession& s, bool)
 {
@@ -110,6 +131,7 @@ QJsonValue shortcutsSection(SandboxSession& s, bool)
                                       {QStringLiteral("modifiers"), qint64(r.modifiers)}});
     return QJsonObject{{QStringLiteral("panel"), shortcutJson(s, Shortcut::Panel)},
                        {QStringLiteral("hiddenSection"), shortcutJson(s, Shortcut::HiddenSection)},
+                       {QStringLiteral("items"), itemShortcutsJson(s)},
                        {QStringLiteral("registered"), registered}};
 }
 

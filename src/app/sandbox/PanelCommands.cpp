@@ -12,6 +12,7 @@
 #include "platform/sim/SimStatusBar.h"
 #include "ui/DesktopRenderer.h"
 #include "ui/RavlinBar.h"
+#include "ui/RavlinBarAccessible.h"
 #include "ui/welcome/WelcomeView.h"
 #include "ui/welcome/WelcomeWindowController.h"
 #include "ui/RavlinBarView.h"
@@ -84,7 +85,7 @@ void panelCommand(CommandContext& c)
         // A screen reader's press action on the entry of that tile.
         RavlinBarView& view = openPanel(c);
         QAccessibleInterface* list = QAccessible::queryAccessibleInterface(&view);
-        const qsizetype index = view.tileKeys().indexOf(c.word(2));
+        const qsizetype index = RavlinBarAccessible::entryKeys(view).indexOf(c.word(2));
         QAccessibleInterface* entry = list && index >= 0 ? list->child(int(index)) : nullptr;
         if (!entry || !entry->actionInterface())
             c.fail(QStringLiteral("the open panel lists no tile %1").arg(c.word(2)));
@@ -215,7 +216,7 @@ QJsonValue settingsButtonJson(const RavlinBarView& view)
     const std::optional<QRectF> r = view.settingsRect();
     if (!r)
         return QJsonValue();
-    const QRectF inView = r->translated(0, -view.scrollOffset());
+    const QRectF inView = view.toView(*r);
     return QJsonObject{{QStringLiteral("frame"),
                         QJsonArray{inView.x(), inView.y(), inView.width(), inView.height()}},
                        {QStringLiteral("visible"), view.isTileVisible(RavlinBarView::settingsKey)}};

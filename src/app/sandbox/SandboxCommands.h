@@ -41,6 +41,10 @@ void registerUserCommands(ScriptRunner& runner);
 // change, busy, watch, wifi, front, focus, timezone, until, rule, spacing, costs; the sections
 // changes, rules, situation, spacing and costs.
 void registerReactionCommands(ScriptRunner& runner);
+// menus, scroll (the menu bar's reveal gestures); the section gestures.
+void registerGestureCommands(ScriptRunner& runner);
+// url (the URL scheme); the section automation.
+void registerAutomationCommands(ScriptRunner& runner);
 // Every command of the script language that a later part of the sandbox brings.
 void registerPendingCommands(ScriptRunner& runner);
 

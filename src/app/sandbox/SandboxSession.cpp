@@ -65,8 +65,11 @@ SandboxSession::SandboxSession(Options options)
         const auto hit = m_desktop->itemAt(click.point);
         if (hit && hit->item.own)
             return;
-        monitors().deliver(click.button == MouseButton::Right ? EventMonitors::RightMouseDown
-                                                              : EventMonitors::LeftMouseDown);
+        EventMonitors::Event event;
+        event.kind = click.button == MouseButton::Right ? EventMonitors::RightMouseDown
+                                                        : EventMonitors::LeftMouseDown;
+        event.modifierFlags = click.flags;
+        monitors().deliver(event);
     });
     m_desktop->setDefaults(m_platform.defaults.get());
     m_desktop->setScheduler(&m_scheduler);

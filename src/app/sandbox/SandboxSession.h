@@ -3,6 +3,7 @@
 #include "foundation/VirtualScheduler.h"
 #include "platform/Platform.h"
 
+#include <QJsonArray>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -102,6 +103,8 @@ public:
     // The window that receives typing now, if any.
     QWidget* keyTarget();
     QString defaultsPath() const { return m_defaultsPath; }
+    // The URLs the system handed over, with what the application made of each.
+    QJsonArray& handledUrls() { return m_handledUrls; }
     QString logDir() const { return m_options.logDir; }
 
     // The simulated system's preferred languages; fixed before anything reads texts.
@@ -143,6 +146,7 @@ private:
     std::unique_ptr<AppDelegate> m_app;
     bool m_started = false;
     std::uint64_t m_firedBase = 0;
+    QJsonArray m_handledUrls;
 };
 
 } // namespace ravlin::sandbox

@@ -68,6 +68,10 @@ void setPreference(CommandContext& c)
         {QStringLiteral("showSystemTiles"), &Preferences::setShowSystemTiles},
         {QStringLiteral("showWeather"), &Preferences::setShowWeather},
         {QStringLiteral("hideSpotlight"), &Preferences::setHideSpotlight},
+        {QStringLiteral("revealOnMenuBarClick"), &Preferences::setRevealOnMenuBarClick},
+        {QStringLiteral("revealOnMenuBarScroll"), &Preferences::setRevealOnMenuBarScroll},
+        {QStringLiteral("revealOnMenuBarHover"), &Preferences::setRevealOnMenuBarHover},
+        {QStringLiteral("barShowsStatistics"), &Preferences::setBarShowsStatistics},
     };
     using SetSetter = void (Preferences::*)(const QSet<QString>&);
     static const std::map<QString, SetSetter> sets = {
@@ -92,7 +96,7 @@ void setPreference(CommandContext& c)
         const auto style = tileStyleFromRawValue(v.asString().value_or(QString()));
         if (!style)
             c.fail(QStringLiteral(
-                "tileStyle takes \"dashboard\", \"capsules\", \"grid\" or \"strip\""));
+                "tileStyle takes \"dashboard\", \"capsules\", \"grid\", \"strip\" or \"bar\""));
         p.setTileStyle(*style);
     } else if (name == u"newItemPlacement") {
         const auto placement = itemPlacementFromName(v.asString().value_or(QString()));

@@ -199,21 +199,37 @@ QString withoutDirectionMarks(QString text)
     return text;
 }
 
+QJsonObject shortcutFieldJson(const ShortcutField& f)
+{
+    const auto* row = qobject_cast<const SettingsRow*>(f.parentWidget());
+    const QLabel* hint = row ? row->hintLabel() : nullptr;
+    return {{QStringLiteral("name"), f.objectName()},
+            {QStringLiteral("shown"), f.shownText()},
+            {QStringLiteral("recording"), f.isRecording()},
+            {QStringLiteral("hint"), hint && !hint->isHidden()
+                                         ? QJsonValue(withoutDirectionMarks(hint->text()))
+                                         : QJsonValue()}};
+}
+
+// The General tab's fields.
 QJsonArray shortcutFields(const SettingsView& view)
 {
     QJsonArray list;
-    for (const ShortcutField* f : view.findChildren<ShortcutField*>()) {
-        const auto* row = qobject_cast<const SettingsRow*>(f->parentWidget());
-        const QLabel* hint = row ? row->hintLabel() : nullptr;
-        list.append(QJsonObject{
-            {QStringLiteral("name"), f->objectName()},
-            {QStringLiteral("shown"), f->shownText()},
-            {QStringLiteral("recording"), f->isRecording()},
-            {QStringLiteral("hint"), hint && !hint->isHidden()
-                                         ? QJsonValue(withoutDirectionMarks(hint->text()))
-                                         : QJsonValue()}});
-    }
+    for (const ShortcutField* f : view.findChildren<ShortcutField*>())
+        if (!f->objectName().startsWith(QStringLiteral("shortcut:")))
+            list.append(shortcutFieldJson(*f));
     return list;
+}
+
+// The Menu Bar tab's, one in each item's row, by item key.
+QJsonObject itemShortcutFields(const SettingsView& view)
+{
+    const QString prefix = QStringLiteral("shortcut:");
+    QJsonObject items;
+    for (const ShortcutField* f : view.findChildren<ShortcutField*>())
+        if (f->objectName().startsWith(prefix))
+            items.insert(f->objectName().mid(prefix.size()), shortcutFieldJson(*f));
+    return items;
 }
 
 QJsonArray switches(const SettingsView& view, const QString& prefix, const QString& idName)
@@ -285,6 +301,7 @@ QJsonValue settingsSection(SandboxSession& s, bool)
          picker ? QJsonValue(picker->currentData().toString()) : QJsonValue()},
         {QStringLiteral("items"), placements(*view)},
         {QStringLiteral("shortcuts"), shortcutFields(*view)},
+        {QStringLiteral("itemShortcuts"), itemShortcutFields(*view)},
         {QStringLiteral("layoutNaming"), layoutNaming(*view)},
         {QStringLiteral("apps"),
          switches(*view, QStringLiteral("bundle:"), QStringLiteral("bundleID"))},

@@ -4,7 +4,10 @@
 #include "MenuBarServices.h"
 #include "SettingsPresenter.h"
 #include "SoftwareUpdate.h"
+#include "StartingStyle.h"
+#include "UrlCommands.h"
 #include "WelcomeGuide.h"
+#include "core/bar/MenuBarGestures.h"
 #include "core/bar/MenuBarHideEngine.h"
 #include "core/bar/StatusBarController.h"
 #include "core/bar/TilePanel.h"
@@ -52,7 +55,8 @@ AppDelegate::AppDelegate(Platform& platform, Scheduler& scheduler, const Resourc
       m_tileModel(std::make_unique<TileModel>(*platform.defaults)),
       m_hideEngine(std::make_unique<MenuBarHideEngine>(platform.assessmentMode.get())),
       m_updates(std::make_unique<SoftwareUpdate>(*platform.defaults, platform.updater.get())),
-      m_watchList(std::make_unique<WatchList>(*platform.defaults))
+      m_watchList(std::make_unique<WatchList>(*platform.defaults)),
+      m_urls(std::make_unique<UrlCommands>(*this))
 {
     m_welcome = std::make_unique<WelcomeGuide>(WelcomeServices{
         scheduler, *platform.defaults, *m_preferences, m_menuBar->permissions(),
@@ -72,6 +76,7 @@ void AppDelegate::setWindows(const AppWindows& windows)
 AppDelegate::~AppDelegate()
 {
     m_welcome->setPresenter(nullptr);
+    m_gestures.reset();
     m_shortcuts.reset();
     if (m_windows.panel && m_launched)
         m_windows.panel->onSettings = nullptr;
@@ -127,6 +132,7 @@ void AppDelegate::applicationDidFinishLaunching(const QStringList& arguments)
     m_preferences->registerDefaults();
     m_language->applyStored();
     m_updates->apply();
+    StartingStyle::chooseForNewUser(*m_preferences, m_platform.screens->screens());
     m_statusBar =
         std::make_unique<StatusBarController>(StatusBarServices{m_scheduler,
                                                                 *m_preferences,
@@ -156,6 +162,12 @@ void AppDelegate::applicationDidFinishLaunching(const QStringList& arguments)
                                                                 m_platform.bundleIdentifier});
     makeRulesAndChanges();
     makeShortcuts();
+    m_gestures = std::make_unique<MenuBarGestures>(
+        MenuBarGestureServices{m_scheduler, *m_preferences, *m_notifications,
+                               *m_platform.eventMonitors, *m_platform.screens, *m_platform.events,
+                               *m_platform.windowServer, *m_platform.accessibility},
+        *m_statusBar);
+    m_urls->ready();
     if (m_preferences->showWeather())
         m_weather->refreshIfStale();
     // A first reading at launch primes the sampler; the tile panel starts it again when it shows
@@ -223,6 +235,10 @@ void AppDelegate::makeShortcuts()
         if (m_statusBar && !m_statusBar->arranging())
             m_statusBar->menuToggle();
     };
+    actions.openItem = [this](const QString& key) {
+        if (m_statusBar && !m_statusBar->arranging())
+            m_statusBar->openItemByKey(key);
+    };
     m_shortcuts = std::make_unique<GlobalShortcuts>(m_platform.hotKeys.get(), *m_preferences,
                                                     *m_notifications, std::move(actions));
 }
@@ -234,6 +250,11 @@ bool AppDelegate::applicationShouldHandleReopen(bool)
     if (!m_welcome->reopened())
         showSettings(0);
     return true;
+}
+
+bool AppDelegate::openURL(const QString& url)
+{
+    return m_urls->handle(url);
 }
 
 void AppDelegate::showSettings(int tab)

@@ -14,6 +14,7 @@ class DiagnosticLogs;
 class GlobalShortcuts;
 class ItemChanges;
 class LanguageManager;
+class MenuBarGestures;
 class MenuBarHideEngine;
 class MenuBarServices;
 class NotificationCenter;
@@ -29,6 +30,7 @@ class SystemStats;
 class TileModel;
 class TilePanel;
 class WatchList;
+class UrlCommands;
 class WeatherService;
 class WelcomeGuide;
 class WelcomePresenter;
@@ -57,6 +59,9 @@ public:
     void applicationDidFinishLaunching(const QStringList& arguments);
     // The user opened the running application again.
     bool applicationShouldHandleReopen(bool hasVisibleWindows);
+    // The system hands over a URL of the application's scheme (ravlin://…); whether it asked
+    // for something the application does.
+    bool openURL(const QString& url);
 
     Platform& platform() const { return m_platform; }
     Scheduler& scheduler() const { return m_scheduler; }
@@ -82,6 +87,8 @@ public:
     ItemChanges* itemChanges() const { return m_changes.get(); }
     // The user's rules; absent until start-up made them.
     Rules* rules() const { return m_rules.get(); }
+    // The menu bar's reveal gestures; absent until start-up made them.
+    MenuBarGestures* gestures() const { return m_gestures.get(); }
     // Where the self-tests write their reports (empty: the default folder).
     void setLogDirectory(const QString& directory);
     bool launched() const { return m_launched; }
@@ -114,6 +121,8 @@ private:
     std::unique_ptr<WatchList> m_watchList;
     std::unique_ptr<ItemChanges> m_changes;
     std::unique_ptr<Rules> m_rules;
+    std::unique_ptr<MenuBarGestures> m_gestures;
+    std::unique_ptr<UrlCommands> m_urls;
     AppWindows m_windows;
     QString m_hideLog;
     bool m_launched = false;

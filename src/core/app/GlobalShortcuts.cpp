@@ -38,6 +38,7 @@ GlobalShortcuts::~GlobalShortcuts()
     for (Shortcut which : {Shortcut::Panel, Shortcut::HiddenSection})
         if (slot(which).chord && !slot(which).problem)
             m_hotKeys->unregisterHotKey(idOf(which));
+    releaseItems();
 }
 
 void GlobalShortcuts::setSuspended(bool suspended)
@@ -50,6 +51,7 @@ void GlobalShortcuts::setSuspended(bool suspended)
             m_hotKeys->unregisterHotKey(idOf(which));
             slot(which) = Slot{};
         }
+        releaseItems();
         return;
     }
     apply();
@@ -61,6 +63,7 @@ void GlobalShortcuts::apply()
         return;
     apply(Shortcut::Panel);
     apply(Shortcut::HiddenSection);
+    applyItems();
 }
 
 // Registers again only what changed, so that other settings leave the system's
@@ -105,10 +108,74 @@ std::optional<QString> GlobalShortcuts::check(Shortcut which, const KeyChord& ch
 
 void GlobalShortcuts::pressed(std::uint32_t id)
 {
+    if (id >= firstItemId) {
+        for (auto it = m_items.cbegin(); it != m_items.cend(); ++it) {
+            if (it.value().id == id && m_actions.openItem) {
+                const QString key = it.key(); // the action may change the shortcuts
+                m_actions.openItem(key);
+                return;
+            }
+        }
+        return;
+    }
     const std::function<void()>& action =
         id == idOf(Shortcut::Panel) ? m_actions.togglePanel : m_actions.toggleHiddenSection;
     if (action)
         action();
+}
+
+// Items keep their registration while their chord stays; a changed or new one is
+// registered under an id of its own.
+void GlobalShortcuts::applyItems()
+{
+    const QMap<QString, KeyChord> wanted = m_preferences.itemShortcuts();
+    for (auto it = m_items.begin(); it != m_items.end();) {
+        if (wanted.value(it.key()) == it.value().chord && wanted.contains(it.key())) {
+            ++it;
+            continue;
+        }
+        if (!it.value().problem)
+            m_hotKeys->unregisterHotKey(it.value().id);
+        it = m_items.erase(it);
+    }
+    for (auto it = wanted.cbegin(); it != wanted.cend(); ++it) {
+        if (m_items.contains(it.key()))
+            continue;
+        ItemSlot item{m_nextItemId++, it.value(), std::nullopt};
+        const int status = m_hotKeys->registerHotKey(item.id, item.chord.virtualKeyCode(),
+                                                     item.chord.hotKeyModifiers());
+        if (status != 0) {
+            item.problem = ShortcutRules::takenKey;
+            qCWarning(lcApp).noquote()
+                << QStringLiteral("the shortcut %1 of the item %2 could not be registered "
+                                  "(error %3); another application may hold it")
+                       .arg(item.chord.storedText(), it.key())
+                       .arg(status);
+        }
+        m_items.insert(it.key(), item);
+    }
+}
+
+void GlobalShortcuts::releaseItems()
+{
+    for (const ItemSlot& item : std::as_const(m_items))
+        if (!item.problem)
+            m_hotKeys->unregisterHotKey(item.id);
+    m_items.clear();
+}
+
+std::optional<KeyChord> GlobalShortcuts::activeItem(const QString& itemKey) const
+{
+    const auto it = m_items.constFind(itemKey);
+    if (it == m_items.cend() || it.value().problem)
+        return std::nullopt;
+    return it.value().chord;
+}
+
+std::optional<QString> GlobalShortcuts::itemProblem(const QString& itemKey) const
+{
+    const auto it = m_items.constFind(itemKey);
+    return it == m_items.cend() ? std::nullopt : it.value().problem;
 }
 
 } // namespace ravlin

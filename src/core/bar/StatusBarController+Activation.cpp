@@ -125,12 +125,15 @@ void StatusBarController::closeTile()
     if (m_tileOpen)
         panelSeen();
     m_tileOpen = false;
+    m_spot.reset();
     m_lastTileClose = m_s.scheduler.now();
     resumeBarCheck();
 }
 
 ScreenRect StatusBarController::toggleScreenRect() const
 {
+    if (m_spot)
+        return *m_spot;
     if (auto frame = frameOf(m_mainItem.get())) {
         // Clicked in another display's menu bar: the panel opens under the chevron there.
         const std::vector<ScreenInfo> screens = m_s.screens.screens();

@@ -112,7 +112,7 @@ void StatusBarController::openItemByKey(const QString& key)
 {
     for (const BarItem& item : m_s.scannerModel.detected()) {
         if (item.key == key) {
-            activateItem(item);
+            openItem(item);
             return;
         }
     }

@@ -30,6 +30,7 @@ StatusBarController::StatusBarController(StatusBarServices services)
     if (m_s.panel) {
         m_s.panel->onClose = weakly([this] {
             m_tileOpen = false;
+            m_spot.reset();
             m_lastTileClose = m_s.scheduler.now();
             panelSeen();
             resumeBarCheck();
@@ -248,6 +249,11 @@ void StatusBarController::mainClicked()
     if (event.type == CurrentEvent::RightMouseUp ||
         (event.modifierFlags & CurrentEvent::controlKeyMask)) {
         showMenu();
+        return;
+    }
+    // A separator stretched over the menu bar looks like empty menu bar: a click there is one.
+    if (m_s.preferences.revealOnMenuBarClick() && !onChevron(*m_clickPoint)) {
+        menuBarClicked(*m_clickPoint);
         return;
     }
     if (m_s.preferences.clickShowsInBar())

@@ -270,6 +270,14 @@ public:
     void enterArrangeMode();
     void exitArrangeMode();
 
+    // The menu bar's reveal gestures (MenuBarGestures decides what an event means): an empty
+    // spot clicked, the pointer rested on it, scrolling up or down.
+    void menuBarClicked(ScreenPoint spot);
+    void menuBarHovered();
+    void menuBarScrolled(bool up);
+    // Open an item as a click on its tile does, whether it is out of sight or not.
+    void openItem(const BarItem& item);
+
     // The tile panel and the activation of hidden items.
     void toggleTile();
     void toggleTileFromKeyboard();
@@ -337,6 +345,8 @@ private:
     void resumeBarCheck();
     double hiddenSeparatorLimit() const;
     void openWithinReach(const BarItem& item);
+    // Whether a click at that point was on the chevron (in any display's menu bar).
+    bool onChevron(ScreenPoint point) const;
     BarEntry entryOf(const BarItem& item) const;
     std::vector<BarEntry> absentEntries(const std::vector<BarEntry>& present) const;
     struct Running {
@@ -368,6 +378,7 @@ private:
     PanelExtras m_panelExtras;
     Timer m_momentTimer;
     std::optional<ScreenPoint> m_clickPoint; // of the last click on the chevron
+    std::optional<ScreenRect> m_spot;        // the empty menu bar the open panel hangs under
     QStringList m_movedBySystem;
     QSet<QString> m_notWhereWanted; // placed where Ravlin could not bring them
     bool m_restoring = false;

@@ -26,6 +26,8 @@ public:
     // Takes the panel off screen without telling onClose.
     virtual void hide() = 0;
     virtual bool isVisible() const = 0;
+    // The open panel's search takes this text, as if the user had typed it.
+    virtual void search(const QString& text) { (void)text; }
 
     // Told when the panel closes because it lost key status.
     std::function<void()> onClose;

@@ -23,6 +23,11 @@ inline const QString hideSpotlight = QStringLiteral("hideSpotlight");
 inline const QString newItemPlacement = QStringLiteral("newItemPlacement");
 inline const QString panelShortcut = QStringLiteral("panelShortcut");
 inline const QString hiddenSectionShortcut = QStringLiteral("hiddenSectionShortcut");
+inline const QString itemShortcuts = QStringLiteral("itemShortcuts");
+inline const QString revealOnMenuBarClick = QStringLiteral("revealOnMenuBarClick");
+inline const QString revealOnMenuBarScroll = QStringLiteral("revealOnMenuBarScroll");
+inline const QString revealOnMenuBarHover = QStringLiteral("revealOnMenuBarHover");
+inline const QString barShowsStatistics = QStringLiteral("barShowsStatistics");
 
 // Keys kept beside the settings.
 inline const QString appleLanguages = QStringLiteral("AppleLanguages");

@@ -1,5 +1,6 @@
 #include "Preferences.h"
 
+#include "ItemShortcuts.h"
 #include "LaunchAtLogin.h"
 #include "PrefKey.h"
 #include "foundation/DefaultsStore.h"
@@ -57,6 +58,10 @@ void Preferences::registerDefaults()
         {PrefKey::showSystemTiles, true},
         {PrefKey::showWeather, true},
         {PrefKey::newItemPlacement, itemPlacementName(ItemPlacement::Panel)},
+        {PrefKey::revealOnMenuBarClick, false},
+        {PrefKey::revealOnMenuBarScroll, false},
+        {PrefKey::revealOnMenuBarHover, false},
+        {PrefKey::barShowsStatistics, false},
     });
 }
 
@@ -400,6 +405,69 @@ void Preferences::setPlacements(const QHash<QString, ItemPlacement>& placements)
     }
     m_defaults.set(PrefKey::barPinnedItems, sortedList(pinned));
     m_defaults.set(PrefKey::hiddenItems, sortedList(hidden));
+    changed();
+}
+
+bool Preferences::revealOnMenuBarClick() const
+{
+    return m_defaults.boolForKey(PrefKey::revealOnMenuBarClick);
+}
+void Preferences::setRevealOnMenuBarClick(bool on)
+{
+    writeBool(PrefKey::revealOnMenuBarClick, on);
+}
+bool Preferences::revealOnMenuBarScroll() const
+{
+    return m_defaults.boolForKey(PrefKey::revealOnMenuBarScroll);
+}
+void Preferences::setRevealOnMenuBarScroll(bool on)
+{
+    writeBool(PrefKey::revealOnMenuBarScroll, on);
+}
+bool Preferences::revealOnMenuBarHover() const
+{
+    return m_defaults.boolForKey(PrefKey::revealOnMenuBarHover);
+}
+void Preferences::setRevealOnMenuBarHover(bool on)
+{
+    writeBool(PrefKey::revealOnMenuBarHover, on);
+}
+bool Preferences::barShowsStatistics() const
+{
+    return m_defaults.boolForKey(PrefKey::barShowsStatistics);
+}
+void Preferences::setBarShowsStatistics(bool on)
+{
+    writeBool(PrefKey::barShowsStatistics, on);
+}
+
+QMap<QString, KeyChord> Preferences::itemShortcuts() const
+{
+    std::vector<KeyChord> global;
+    for (Shortcut which : {Shortcut::Panel, Shortcut::HiddenSection})
+        if (const std::optional<KeyChord> chord = shortcut(which))
+            global.push_back(*chord);
+    return ItemShortcuts::decode(
+        m_defaults.persistentValue(PrefKey::itemShortcuts), global,
+        [this](const QString& key, const QString& why) {
+            const QString seen = PrefKey::itemShortcuts + u'/' + key;
+            if (m_reportedShortcuts.value(seen) == why)
+                return;
+            m_reportedShortcuts.insert(seen, why);
+            qCWarning(lcDefaults).noquote()
+                << QStringLiteral("the setting %1 holds for \"%2\" what is %3; Ravlin leaves it out")
+                       .arg(PrefKey::itemShortcuts, key, why);
+        });
+}
+
+void Preferences::setItemShortcut(const QString& key, const std::optional<KeyChord>& chord)
+{
+    QMap<QString, KeyChord> shortcuts = itemShortcuts();
+    if (chord)
+        shortcuts.insert(key, *chord);
+    else
+        shortcuts.remove(key);
+    m_defaults.set(PrefKey::itemShortcuts, ItemShortcuts::encode(shortcuts));
     changed();
 }
 

@@ -5,6 +5,7 @@
 #include "TileStyle.h"
 
 #include <QHash>
+#include <QMap>
 #include <QObject>
 #include <QSet>
 #include <QString>
@@ -93,6 +94,23 @@ public:
     // Where an item seen for the first time goes (the panel unless the user said otherwise).
     ItemPlacement newItemPlacement() const;
     void setNewItemPlacement(ItemPlacement placement);
+
+    // Reveal gestures on the menu bar, each off until chosen: a click on an empty part opens
+    // the panel (or shows the hidden items, as clickShowsInBar says), scrolling up and down
+    // shows and hides the hidden items, resting the pointer anywhere on it opens the panel.
+    bool revealOnMenuBarClick() const;
+    void setRevealOnMenuBarClick(bool on);
+    bool revealOnMenuBarScroll() const;
+    void setRevealOnMenuBarScroll(bool on);
+    bool revealOnMenuBarHover() const;
+    void setRevealOnMenuBarHover(bool on);
+    // The bar style shows the statistics as compact chips before the items.
+    bool barShowsStatistics() const;
+    void setBarShowsStatistics(bool on);
+    // The shortcuts that open single items, by item key (see ItemShortcuts for what is left
+    // out of a hand-edited file); a chord is stored as it is given (nothing: the item's goes).
+    QMap<QString, KeyChord> itemShortcuts() const;
+    void setItemShortcut(const QString& key, const std::optional<KeyChord>& chord);
 
     DefaultsStore& defaults() const { return m_defaults; }
 

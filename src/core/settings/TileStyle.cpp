@@ -13,6 +13,8 @@ QString tileStyleRawValue(TileStyle style)
         return QStringLiteral("grid");
     case TileStyle::Strip:
         return QStringLiteral("strip");
+    case TileStyle::Bar:
+        return QStringLiteral("bar");
     }
     return QStringLiteral("dashboard");
 }

@@ -83,7 +83,7 @@ std::vector<PanelSection> PanelContent::sections(const PanelRequest& request) co
             result.push_back({group.title, itemTiles(group), true});
     std::vector<PanelTile> permissions =
         permissionTiles(request.hasScreenRecording, request.hasAccessibility);
-    if (!permissions.empty() && request.query.trimmed().isEmpty())
+    if (!permissions.empty() && request.offerPermissions && request.query.trimmed().isEmpty())
         result.push_back({std::nullopt, std::move(permissions), false});
     return filtered(std::move(result), request.query);
 }

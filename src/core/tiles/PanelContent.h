@@ -20,6 +20,8 @@ struct PanelRequest {
     bool showSystemTiles = true;
     bool hasScreenRecording = true;
     bool hasAccessibility = true;
+    // Tiles that ask for the missing permissions (the bar style's row has no room for them).
+    bool offerPermissions = true;
     // A line under everything else, when there is something to explain (empty: none).
     QString footnote;
     // What the user typed to find a tile (empty: everything shows).

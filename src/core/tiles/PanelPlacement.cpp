@@ -32,7 +32,10 @@ double widthOn(const ScreenRect& screenFrame)
 ScreenPoint origin(const ScreenRect& anchor, const ScreenRect& screenFrame, double height,
                    double width)
 {
-    double x = std::max(screenFrame.x + screenMargin, anchor.maxX() - width);
+    // Under an item the panel's right edge stands on the item's; under a spot of empty menu
+    // bar (an anchor without width) the panel is centred on it.
+    const double right = anchor.width < 1 ? anchor.x + width / 2 : anchor.maxX();
+    double x = std::max(screenFrame.x + screenMargin, right - width);
     x = std::min(x, screenFrame.maxX() - width - screenMargin);
     return {x, anchor.y - height - gapBelowAnchor};
 }

@@ -29,7 +29,7 @@ std::optional<ScreenInfo> screenFor(const ScreenRect& anchor,
 double widthOn(const ScreenRect& screenFrame);
 
 // The panel's bottom-left corner (screen coordinates): its right edge on the
-// anchor's right edge, kept inside the screen.
+// anchor's right edge (centred under an anchor without width), kept inside the screen.
 ScreenPoint origin(const ScreenRect& anchor, const ScreenRect& screenFrame, double height,
                    double width = panelWidth);
 

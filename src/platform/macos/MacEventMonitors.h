@@ -4,11 +4,13 @@
 
 namespace ravlin {
 
-// NSEvent global monitors: they see only events sent to other applications.
+// NSEvent monitors: global ones see only events sent to other applications, local ones the
+// events sent to this application (passed on unchanged).
 class MacEventMonitors final : public EventMonitors {
 public:
-    std::unique_ptr<Monitor> addGlobalMonitor(int kinds,
-                                              std::function<void(Kind)> handler) override;
+    std::unique_ptr<Monitor> watch(int kinds, std::function<void(const Event&)> handler) override;
+    std::unique_ptr<Monitor> watchOwn(int kinds,
+                                      std::function<void(const Event&)> handler) override;
 };
 
 } // namespace ravlin

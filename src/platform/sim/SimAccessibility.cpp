@@ -82,7 +82,7 @@ int SimAccessibility::gate(const Node& n)
 {
     if (!m_desktop.accessibilityTrusted)
         return AXError::apiDisabled;
-    if (n.kind == Node::Kind::SystemWide)
+    if (n.kind == Node::Kind::SystemWide || n.kind == Node::Kind::AppMenu)
         return AXError::success;
     m_desktop.countAXRequest(n.pid);
     const SimApp* app = m_desktop.appByPid(n.pid);
@@ -104,6 +104,8 @@ AXResult<AXElement> SimAccessibility::elementAtPosition(const AXElement& root, f
         return {AXError::illegalArgument, {}};
     if (!m_desktop.accessibilityTrusted)
         return {AXError::apiDisabled, {}};
+    if (m_desktop.onAppMenus({x, y}))
+        return {AXError::success, make({Node::Kind::AppMenu, 0, 0, 0})};
     const std::optional<SimPlacedItem> hit = m_desktop.itemAt({x, y});
     if (!hit || !hit->item.ax.present)
         return {AXError::noValue, {}};
@@ -140,6 +142,10 @@ AXResult<AXValue> SimAccessibility::copyAttributeValue(const AXElement& element,
     case Node::Kind::Slot:
     case Node::Kind::Overflow:
         return slotAttribute(*n, attribute);
+    case Node::Kind::AppMenu:
+        if (attribute == u"AXRole")
+            return textValue(QStringLiteral("AXMenuBarItem"));
+        break;
     case Node::Kind::SystemWide:
         break;
     }

@@ -48,6 +48,7 @@ public:
             AgentBar, // `window` is the display's index
             Slot,     // `window` is the item's
             Overflow, // the system's overflow menu, a slot of the main display's bar
+            AppMenu,  // a title of the front application's menus
         };
         Kind kind = Kind::SystemWide;
         std::int32_t pid = 0;

@@ -6,8 +6,10 @@
 
 #include <QSet>
 
+#include <algorithm>
 #include <functional>
 #include <map>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -163,6 +165,20 @@ public:
     void userClick(const SimUserClick& click);
     using OwnItemClickHandler = std::function<void(const SimItem&, const SimUserClick&)>;
     void setOwnItemClickHandler(OwnItemClickHandler handler) { m_ownClick = std::move(handler); }
+    // The front application's menus ("File", "Edit", …) take the left of every display's
+    // menu bar, this wide (0, the default: they are not modelled). A person's click on them,
+    // or on another application's item, opens a menu: a pop-up window stands in the window
+    // list until the person's next click closes it.
+    void setAppMenusWidth(double width) { m_appMenusWidth = std::max(0.0, width); }
+    double appMenusWidth() const { return m_appMenusWidth; }
+    bool onAppMenus(WindowServerPoint point) const;
+    struct OpenMenu {
+        std::int32_t pid = 0; // 0: the front application's menus
+        QString owner;
+        WindowServerRect frame;
+    };
+    const std::optional<OpenMenu>& openMenu() const { return m_openMenu; }
+    static constexpr std::int64_t openMenuWindow = 8000;
     using ClickListener = std::function<void(const SimUserClick&)>;
     void addClickListener(ClickListener listener)
     {
@@ -216,6 +232,7 @@ private:
     void handleCommandDrag(const MouseEvent& event);
     void handlePlainClick(const MouseEvent& event, EventTap tap);
     WindowServerPoint clampToScreens(WindowServerPoint point) const;
+    void openMenuAt(WindowServerPoint point, std::int32_t pid, const QString& owner);
 
     DefaultsStore* m_defaults = nullptr;
     Scheduler* m_scheduler = nullptr;
@@ -236,6 +253,8 @@ private:
     ItemHider m_hider;
     QSet<QString> m_notAllowed;
     std::vector<ClickListener> m_clickListeners;
+    double m_appMenusWidth = 0;
+    std::optional<OpenMenu> m_openMenu;
     std::vector<SimPostedEvent> m_events;
     std::vector<SimActivation> m_activations;
     QStringList m_opened;

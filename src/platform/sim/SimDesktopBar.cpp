@@ -121,6 +121,13 @@ std::optional<SimPlacedItem> SimDesktop::itemAt(WindowServerPoint point) const
     const WindowServerRect displays = screenFrame(screens().size() - 1);
     if (point.x < 0 || point.x >= displays.maxX() || point.y < 0)
         return std::nullopt;
+    // The front application's menus stand over whatever reaches under them, and the camera
+    // housing takes no clicks.
+    if (onAppMenus(point))
+        return std::nullopt;
+    for (std::size_t i = 0; i < screens().size(); ++i)
+        if (const std::optional<WindowServerRect> notch = notchFrame(i); notch && notch->contains(point))
+            return std::nullopt;
     // Another display's bar shows the same items at the same distance from its right edge.
     for (std::size_t i = 1; i < screens().size(); ++i) {
         const WindowServerRect display = screenFrame(i);
@@ -142,7 +149,7 @@ std::optional<WindowServerRect> SimDesktop::visibleStretch(std::int64_t window) 
     if (!p)
         return std::nullopt;
     const WindowServerRect screen = screenFrame(0);
-    const double left = std::max(p->frame.x, screen.x);
+    const double left = std::max(p->frame.x, screen.x + appMenusWidth());
     const double right = std::min(p->frame.maxX(), screen.maxX());
     if (right <= left || p->behindNotch)
         return std::nullopt;

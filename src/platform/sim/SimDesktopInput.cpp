@@ -85,20 +85,51 @@ void SimDesktop::warpCursor(WindowServerPoint point)
     m_cursor = point;
 }
 
+// What the click lands on is settled when it happens, whatever its listeners (the global
+// monitors) then do; they hear it while a menu it closes still stands.
 void SimDesktop::userClick(const SimUserClick& click)
 {
     m_cursor = click.point;
+    const std::optional<SimPlacedItem> hit = itemAt(click.point);
+    const bool onMenus = !hit && onAppMenus(click.point);
     for (const ClickListener& listener : std::vector<ClickListener>(m_clickListeners))
         listener(click);
-    const std::optional<SimPlacedItem> hit = itemAt(click.point);
-    if (!hit)
+    m_openMenu.reset();
+    if (!hit) {
+        if (onMenus)
+            openMenuAt(click.point, 0, QStringLiteral("Finder"));
         return;
+    }
     if (hit->item.own) {
         if (m_ownClick)
             m_ownClick(hit->item, click);
         return;
     }
     recordActivation(hit->item, QStringLiteral("click"));
+    openMenuAt({hit->frame.x, click.point.y}, hit->pid, hit->item.owner);
+}
+
+bool SimDesktop::onAppMenus(WindowServerPoint point) const
+{
+    if (m_appMenusWidth <= 0 || point.y < 0)
+        return false;
+    const std::vector<SimScreen> all = screens();
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        const WindowServerRect display = screenFrame(i);
+        if (point.x >= display.x && point.x < display.x + m_appMenusWidth &&
+            point.y < all[i].menuBarHeight)
+            return true;
+    }
+    return false;
+}
+
+void SimDesktop::openMenuAt(WindowServerPoint point, std::int32_t pid, const QString& owner)
+{
+    double menuBarHeight = 24;
+    for (std::size_t i = 0; i < screens().size(); ++i)
+        if (screenFrame(i).contains({point.x, 1}))
+            menuBarHeight = screens()[i].menuBarHeight;
+    m_openMenu = OpenMenu{pid, owner, {point.x, menuBarHeight, 220, 160}};
 }
 
 } // namespace ravlin

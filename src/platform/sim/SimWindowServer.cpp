@@ -57,6 +57,15 @@ std::optional<PlistArray> SimWindowServer::windowList(WindowListOption option)
         appendItemWindows(list, option);
     else
         appendBarWindows(list);
+    // An open menu is a pop-up window in front of everything.
+    if (const std::optional<SimDesktop::OpenMenu>& menu = m_desktop.openMenu())
+        list.insert(list.begin(),
+                    PlistDict{{WindowKey::layer, WindowLevel::popUpMenu},
+                              {WindowKey::number, SimDesktop::openMenuWindow},
+                              {WindowKey::ownerPID, menu->pid},
+                              {WindowKey::bounds, bounds(menu->frame)},
+                              {WindowKey::ownerName, menu->owner},
+                              {WindowKey::isOnscreen, true}});
     for (const PlistValue& raw : m_desktop.rawWindows())
         list.push_back(raw);
     return list;

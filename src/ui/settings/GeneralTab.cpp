@@ -11,6 +11,8 @@
 #include "core/app/AppDelegate.h"
 #include "core/app/GlobalShortcuts.h"
 #include "core/app/SoftwareUpdate.h"
+#include "core/bar/StatusBarController.h"
+#include "core/settings/ItemShortcuts.h"
 #include "core/settings/LanguageManager.h"
 #include "core/settings/Preferences.h"
 
@@ -32,6 +34,7 @@ GeneralTab::GeneralTab(AppDelegate& app, SettingsActions& actions, QWidget* pare
     buildHiding();
     buildPanel();
     buildShortcuts();
+    buildGestures();
     buildUpdates();
     finish();
     refresh();
@@ -130,6 +133,11 @@ void GeneralTab::buildPanel()
     });
     row->addTrailing(m_style);
     group->addRow(row);
+    // One line, as the click's switch: the keyboard shortcuts stay in sight on a laptop.
+    m_barStatistics = addSwitchRow(group, QStringLiteral("barShowsStatistics"),
+                                   lm.L(QStringLiteral("general.barStatistics")), QString());
+    connect(m_barStatistics, &ToggleSwitch::toggled, this,
+            [&p](bool on) { p.setBarShowsStatistics(on); });
 }
 
 void GeneralTab::buildShortcuts()
@@ -201,12 +209,21 @@ void GeneralTab::recorded(Shortcut which, const std::optional<KeyChord>& chord)
 {
     ShortcutRow& r = shortcutRow(which);
     r.refusal.clear();
+    r.holder.clear();
     if (chord) {
         const Shortcut other =
             which == Shortcut::Panel ? Shortcut::HiddenSection : Shortcut::Panel;
         if (const std::optional<QString> refusal =
                 ShortcutRules::refusal(*chord, m_app.preferences().shortcut(other))) {
             r.refusal = *refusal;
+            showProblem(which);
+            return;
+        }
+        // An item's shortcut keeps its chord.
+        if (const std::optional<QString> item =
+                ItemShortcuts::holder(m_app.preferences().itemShortcuts(), *chord)) {
+            r.refusal = QStringLiteral("shortcut.error.usedBy");
+            r.holder = m_app.statusBar() ? m_app.statusBar()->itemName(*item) : *item;
             showProblem(which);
             return;
         }
@@ -222,7 +239,11 @@ void GeneralTab::showProblem(Shortcut which)
     QString key = r.refusal;
     if (key.isEmpty() && m_app.shortcuts())
         key = m_app.shortcuts()->problem(which).value_or(QString());
-    r.row->setHint(key.isEmpty() ? QString() : m_app.languageManager().L(key), !key.isEmpty());
+    const LanguageManager& lm = m_app.languageManager();
+    const QString text = key.isEmpty()       ? QString()
+                         : r.holder.isEmpty() ? lm.L(key)
+                                              : lm.L(key, r.holder);
+    r.row->setHint(text, !key.isEmpty());
 }
 
 void GeneralTab::refresh()
@@ -235,6 +256,10 @@ void GeneralTab::refresh()
     m_alwaysHidden->setCheckedQuietly(p.enableAlwaysHidden());
     m_clickShowsInBar->setCheckedQuietly(p.clickShowsInBar());
     m_revealOnHover->setCheckedQuietly(p.revealOnHover());
+    m_gestureClick->setCheckedQuietly(p.revealOnMenuBarClick());
+    m_gestureScroll->setCheckedQuietly(p.revealOnMenuBarScroll());
+    m_gestureHover->setCheckedQuietly(p.revealOnMenuBarHover());
+    m_barStatistics->setCheckedQuietly(p.barShowsStatistics());
     m_systemTiles->setCheckedQuietly(p.showSystemTiles());
     m_weather->setCheckedQuietly(p.showWeather());
     m_style->setCurrentDataQuietly(tileStyleRawValue(p.tileStyle()));
@@ -247,6 +272,29 @@ void GeneralTab::refresh()
         m_autoUpdate->setCheckedQuietly(updates.automaticChecks());
         m_updateChannel->setCurrentDataQuietly(updateChannelRawValue(updates.channel()));
     }
+}
+
+// Reveal gestures on the menu bar, each off until chosen.
+void GeneralTab::buildGestures()
+{
+    const LanguageManager& lm = m_app.languageManager();
+    Preferences& p = m_app.preferences();
+    SettingsGroup* group = addSection(lm.L(QStringLiteral("general.section.gestures")));
+    m_gestureClick = addSwitchRow(group, QStringLiteral("revealOnMenuBarClick"),
+                                  lm.L(QStringLiteral("general.gesture.click")),
+                                  lm.L(QStringLiteral("general.gesture.click.desc")));
+    connect(m_gestureClick, &ToggleSwitch::toggled, this,
+            [&p](bool on) { p.setRevealOnMenuBarClick(on); });
+    m_gestureScroll = addSwitchRow(group, QStringLiteral("revealOnMenuBarScroll"),
+                                   lm.L(QStringLiteral("general.gesture.scroll")),
+                                   lm.L(QStringLiteral("general.gesture.scroll.desc")));
+    connect(m_gestureScroll, &ToggleSwitch::toggled, this,
+            [&p](bool on) { p.setRevealOnMenuBarScroll(on); });
+    m_gestureHover = addSwitchRow(group, QStringLiteral("revealOnMenuBarHover"),
+                                  lm.L(QStringLiteral("general.gesture.hover")),
+                                  lm.L(QStringLiteral("general.gesture.hover.desc")));
+    connect(m_gestureHover, &ToggleSwitch::toggled, this,
+            [&p](bool on) { p.setRevealOnMenuBarHover(on); });
 }
 
 } // namespace ravlin

@@ -26,6 +26,7 @@ public:
 private:
     void buildStartup();
     void buildHiding();
+    void buildGestures();
     void buildPanel();
     void buildShortcuts();
     void buildUpdates();
@@ -44,6 +45,10 @@ private:
     ToggleSwitch* m_alwaysHidden = nullptr;
     ToggleSwitch* m_clickShowsInBar = nullptr;
     ToggleSwitch* m_revealOnHover = nullptr;
+    ToggleSwitch* m_gestureClick = nullptr;
+    ToggleSwitch* m_gestureScroll = nullptr;
+    ToggleSwitch* m_gestureHover = nullptr;
+    ToggleSwitch* m_barStatistics = nullptr;
     ToggleSwitch* m_systemTiles = nullptr;
     ToggleSwitch* m_weather = nullptr;
     PopupButton* m_style = nullptr;
@@ -53,6 +58,7 @@ private:
         SettingsRow* row = nullptr;
         ShortcutField* field = nullptr;
         QString refusal; // the text key of the last chord refused, until the next recording
+        QString holder;  // the item that holds that chord, by name
     };
     ShortcutRow m_panelShortcut;
     ShortcutRow m_hiddenShortcut;

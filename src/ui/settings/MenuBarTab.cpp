@@ -63,6 +63,7 @@ void MenuBarTab::fillItems(SettingsColumn& column)
         detected->addRow(itemRow(*item));
     QString note = lm.L(QStringLiteral("menubar.selectHelp")) + u'\n' +
                    lm.L(QStringLiteral("menubar.watch.help")) + u'\n' +
+                   lm.L(QStringLiteral("menubar.shortcutHelp")) + u'\n' +
                    lm.L(QStringLiteral("menubar.autoupdated"));
     if (m_actions.hidesWholeApplications())
         note += u'\n' + lm.L(QStringLiteral("menubar.wholeApps"));
@@ -106,6 +107,7 @@ QWidget* MenuBarTab::itemRow(const BarItem& item)
             [this, key = item.key](bool on) { m_app.watchList().set(key, on); });
     row->addTrailing(watch);
     m_watches.insert(item.key, watch);
+    m_itemShortcuts.add(row, item.key);
     row->addTrailing(choice);
     m_placements.insert(item.key, choice);
     return row;
@@ -151,6 +153,7 @@ void MenuBarTab::refresh()
         it.value()->setCheckedQuietly(watched.contains(it.key()));
     if (m_spacing)
         m_spacing->refresh();
+    m_itemShortcuts.refresh();
     if (m_arrange)
         m_arrange->setEnabled(m_actions.canArrange());
     if (m_newItems)
@@ -183,6 +186,7 @@ void MenuBarTab::reload()
     m_shownSignature = signature;
     m_placements.clear();
     m_watches.clear();
+    m_itemShortcuts.clear();
     if (m_lists) {
         m_lists->hide();
         m_lists->setParent(nullptr);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ItemShortcutFields.h"
 #include "SettingsPage.h"
 
 #include <QHash>
@@ -25,9 +26,9 @@ class WatchButton;
 struct BarItem;
 
 // Where each menu-bar item belongs, whatever hides the items: the detected items with a
-// bar/panel/off choice each (and a bell to see it when it changes), arrange mode, a full
-// rescan and the item spacing; where whole applications are hidden together, a line that
-// says so.
+// bar/panel/off choice, a bell to see it when it changes and a shortcut that opens it each,
+// arrange mode, a full rescan and the item spacing; where whole applications are hidden
+// together, a line that says so.
 class MenuBarTab : public SettingsPage {
     Q_OBJECT
 public:
@@ -69,6 +70,7 @@ private:
     QPointer<SettingsColumn> m_lists;
     QHash<QString, SegmentedControl*> m_placements;
     QHash<QString, WatchButton*> m_watches;
+    ItemShortcutFields m_itemShortcuts{m_app};
     QPushButton* m_arrange = nullptr;
     ItemSpacingSection* m_spacing = nullptr;
     SegmentedControl* m_newItems = nullptr;

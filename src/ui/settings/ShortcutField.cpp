@@ -22,7 +22,7 @@ bool isModifierKey(int key)
 } // namespace
 
 ShortcutField::ShortcutField(Texts texts, QWidget* parent)
-    : QWidget(parent), m_texts(std::move(texts))
+    : QWidget(parent), m_texts(std::move(texts)), m_width(fieldWidth)
 {
     setFont(SettingsStyle::bodyFont());
     setFocusPolicy(Qt::StrongFocus);
@@ -33,7 +33,13 @@ ShortcutField::ShortcutField(Texts texts, QWidget* parent)
 
 QSize ShortcutField::sizeHint() const
 {
-    return {fieldWidth, fieldHeight};
+    return {m_width, fieldHeight};
+}
+
+void ShortcutField::setFieldWidth(int width)
+{
+    m_width = width;
+    updateGeometry();
 }
 
 void ShortcutField::setChord(const std::optional<KeyChord>& chord)
@@ -169,7 +175,9 @@ void ShortcutField::paintEvent(QPaintEvent*)
     p.drawRoundedRect(face, 5.5, 5.5);
     p.setFont(font());
     p.setPen(m_chord || m_recording ? SettingsStyle::primaryText() : SettingsStyle::tertiaryText());
-    p.drawText(face.adjusted(8, 0, -8 - clearSize, 0), Qt::AlignCenter, shownText());
+    const QRectF text = face.adjusted(8, 0, -8 - clearSize, 0);
+    p.drawText(text, Qt::AlignCenter,
+               p.fontMetrics().elidedText(shownText(), Qt::ElideRight, int(text.width())));
     if (!m_recording && m_chord) {
         // The clear button: a grey disc with a cross, as the system's search fields have.
         const QRectF c = clearButtonRect();

@@ -25,6 +25,8 @@ public:
     explicit ShortcutField(Texts texts, QWidget* parent = nullptr);
 
     void setChord(const std::optional<KeyChord>& chord);
+    // Narrower where a row holds other controls too.
+    void setFieldWidth(int width);
     const std::optional<KeyChord>& chord() const { return m_chord; }
     bool isRecording() const { return m_recording; }
     void startRecording();
@@ -61,6 +63,7 @@ private:
     std::optional<KeyChord> m_chord;
     bool m_recording = false;
     QString m_held; // the modifiers held while recording
+    int m_width;
 };
 
 } // namespace ravlin

@@ -46,6 +46,10 @@ const Switch switches[] = {
     {"revealOnHover", &Preferences::revealOnHover},
     {"showSystemTiles", &Preferences::showSystemTiles},
     {"showWeather", &Preferences::showWeather},
+    {"barShowsStatistics", &Preferences::barShowsStatistics},
+    {"revealOnMenuBarClick", &Preferences::revealOnMenuBarClick},
+    {"revealOnMenuBarScroll", &Preferences::revealOnMenuBarScroll},
+    {"revealOnMenuBarHover", &Preferences::revealOnMenuBarHover},
 };
 
 } // namespace
@@ -93,16 +97,18 @@ TEST_F(GeneralTab, TheIntervalWritesSecondsAndRestsWhileAutoRehideIsOff)
     EXPECT_FALSE(row->isEnabled());
 }
 
-TEST_F(GeneralTab, TheStylePopupOffersTheFourStylesAndWritesTheChoice)
+TEST_F(GeneralTab, TheStylePopupOffersTheFiveStylesAndWritesTheChoice)
 {
     auto* popup = world.find<PopupButton>(QStringLiteral("tileStyle"));
     ASSERT_NE(popup, nullptr);
-    ASSERT_EQ(popup->count(), 4);
-    for (int i = 0; i < 4; ++i)
+    ASSERT_EQ(popup->count(), 5);
+    for (int i = 0; i < 5; ++i)
         EXPECT_EQ(popup->itemText(i), world.app().languageManager().L(
                                           tileStyleTitleKey(allTileStyles[std::size_t(i)])));
     popup->setCurrentIndex(2);
     EXPECT_EQ(prefs().tileStyle(), TileStyle::Grid);
+    popup->setCurrentIndex(4);
+    EXPECT_EQ(prefs().tileStyle(), TileStyle::Bar);
 }
 
 TEST_F(GeneralTab, FollowsChangesMadeElsewhere)

@@ -1,4 +1,5 @@
 // The bundle's Info.plist as the normal build generates it from its template.
+#include "core/app/UrlCommand.h"
 #include "platform/linux/PlistCodec.h"
 #include "platform/sim/SimDesktop.h"
 
@@ -73,6 +74,22 @@ TEST_F(InfoPlist, GivesSparkleItsFeedAndKey)
     }
     EXPECT_TRUE(plist[QStringLiteral("SUEnableAutomaticChecks")].asBool().has_value());
     EXPECT_EQ(plist[QStringLiteral("SUScheduledCheckInterval")].asInteger(), 86400);
+}
+
+// Launchers, Shortcuts and scripts reach Ravlin through ravlin:// URLs: the system hands them
+// over only to an application that declares the scheme.
+TEST_F(InfoPlist, DeclaresRavlinsURLSchemeForAutomation)
+{
+    const PlistArray* types = plist[QStringLiteral("CFBundleURLTypes")].asArray();
+    ASSERT_TRUE(types);
+    ASSERT_EQ(types->size(), 1u);
+    const PlistValue& type = types->front();
+    EXPECT_EQ(type[QStringLiteral("CFBundleURLName")].asString(), SimDesktop::ownBundleId);
+    EXPECT_EQ(type[QStringLiteral("CFBundleTypeRole")].asString(), QStringLiteral("Viewer"));
+    const PlistArray* schemes = type[QStringLiteral("CFBundleURLSchemes")].asArray();
+    ASSERT_TRUE(schemes);
+    ASSERT_EQ(schemes->size(), 1u);
+    EXPECT_EQ(schemes->front().asString(), UrlCommand::scheme);
 }
 
 TEST_F(InfoPlist, DeclaresOnlyWellFormedURLSchemesAndNoPlaceholderIsLeft)

@@ -10,6 +10,7 @@
 
 #include <QMenu>
 #include <QMouseEvent>
+#include <QWheelEvent>
 #include <QPainter>
 
 namespace ravlin::sandbox {
@@ -146,6 +147,28 @@ void DesktopCanvas::mouseMoveEvent(QMouseEvent* event)
     m_session->desktop().setCursor({event->position().x(), event->position().y()});
     m_session->monitors().deliver(EventMonitors::MouseMoved);
     m_session->scheduler().runDue();
+}
+
+void DesktopCanvas::wheelEvent(QWheelEvent* event)
+{
+    if (!m_session || !m_session->started())
+        return;
+    SimDesktop& desktop = m_session->desktop();
+    const WindowServerPoint point{event->position().x(), event->position().y()};
+    desktop.setCursor(point);
+    EventMonitors::Event scroll;
+    scroll.kind = EventMonitors::ScrollWheel;
+    scroll.precise = !event->pixelDelta().isNull();
+    scroll.scrollDeltaY = scroll.precise ? event->pixelDelta().y() : event->angleDelta().y() / 120.0;
+    scroll.inverted = event->inverted();
+    scroll.momentum = event->phase() == Qt::ScrollMomentum;
+    const auto hit = desktop.itemAt(point);
+    if (hit && hit->item.own)
+        m_session->monitors().deliverOwn(scroll);
+    else
+        m_session->monitors().deliver(scroll);
+    m_session->scheduler().runDue();
+    update();
 }
 
 // The status menu the application popped up, as a real menu under the pointer.

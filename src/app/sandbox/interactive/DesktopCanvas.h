@@ -39,6 +39,9 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    // Scrolling on the simulated desktop: heard by Ravlin's monitors (its own where the pointer
+    // is on one of its items), as on a Mac.
+    void wheelEvent(QWheelEvent* event) override;
 
 private:
     void showOpenMenu();
