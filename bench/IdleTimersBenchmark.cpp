@@ -1,5 +1,6 @@
 // How often timers fire while the application rests: plain mode, collapsed, panel
-// closed, without rules and with rules of every kind set. A resting menu-bar tool must not
+// closed, without rules, with rules of every kind set, and with the bar style, every menu-bar
+// gesture and an item's shortcut switched on. A resting menu-bar tool must not
 // wake up at all, so the figure must be 0.
 #include "sandbox/SandboxCommands.h"
 #include "sandbox/SandboxSession.h"
@@ -23,6 +24,17 @@ const QString everyRule = QStringLiteral(
     "rule add evening when time=20:00-23:00 then style=strip\n"
     "advance 5\n");
 
+const QString everyGesture = QStringLiteral(
+    "prefs set tileStyle \"bar\"\n"
+    "prefs set revealOnMenuBarClick true\n"
+    "prefs set revealOnMenuBarScroll true\n"
+    "prefs set revealOnMenuBarHover true\n"
+    "settings open 1\n"
+    "settings record \"shortcut:n:Chat Status\"\n"
+    "key ctrl+opt+cmd+C\n"
+    "settings close\n"
+    "advance 5\n");
+
 // A desktop with a few applications, started and left alone until start-up settled, by a
 // user past the first start (the welcome window looks at the permissions while it shows).
 std::uint64_t firingsPerRestingMinute(const QString& more = QString())
@@ -32,7 +44,7 @@ std::uint64_t firingsPerRestingMinute(const QString& more = QString())
     SandboxSession session({});
     ScriptRunner runner(session, o, e);
     registerAll(runner);
-    runner.run(QStringLiteral("app com.apple.controlcenter \"Control Center\"\n"
+    const int status = runner.run(QStringLiteral("app com.apple.controlcenter \"Control Center\"\n"
                               "app com.example.chat \"Chat\"\n"
                               "app com.example.sync \"Sync\"\n"
                               "item com.apple.controlcenter \"Clock\" fixed width=80\n"
@@ -42,6 +54,9 @@ std::uint64_t firingsPerRestingMinute(const QString& more = QString())
                               "start\n"
                               "advance 5\n") +
                more);
+    // A script that failed half-way would measure some other, quieter state.
+    if (status != 0)
+        qFatal("the resting state could not be set up: %s", qPrintable(err));
     const std::uint64_t before = session.scheduler().firedCount();
     session.scheduler().advance(60);
     return session.scheduler().firedCount() - before;
@@ -68,5 +83,16 @@ void BM_IdleTimerFiringsPerMinuteWithRules(benchmark::State& state)
         state.SkipWithError("timers fire while the application rests with rules set");
 }
 BENCHMARK(BM_IdleTimerFiringsPerMinuteWithRules)->Iterations(3)->Unit(benchmark::kMillisecond);
+
+void BM_IdleTimerFiringsPerMinuteWithGestures(benchmark::State& state)
+{
+    std::uint64_t firings = 0;
+    for (auto _ : state)
+        firings = firingsPerRestingMinute(everyGesture);
+    state.counters["firings_per_minute"] = double(firings);
+    if (firings != 0)
+        state.SkipWithError("timers fire while the application rests with the gestures on");
+}
+BENCHMARK(BM_IdleTimerFiringsPerMinuteWithGestures)->Iterations(3)->Unit(benchmark::kMillisecond);
 
 } // namespace
