@@ -4,6 +4,8 @@
 #include <QUrl>
 #include <QUrlQuery>
 
+#include <algorithm>
+
 namespace ravlin {
 namespace {
 
@@ -35,6 +37,21 @@ std::optional<UrlCommand> panel(const QStringList& path, QString* why)
     return refuse(why, QStringLiteral("the panel can be opened, closed or toggled"));
 }
 
+// A name or a search is typed by a person: a control character in one (a line break, a
+// tab, a NUL sent percent-encoded) names nothing Ravlin has and is not read.
+bool holdsControls(const QString& text)
+{
+    return std::any_of(text.begin(), text.end(),
+                       [](QChar c) { return c.category() == QChar::Other_Control; });
+}
+
+std::optional<UrlCommand> checked(UrlCommand command, QString* why)
+{
+    if (holdsControls(command.argument))
+        return refuse(why, QStringLiteral("its name or text holds control characters"));
+    return command;
+}
+
 } // namespace
 
 std::optional<UrlCommand> UrlCommand::parse(const QString& text, QString* why)
@@ -57,7 +74,8 @@ std::optional<UrlCommand> UrlCommand::parse(const QString& text, QString* why)
         if (!path.isEmpty() || !items.hasQueryItem(QStringLiteral("q")) ||
             items.queryItems().size() != 1)
             return refuse(why, QStringLiteral("a search takes only ?q=TEXT"));
-        return UrlCommand{A::Search, items.queryItemValue(QStringLiteral("q"), QUrl::FullyDecoded)};
+        return checked({A::Search, items.queryItemValue(QStringLiteral("q"), QUrl::FullyDecoded)},
+                       why);
     }
     if (query)
         return refuse(why, QStringLiteral("only a search takes a query"));
@@ -71,12 +89,12 @@ std::optional<UrlCommand> UrlCommand::parse(const QString& text, QString* why)
     if (command == u"layout") {
         if (path.size() != 1 || path.front().trimmed().isEmpty())
             return refuse(why, QStringLiteral("a layout is named by one part: layout/NAME"));
-        return UrlCommand{A::SwitchLayout, path.front()};
+        return checked({A::SwitchLayout, path.front()}, why);
     }
     if (command == u"item") {
         if (path.size() != 2 || path.back() != u"open" || path.front().trimmed().isEmpty())
             return refuse(why, QStringLiteral("an item is opened by item/KEY-OR-NAME/open"));
-        return UrlCommand{A::OpenItem, path.front()};
+        return checked({A::OpenItem, path.front()}, why);
     }
     return refuse(why, QStringLiteral("no command \"%1\"").arg(command.left(40)));
 }

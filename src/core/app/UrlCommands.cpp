@@ -1,6 +1,7 @@
 #include "UrlCommands.h"
 
 #include "AppDelegate.h"
+#include "core/bar/LayoutName.h"
 #include "core/bar/StatusBarController.h"
 #include "core/bar/TilePanel.h"
 #include "core/discovery/ScannerModel.h"
@@ -10,10 +11,16 @@
 namespace ravlin {
 namespace {
 
-// What a log line shows of a URL: enough to recognise it, never a flood.
-QString shown(const QString& url)
+// What a log line shows of a URL or a name from one: enough to recognise it, never a flood,
+// quoted with its control characters escaped, so that no URL can write a line of its own.
+QString shown(const QString& text)
 {
-    return url.size() > 120 ? url.left(120) + QStringLiteral("…") : url;
+    return LayoutName::quoted(text.size() > 120 ? text.left(120) + QStringLiteral("…") : text);
+}
+
+QString nameOf(const BarItem& item)
+{
+    return item.label.isEmpty() ? item.info.owner : item.label;
 }
 
 } // namespace
@@ -47,12 +54,25 @@ std::optional<BarItem> UrlCommands::findItem(const QString& keyOrName) const
     for (const BarItem& item : items)
         if (item.key == keyOrName)
             return item;
+    std::optional<BarItem> found;
+    QStringList others;
     for (const BarItem& item : items) {
-        const QString name = item.label.isEmpty() ? item.info.owner : item.label;
-        if (name.compare(keyOrName, Qt::CaseInsensitive) == 0)
-            return item;
+        if (nameOf(item).compare(keyOrName, Qt::CaseInsensitive) != 0)
+            continue;
+        if (found)
+            others.append(item.key);
+        else
+            found = item;
     }
-    return std::nullopt;
+    // Which one a name meant cannot be known: the log says which was taken, and how to name
+    // the others.
+    if (found && !others.isEmpty())
+        qCInfo(lcApp).noquote()
+            << QStringLiteral("several items are named %1: the URL opens %2; a URL with its key "
+                              "opens another (%3)")
+                   .arg(shown(keyOrName), shown(found->key),
+                        shown(others.join(QStringLiteral(", "))));
+    return found;
 }
 
 void UrlCommands::perform(const UrlCommand& command)
@@ -94,7 +114,7 @@ void UrlCommands::perform(const UrlCommand& command)
         if (const std::optional<BarItem> item = findItem(command.argument))
             bar->openItem(*item);
         else
-            qCWarning(lcApp).noquote() << "a URL asks to open" << command.argument
+            qCWarning(lcApp).noquote() << "a URL asks to open" << shown(command.argument)
                                        << "but no item in the menu bar has that key or name";
         break;
     case A::Search:

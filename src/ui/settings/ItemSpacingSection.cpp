@@ -55,19 +55,26 @@ void ItemSpacingSection::build(SettingsPage& page)
 
     m_stateRow = new SettingsRow(QString(), QString());
     m_stateRow->titleLabel()->setObjectName(QStringLiteral("spacingState"));
-    auto button = [&](const QString& name, const QString& text, void (ItemSpacingSection::*slot)()) {
-        QPushButton* b = SettingsPage::makeButton(name, text, m_stateRow);
+    auto button = [&](SettingsRow* row, const QString& name, const QString& text,
+                      void (ItemSpacingSection::*slot)()) {
+        QPushButton* b = SettingsPage::makeButton(name, text, row);
         connect(b, &QPushButton::clicked, this, slot);
-        m_stateRow->addTrailing(b);
+        row->addTrailing(b);
     };
-    // "spacing" is the compact preset's name since the first versions had only that button.
-    button(QStringLiteral("spacing"), lm.L(QStringLiteral("menubar.space.button")),
-           &ItemSpacingSection::compact);
-    button(QStringLiteral("spacingReset"), lm.L(QStringLiteral("menubar.space.reset")),
-           &ItemSpacingSection::reset);
-    button(QStringLiteral("spacingApply"), lm.L(QStringLiteral("menubar.space.apply")),
+    button(m_stateRow, QStringLiteral("spacingApply"), lm.L(QStringLiteral("menubar.space.apply")),
            &ItemSpacingSection::apply);
     group->addRow(m_stateRow);
+    // The presets have a row of their own: beside the state and Apply, the three buttons are
+    // wider than the window in many languages.
+    auto* presets = new SettingsRow(QString(), QString());
+    presets->setObjectName(QStringLiteral("spacingPresets"));
+    presets->titleLabel()->hide();
+    // "spacing" is the compact preset's name since the first versions had only that button.
+    button(presets, QStringLiteral("spacing"), lm.L(QStringLiteral("menubar.space.button")),
+           &ItemSpacingSection::compact);
+    button(presets, QStringLiteral("spacingReset"), lm.L(QStringLiteral("menubar.space.reset")),
+           &ItemSpacingSection::reset);
+    group->addRow(presets);
     buildOffer(*group);
 
     QString note = lm.L(QStringLiteral("menubar.space.note"));
@@ -82,7 +89,8 @@ QWidget* ItemSpacingSection::previewRow()
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(SettingsStyle::rowInset, 4, SettingsStyle::rowInset, 6);
     m_preview = new SpacingPreview(row);
-    m_preview->setAccessibleName(m_app.languageManager().L(QStringLiteral("menubar.space.preview")));
+    m_preview->setAccessibleName(
+        m_app.languageManager().L(QStringLiteral("menubar.space.preview")));
     layout->addWidget(m_preview);
     return row;
 }
@@ -95,8 +103,8 @@ void ItemSpacingSection::buildOffer(SettingsGroup& group)
     m_restart = SettingsPage::makeButton(QStringLiteral("spacingRestart"),
                                          lm.L(QStringLiteral("menubar.space.restart")), m_offer);
     connect(m_restart, &QPushButton::clicked, this, &ItemSpacingSection::restartApps);
-    QPushButton* later = SettingsPage::makeButton(QStringLiteral("spacingLater"),
-                                                  lm.L(QStringLiteral("menubar.space.later")), m_offer);
+    QPushButton* later = SettingsPage::makeButton(
+        QStringLiteral("spacingLater"), lm.L(QStringLiteral("menubar.space.later")), m_offer);
     connect(later, &QPushButton::clicked, this, &ItemSpacingSection::later);
     m_offer->addTrailing(m_restart);
     m_offer->addTrailing(later);
@@ -180,7 +188,8 @@ void ItemSpacingSection::offerRestart()
 
 void ItemSpacingSection::restartApps()
 {
-    m_actions.restarter().restart(m_actions.restarter().candidates(m_app.scannerModel().detected()));
+    m_actions.restarter().restart(
+        m_actions.restarter().candidates(m_app.scannerModel().detected()));
     later();
 }
 

@@ -3,7 +3,9 @@
 #include "SettingsWorld.h"
 
 #include "core/app/AppDelegate.h"
+#include "core/settings/KeyChord.h"
 #include "core/settings/LanguageManager.h"
+#include "core/settings/Preferences.h"
 
 #include <QImage>
 
@@ -54,9 +56,15 @@ TEST(SettingsScreenshots, EveryTabInEnglishAndHebrew)
                                 "then layout=Work reveal=20\n"
                                 "rule add plugged when ac then style=grid\n")
                      .arg(world.keyOf(QStringLiteral("Chat"))));
+    // A shortcut of an item's own, for the Menu Bar tab.
+    world.app().preferences().setItemShortcut(world.keyOf(QStringLiteral("Chat")),
+                                              KeyChord::parse(QStringLiteral("ctrl+opt+cmd+C")));
     shootAllTabs(world, dir, QStringLiteral("en"));
     world.app().languageManager().apply(QStringLiteral("he"));
     shootAllTabs(world, dir, QStringLiteral("he"));
+    // A long language: the Menu Bar tab's rows hold a placement, a bell and a shortcut.
+    world.app().languageManager().apply(QStringLiteral("de"));
+    shoot(world.open(1), dir + QStringLiteral("/settings-menubar-de.png"));
 
     test::SettingsWorld engine;
     engine.typicalDesktop(true);

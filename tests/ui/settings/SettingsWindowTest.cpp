@@ -2,6 +2,7 @@
 
 #include "core/app/AppDelegate.h"
 #include "core/bar/StatusBarController.h"
+#include "core/settings/Languages.h"
 #include "platform/ApplicationControl.h"
 #include "platform/sim/SimApplicationControl.h"
 #include "ui/settings/SettingsPage.h"
@@ -10,6 +11,7 @@
 
 #include <QAbstractButton>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QShortcut>
 
 #include <gtest/gtest.h>
@@ -160,4 +162,25 @@ TEST_F(SettingsWindow, CommandWClosesIt)
     Q_EMIT shortcut->activated();
     EXPECT_FALSE(world.window().isVisible());
     EXPECT_EQ(policy(), Policy::Accessory);
+}
+
+// The window is as wide in every language: no page may need more, or its trailing controls
+// (a row's buttons, a placement's last choice) are cut off at the window's edge.
+TEST_F(SettingsWindow, EveryTabFitsTheWindowsWidthInEveryLanguage)
+{
+    for (const AppLanguage& language : Languages::all()) {
+        SCOPED_TRACE(language.code.toStdString());
+        world.script(QStringLiteral("language ") + language.code);
+        for (int tab = 0; tab < SettingsView::tabCount; ++tab) {
+            SCOPED_TRACE(tab);
+            SettingsView& view = world.open(tab);
+            SettingsPage* page = view.page(tab);
+            QScrollArea* scroll = scrollAreaOf(page);
+            ASSERT_NE(scroll, nullptr);
+            const int room =
+                SettingsStyle::windowWidth - scroll->verticalScrollBar()->sizeHint().width();
+            EXPECT_LE(page->minimumSizeHint().width(), room);
+        }
+        world.window().close();
+    }
 }
