@@ -74,8 +74,10 @@ std::optional<UrlCommand> UrlCommand::parse(const QString& text, QString* why)
         if (!path.isEmpty() || !items.hasQueryItem(QStringLiteral("q")) ||
             items.queryItems().size() != 1)
             return refuse(why, QStringLiteral("a search takes only ?q=TEXT"));
-        return checked({A::Search, items.queryItemValue(QStringLiteral("q"), QUrl::FullyDecoded)},
-                       why);
+        // Launchers encode a blank of a search as "+", as forms do; a real plus comes as %2B.
+        QString text = items.queryItemValue(QStringLiteral("q"), QUrl::FullyEncoded);
+        text.replace(u'+', u' ');
+        return checked({A::Search, QUrl::fromPercentEncoding(text.toUtf8())}, why);
     }
     if (query)
         return refuse(why, QStringLiteral("only a search takes a query"));

@@ -34,6 +34,12 @@ bool UrlCommands::handle(const QString& url)
         return false;
     }
     if (!m_app.statusBar()) {
+        // A script flooding a starting Ravlin gets its first few commands done, not a heap.
+        if (m_waiting.size() >= maxWaiting) {
+            qCWarning(lcApp).noquote() << "the URL" << shown(url)
+                                       << "is dropped: too many wait for the start to finish";
+            return false;
+        }
         m_waiting.append(*command);
         return true;
     }

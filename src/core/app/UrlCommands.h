@@ -17,6 +17,8 @@ struct BarItem;
 // application is still starting wait for it.
 class UrlCommands {
 public:
+    static constexpr qsizetype maxWaiting = 16;
+
     explicit UrlCommands(AppDelegate& app) : m_app(app) {}
 
     // Whether the URL asked for something this application does (it is done, or waits).

@@ -1,5 +1,7 @@
 #include "MenuBarGestures.h"
 
+#include <cmath>
+
 #include "MenuBarDisplays.h"
 #include "StatusBarController.h"
 #include "core/settings/Preferences.h"
@@ -188,13 +190,19 @@ void MenuBarGestures::scrolled(const EventMonitors::Event& event)
     m_controller.menuBarScrolled(*direction == ScrollIntent::Direction::Up);
 }
 
-// The rest begins when the pointer enters a menu bar and ends when it leaves.
+// The rest begins when the pointer comes to a stop on a menu bar: a pointer sliding along it on
+// its way to a menu starts the wait again with every move, so only a pointer that stays
+// opens the panel. Leaving the bar ends the wait.
 void MenuBarGestures::moved()
 {
-    const bool inBar = inMenuBar(m_s.screens.mouseLocation());
-    if (inBar == m_pointerInBar)
+    const ScreenPoint at = m_s.screens.mouseLocation();
+    const bool inBar = inMenuBar(at);
+    const bool stillResting = std::abs(at.x - m_restPoint.x) < restTolerance &&
+                              std::abs(at.y - m_restPoint.y) < restTolerance;
+    if (inBar == m_pointerInBar && (!inBar || stillResting || !m_dwell.isValid()))
         return;
     m_pointerInBar = inBar;
+    m_restPoint = at;
     m_dwell.invalidate();
     m_dwell = Timer();
     if (!inBar)

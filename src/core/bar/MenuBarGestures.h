@@ -40,6 +40,8 @@ class MenuBarGestures {
 public:
     // How long the pointer rests on the menu bar before the panel opens.
     static constexpr double hoverDwell = 0.6;
+    // A pointer that moves less than this (points) still rests; more, and the wait begins again.
+    static constexpr double restTolerance = 4;
 
     // What stands at a point of a menu bar.
     enum class Spot { Outside, Empty, Item, Menu, Notch };
@@ -82,6 +84,7 @@ private:
     std::unique_ptr<EventMonitors::Monitor> m_hoverMonitor;
     ScrollIntent m_scroll;
     bool m_pointerInBar = false;
+    ScreenPoint m_restPoint{};
     Timer m_dwell;
     NotificationCenter::Token m_prefsToken;
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);

@@ -40,6 +40,8 @@ TEST(UrlCommand, ReadsEveryRequestOfTheScheme)
         {"ravlin://item/n:Chat%20Status/open", {A::OpenItem, QStringLiteral("n:Chat Status")}},
         {"ravlin://item/Tunnel/open", {A::OpenItem, QStringLiteral("Tunnel")}},
         {"ravlin://search?q=wi%20fi", {A::Search, QStringLiteral("wi fi")}},
+        {"ravlin://search?q=wi+fi", {A::Search, QStringLiteral("wi fi")}},
+        {"ravlin://search?q=c%2B%2B", {A::Search, QStringLiteral("c++")}},
         {"ravlin://search?q=", {A::Search, QString()}},
     };
     for (const Case& c : cases) {

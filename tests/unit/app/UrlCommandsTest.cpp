@@ -3,6 +3,7 @@
 #include "TestSupport.h"
 
 #include "core/app/AppDelegate.h"
+#include "core/app/UrlCommands.h"
 #include "sandbox/SandboxCommands.h"
 #include "sandbox/SandboxSession.h"
 #include "sandbox/ScriptRunner.h"
@@ -77,4 +78,19 @@ TEST(UrlCommands, NoURLWritesALineOfItsOwn)
         EXPECT_FALSE(line.contains(QChar(0x202E))) << line.toStdString();
         EXPECT_LT(line.size(), 400);
     }
+}
+
+// URLs that arrive while Ravlin starts wait for it, but only a few: a flood is dropped with a
+// line, and what waited is done once the start is over.
+TEST(UrlCommands, OnlyAFewWaitForTheStart)
+{
+    SandboxSession::Options options;
+    options.resourcesDir = test::resourcesDir();
+    SandboxSession session(options);
+    UrlCommands urls(session.app());
+    ASSERT_EQ(session.app().statusBar(), nullptr);
+    int waiting = 0;
+    for (int i = 0; i < UrlCommands::maxWaiting + 5; ++i)
+        waiting += urls.handle(QStringLiteral("ravlin://panel/toggle")) ? 1 : 0;
+    EXPECT_EQ(waiting, UrlCommands::maxWaiting);
 }
