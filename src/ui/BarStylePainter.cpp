@@ -121,7 +121,9 @@ void BarStylePainter::plate(const QImage& picture, const QRectF& box, const QRec
                         cellRadius, cellRadius);
 }
 
-// A statistic as a compact chip: its short name, then its figure with the unit.
+// A statistic as a compact chip: its name, then its figure with the unit. A name the chip
+// cannot hold whole ("Memory", "Arbeitsspeicher") gives way to the statistic's symbol: a cut
+// word reads worse than a picture, and a screen reader still says the name.
 void BarStylePainter::chip(const PanelTile& tile, const QRectF& rect)
 {
     const QRectF face = rect.adjusted(0, 1, 0, -1);
@@ -143,8 +145,18 @@ void BarStylePainter::chip(const PanelTile& tile, const QRectF& rect)
                            figureWidth, inner.height());
     const QRectF labelBox(m_rtl ? inner.left() + figureWidth + 4 : inner.left(), inner.top(),
                           inner.width() - figureWidth - 4, inner.height());
-    text(m_c, labelBox, tile.label, fontOf(m_c, 10.5), m_c.palette.secondaryText(),
-         m_rtl ? Qt::AlignRight : Qt::AlignLeft);
+    const QFont labelFont = fontOf(m_c, 10.5);
+    const bool nameFits =
+        QFontMetricsF(labelFont).horizontalAdvance(tile.label) <= labelBox.width();
+    if (nameFits || tile.symbol.isEmpty()) {
+        text(m_c, labelBox, tile.label, labelFont, m_c.palette.secondaryText(),
+             m_rtl ? Qt::AlignRight : Qt::AlignLeft);
+    } else {
+        const double side = 14;
+        const QRectF mark(m_rtl ? labelBox.right() - side : labelBox.left(),
+                          labelBox.center().y() - side / 2, side, side);
+        symbol(m_c, mark, tile.symbol, m_c.palette.secondaryText());
+    }
     figures(m_c, figureBox, figure, value,
             tile.accent ? tile.accent->lighter(m_c.palette.dark ? 130 : 90)
                         : m_c.palette.primaryText(),

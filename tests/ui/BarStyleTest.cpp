@@ -148,6 +148,23 @@ TEST_F(BarStyleTest, SectionsAreSetApartByHairlinesAndStatisticsComeAsChips)
     EXPECT_TRUE(chips->paintedTexts(QStringLiteral("sys.batt")).contains(QStringLiteral("80%")));
 }
 
+// A chip is 74 points long: a name it cannot hold whole ("Memory", "Battery") is not drawn cut
+// ("Mem…") but gives way to the statistic's symbol; the figure stays.
+TEST_F(BarStyleTest, ChipsNeverShowACutName)
+{
+    const auto chips = view(PanelWorld::groups(3), Qt::LeftToRight, true);
+    chips->grab();
+    for (const QString& key : {QStringLiteral("sys.cpu"), QStringLiteral("sys.ram"),
+                               QStringLiteral("sys.disk"), QStringLiteral("sys.batt")}) {
+        const QStringList painted = chips->paintedTexts(key);
+        EXPECT_FALSE(painted.isEmpty()) << key.toStdString();
+        for (const QString& text : painted)
+            EXPECT_FALSE(text.contains(QChar(0x2026))) << key.toStdString() << ": " << text.toStdString();
+    }
+    EXPECT_TRUE(chips->paintedTexts(QStringLiteral("sys.cpu")).contains(QStringLiteral("CPU")));
+    EXPECT_FALSE(chips->paintedTexts(QStringLiteral("sys.ram")).contains(QStringLiteral("Memory")));
+}
+
 TEST_F(BarStyleTest, RightToLeftMirrorsTheRow)
 {
     const auto ltr = view();

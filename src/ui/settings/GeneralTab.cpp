@@ -243,7 +243,8 @@ void GeneralTab::showProblem(Shortcut which)
     const QString text = key.isEmpty()       ? QString()
                          : r.holder.isEmpty() ? lm.L(key)
                                               : lm.L(key, r.holder);
-    r.row->setHint(text, !key.isEmpty());
+    if (r.row->setHint(text, !key.isEmpty()))
+        Q_EMIT contentChanged();
 }
 
 void GeneralTab::refresh()

@@ -110,7 +110,8 @@ void ItemShortcutFields::showProblem(const QString& itemKey)
         if (const std::optional<QString> problem = m_app.shortcuts()->itemProblem(itemKey))
             text = m_app.languageManager().L(*problem);
     if (!text.isEmpty() || entry.row->hintLabel())
-        entry.row->setHint(text, !text.isEmpty());
+        if (entry.row->setHint(text, !text.isEmpty()) && onHintsChanged)
+            onHintsChanged();
 }
 
 } // namespace ravlin

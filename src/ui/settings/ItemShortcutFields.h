@@ -3,6 +3,7 @@
 #include "core/settings/KeyChord.h"
 
 #include <QHash>
+#include <functional>
 #include <QPointer>
 #include <QString>
 
@@ -29,6 +30,8 @@ public:
     // Shows what the settings and the system say now.
     void refresh();
     ShortcutField* field(const QString& itemKey) const;
+    // A refusal under a row came or went: the page must make room for it.
+    std::function<void()> onHintsChanged;
 
 private:
     struct Entry {

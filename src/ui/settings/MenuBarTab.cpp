@@ -26,6 +26,7 @@ namespace ravlin {
 MenuBarTab::MenuBarTab(AppDelegate& app, SettingsActions& actions, QWidget* parent)
     : SettingsPage(parent), m_app(app), m_actions(actions)
 {
+    m_itemShortcuts.onHintsChanged = [this] { Q_EMIT contentChanged(); };
     buildItems();
     buildNewItems();
     buildLayouts();

@@ -67,8 +67,10 @@ void SettingsRow::setTitleIsName()
     static_cast<TextLabel*>(m_title)->setFollowsWindowDirection(false);
 }
 
-void SettingsRow::setHint(const QString& text, bool visible)
+bool SettingsRow::setHint(const QString& text, bool visible)
 {
+    const bool wasShown = m_hint && !m_hint->isHidden();
+    const QString before = m_hint ? static_cast<TextLabel*>(m_hint)->plainText() : QString();
     if (!m_hint) {
         m_hint = SettingsStyle::label(text, SettingsStyle::captionFont(), SettingsStyle::accent(),
                                       this, true);
@@ -77,6 +79,7 @@ void SettingsRow::setHint(const QString& text, bool visible)
     }
     static_cast<TextLabel*>(m_hint)->setPlainText(text);
     m_hint->setVisible(visible);
+    return wasShown != visible || (visible && before != text);
 }
 
 } // namespace ravlin

@@ -22,8 +22,10 @@ public:
     // The title is a name (an item's, an app's, a library's) rather than a sentence of the
     // interface.
     void setTitleIsName();
-    // A second explanation line, shown only when asked (a hint after an action).
-    void setHint(const QString& text, bool visible);
+    // A second explanation line, shown only when asked (a hint after an action). True when
+    // the row's height may have changed: the page around it must be fitted again, or the
+    // hint's wrapped lines are cut off.
+    bool setHint(const QString& text, bool visible);
 
     QLabel* titleLabel() const { return m_title; }
     QLabel* descriptionLabel() const { return m_description; }

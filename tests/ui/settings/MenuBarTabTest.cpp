@@ -17,9 +17,12 @@
 #include "ui/settings/PopupButton.h"
 #include "ui/settings/SegmentedControl.h"
 #include "ui/settings/SettingsRow.h"
+#include "ui/settings/ShortcutField.h"
 #include "ui/settings/TextLabel.h"
 #include "ui/settings/ToggleSwitch.h"
 
+#include <QCoreApplication>
+#include <QLayout>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -298,4 +301,26 @@ TEST(MenuBarTabEngineEmpty, SaysThatNoItemWasFound)
         texts(world.window().view()->findChildren<QLabel*>(QStringLiteral("message")));
     EXPECT_EQ(messages,
               QStringList{world.app().languageManager().L(QStringLiteral("menubar.empty"))});
+}
+
+// A refused shortcut is explained under the item's name, in the narrow column beside the
+// bell, the field and the placement: its wrapped lines must all be shown, the row and the
+// page growing for them, not cut off after the first.
+TEST_F(MenuBarTabPlain, ARefusedItemShortcutIsExplainedInWholeLines)
+{
+    world.script(QStringLiteral("settings record \"shortcut:%1\"\nkey ctrl+opt+cmd+M").arg(chat));
+    ShortcutField* field = world.find<ShortcutField>(QStringLiteral("shortcut:") + chat);
+    ASSERT_NE(field, nullptr);
+    auto* row = qobject_cast<SettingsRow*>(field->parentWidget());
+    ASSERT_NE(row, nullptr);
+    QLabel* hint = row->hintLabel();
+    ASSERT_NE(hint, nullptr);
+    ASSERT_TRUE(hint->isVisibleTo(row));
+    QCoreApplication::processEvents();
+    row->window()->layout()->activate();
+    EXPECT_GE(hint->height(), hint->heightForWidth(hint->width()));
+    EXPECT_LE(hint->geometry().bottom(), row->height());
+    // Taken back, the line goes and the row shrinks to its single line again.
+    world.script(QStringLiteral("settings record \"shortcut:%1\"\nkey ctrl+opt+cmd+K").arg(chat));
+    EXPECT_FALSE(hint->isVisibleTo(row));
 }
