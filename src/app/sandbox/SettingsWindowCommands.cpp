@@ -293,6 +293,7 @@ QJsonValue settingsSection(SandboxSession& s, bool)
     return QJsonObject{
         {QStringLiteral("visible"), window.isVisible()},
         {QStringLiteral("tab"), window.currentTab()},
+        {QStringLiteral("frame"), QJsonArray{view->x(), view->y(), view->width(), view->height()}},
         {QStringLiteral("title"), view->windowTitle()},
         {QStringLiteral("rtl"), view->layoutDirection() == Qt::RightToLeft},
         {QStringLiteral("mode"),

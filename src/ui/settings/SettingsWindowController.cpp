@@ -4,6 +4,7 @@
 #include "SettingsActions.h"
 #include "SettingsView.h"
 #include "WindowActivation.h"
+#include "WindowPlacement.h"
 #include "core/app/AppDelegate.h"
 #include "foundation/Logging.h"
 #include "platform/ApplicationControl.h"
@@ -77,13 +78,7 @@ void SettingsWindowController::placeOnScreen()
     if (Screens* screens = m_app.platform().screens.get())
         if (const std::optional<ScreenInfo> main = screens->mainScreen())
             m_view->setMaximumWindowHeight(int(main->visibleFrame.height));
-    // Centred, a little above the middle, where the system puts a new preferences window.
-    const QScreen* screen = QGuiApplication::primaryScreen();
-    if (!screen)
-        return;
-    const QRect area = screen->availableGeometry();
-    m_view->move(area.x() + (area.width() - m_view->width()) / 2,
-                 area.y() + (area.height() - m_view->height()) / 3);
+    m_view->move(newWindowOrigin(m_app.platform().screens.get(), m_view->size()));
 }
 
 void SettingsWindowController::windowClosed()

@@ -6,6 +6,7 @@
 #include "platform/ApplicationControl.h"
 #include "platform/Platform.h"
 #include "ui/settings/WindowActivation.h"
+#include "ui/settings/WindowPlacement.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -51,12 +52,7 @@ bool WelcomeWindowController::isVisible() const
 // Centred, a little above the middle, as the system places a new window.
 void WelcomeWindowController::placeOnScreen()
 {
-    const QScreen* screen = QGuiApplication::primaryScreen();
-    if (!screen)
-        return;
-    const QRect area = screen->availableGeometry();
-    m_view->move(area.x() + (area.width() - m_view->width()) / 2,
-                 area.y() + (area.height() - m_view->height()) / 3);
+    m_view->move(newWindowOrigin(m_app.platform().screens.get(), m_view->size()));
 }
 
 } // namespace ravlin
