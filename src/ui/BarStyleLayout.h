@@ -20,7 +20,7 @@ struct BarStyleLayout {
     static constexpr double smallestCell = 22;
     static constexpr double widestCell = 96;  // a long item (a text, a meter) is squeezed
     static constexpr double markCell = 26;    // an item without a picture: its symbol or initial
-    static constexpr double chipWidth = 74;
+    static constexpr double chipWidth = 68;    // a symbol and a figure up to "100%"
     static constexpr double networkChipWidth = 112;
     static constexpr double searchFieldWidth = 124;
     static constexpr double emptyNoteWidth = 176;

@@ -145,11 +145,10 @@ void BarStylePainter::chip(const PanelTile& tile, const QRectF& rect)
                            figureWidth, inner.height());
     const QRectF labelBox(m_rtl ? inner.left() + figureWidth + 4 : inner.left(), inner.top(),
                           inner.width() - figureWidth - 4, inner.height());
-    const QFont labelFont = fontOf(m_c, 10.5);
-    const bool nameFits =
-        QFontMetricsF(labelFont).horizontalAdvance(tile.label) <= labelBox.width();
-    if (nameFits || tile.symbol.isEmpty()) {
-        text(m_c, labelBox, tile.label, labelFont, m_c.palette.secondaryText(),
+    // Every chip says what it counts by its symbol, so the row reads alike in every language
+    // and no name is ever cut; a screen reader and the tool tip still say the name.
+    if (tile.symbol.isEmpty()) {
+        text(m_c, labelBox, tile.label, fontOf(m_c, 10.5), m_c.palette.secondaryText(),
              m_rtl ? Qt::AlignRight : Qt::AlignLeft);
     } else {
         const double side = 14;

@@ -148,8 +148,8 @@ TEST_F(BarStyleTest, SectionsAreSetApartByHairlinesAndStatisticsComeAsChips)
     EXPECT_TRUE(chips->paintedTexts(QStringLiteral("sys.batt")).contains(QStringLiteral("80%")));
 }
 
-// A chip is 74 points long: a name it cannot hold whole ("Memory", "Battery") is not drawn cut
-// ("Mem…") but gives way to the statistic's symbol; the figure stays.
+// A chip is short: no name is drawn in it, so none is ever cut ("Mem…"); its symbol says what it
+// counts, and the figure stays whole, up to "100%".
 TEST_F(BarStyleTest, ChipsNeverShowACutName)
 {
     const auto chips = view(PanelWorld::groups(3), Qt::LeftToRight, true);
@@ -161,8 +161,11 @@ TEST_F(BarStyleTest, ChipsNeverShowACutName)
         for (const QString& text : painted)
             EXPECT_FALSE(text.contains(QChar(0x2026))) << key.toStdString() << ": " << text.toStdString();
     }
-    EXPECT_TRUE(chips->paintedTexts(QStringLiteral("sys.cpu")).contains(QStringLiteral("CPU")));
+    // Each says what it counts by its symbol, whether its name would fit or not.
+    EXPECT_FALSE(chips->paintedTexts(QStringLiteral("sys.cpu")).contains(QStringLiteral("CPU")));
     EXPECT_FALSE(chips->paintedTexts(QStringLiteral("sys.ram")).contains(QStringLiteral("Memory")));
+    const QFont figure = chips->font();
+    EXPECT_GE(BarStyleLayout::chipWidth, 16 + 14 + 4 + QFontMetricsF(figure).horizontalAdvance(QStringLiteral("100%")));
 }
 
 TEST_F(BarStyleTest, RightToLeftMirrorsTheRow)
