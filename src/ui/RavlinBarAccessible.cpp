@@ -105,10 +105,11 @@ private:
 QStringList RavlinBarAccessible::entryKeys(const RavlinBarView& view)
 {
     QStringList keys = view.tileKeys();
-    if (view.settingsRect())
-        keys.append(RavlinBarView::settingsKey);
+    // In the order they stand: the note's mark comes before the gear beside it.
     if (view.footnoteMarkRect())
         keys.append(RavlinBarView::footnoteKey);
+    if (view.settingsRect())
+        keys.append(RavlinBarView::settingsKey);
     return keys;
 }
 

@@ -17,7 +17,7 @@ public:
 
     // Makes the interface for panel views; installed once by the first view.
     static QAccessibleInterface* factory(const QString& className, QObject* object);
-    // The keys of the list's entries in their order: the tiles, the gear, the note's mark.
+    // The keys of the list's entries in their order: the tiles, the note's mark, the gear.
     static QStringList entryKeys(const RavlinBarView& view);
 
     int childCount() const override;

@@ -2,6 +2,8 @@
 // ring, Return and Space open, Escape clears and closes, the page keys scroll.
 #include "RavlinBarView.h"
 
+#include "RavlinBarAccessible.h"
+
 #include "core/tiles/SearchText.h"
 
 #include <QAccessible>
@@ -42,9 +44,8 @@ void RavlinBarView::setFocusedKey(const std::optional<QString>& key)
     m_focus = key;
     m_focusShown = key.has_value();
     if (key && QAccessible::isActive()) {
-        const int index = int(tileKeys().indexOf(*key));
         QAccessibleEvent moved(this, QAccessible::Focus);
-        moved.setChild(index >= 0 ? index : int(tileKeys().size()));
+        moved.setChild(int(RavlinBarAccessible::entryKeys(*this).indexOf(*key)));
         QAccessible::updateAccessibility(&moved);
     }
     // The gear is always in sight; a tile may have to be brought into view.
