@@ -2,6 +2,7 @@
 // built, laid out and painted offscreen at Retina density, as the panel's styles are in
 // PanelBenchmark.cpp: it must stay within the panel's budget of 4 ms of a 16 ms frame.
 // Pictures are captured images, as on macOS 13 to 26; with the statistics as chips too.
+#include "BackingStore.h"
 #include "support/PanelWorld.h"
 
 #include "core/sysinfo/SystemStats.h"
@@ -38,7 +39,7 @@ struct BarBench {
     PanelContent content{world.stats(), world.weather(), world.tiles(), world.language()};
     PanelRequest request;
     PaintCache cache;
-    QImage image;
+    bench::BackingStore backing;
 
     explicit BarBench(bool statistics = false)
     {
@@ -65,14 +66,7 @@ struct BarBench {
     }
     void paint(RavlinBarView& view)
     {
-        const QSize pixels = view.size() * 2;
-        if (image.size() != pixels) {
-            image = QImage(pixels, QImage::Format_ARGB32_Premultiplied);
-            image.setDevicePixelRatio(2);
-        }
-        image.fill(Qt::transparent);
-        view.render(&image);
-        benchmark::DoNotOptimize(image.constBits());
+        backing.paint(view);
     }
 };
 

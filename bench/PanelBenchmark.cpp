@@ -1,6 +1,7 @@
 // Building, laying out and painting the tile panel with 60 item tiles, per style,
 // offscreen at Retina density. One frame's budget is 16 ms; the panel must fit in
 // 4 ms of it. Build (sections and layout) and paint are also measured apart.
+#include "BackingStore.h"
 #include "support/PanelWorld.h"
 
 #include "core/sysinfo/SystemStats.h"
@@ -45,19 +46,11 @@ struct PanelBench {
         return v;
     }
     static constexpr int tallestOnScreen = 900 - 24 - 6 - 8;
-    // Into a buffer kept from frame to frame, as a window's backing store is.
     void paint(RavlinBarView& view)
     {
-        const QSize pixels = view.size() * 2;
-        if (image.size() != pixels) {
-            image = QImage(pixels, QImage::Format_ARGB32_Premultiplied);
-            image.setDevicePixelRatio(2);
-        }
-        image.fill(Qt::transparent);
-        view.render(&image);
-        benchmark::DoNotOptimize(image.constBits());
+        backing.paint(view);
     }
-    QImage image;
+    bench::BackingStore backing;
 };
 
 // Without the paint cache, as every frame was drawn before it.

@@ -240,19 +240,8 @@ void BarStylePainter::emptyNote(const QString& note, const QRectF& rect)
 
 void BarStylePainter::footnoteMark(const QRectF& rect, const TileState& state)
 {
-    m_p.save();
-    const int fill = state.pressed ? 44 : state.hovered ? 32 : 0;
-    if (fill > 0) {
-        m_p.setPen(Qt::NoPen);
-        m_p.setBrush(m_c.palette.glass(rect, fill));
-        m_p.drawEllipse(rect);
-    }
-    symbol(m_c, rect.adjusted(3, 3, -3, -3), QStringLiteral("info.circle"),
-           state.hovered ? m_c.palette.primaryText() : m_c.palette.secondaryText());
-    m_p.restore();
-    if (state.focused)
-        TilePainter(m_p, TileStyle::Bar, m_rtl, m_c.cache, m_c.palette)
-            .focusRing(rect, rect.height() / 2);
+    TilePainter(m_p, TileStyle::Bar, m_rtl, m_c.cache, m_c.palette)
+        .roundButton(rect, state, QStringLiteral("info.circle"), 3);
 }
 
 void BarStylePainter::settingsButton(const QRectF& rect, const TileState& state)

@@ -357,6 +357,12 @@ void TilePainter::searchField(const QString& query, const QRectF& rect, QStringL
 
 void TilePainter::settingsButton(const QRectF& rect, const TileState& state)
 {
+    roundButton(rect, state, QStringLiteral("gearshape"), 4);
+}
+
+void TilePainter::roundButton(const QRectF& rect, const TileState& state, const QString& symbolName,
+                              double inset)
+{
     m_p.save();
     const int fill = state.pressed ? 44 : state.hovered ? 32 : 0;
     if (fill > 0) {
@@ -364,7 +370,7 @@ void TilePainter::settingsButton(const QRectF& rect, const TileState& state)
         m_p.setBrush(m_c.palette.glass(rect, fill));
         m_p.drawEllipse(rect);
     }
-    symbol(m_c, rect.adjusted(4, 4, -4, -4), QStringLiteral("gearshape"),
+    symbol(m_c, rect.adjusted(inset, inset, -inset, -inset), symbolName,
            state.hovered ? m_c.palette.primaryText() : m_c.palette.secondaryText());
     m_p.restore();
     if (state.focused)

@@ -50,6 +50,9 @@ public:
     void searchField(const QString& query, const QRectF& rect, QStringList* painted = nullptr);
     // The small gear that opens the settings window.
     void settingsButton(const QRectF& rect, const TileState& state);
+    // A small round button of one symbol, lit under the pointer, ringed with the focus.
+    void roundButton(const QRectF& rect, const TileState& state, const QString& symbolName,
+                     double inset);
     // The keyboard's focus ring around a part of the panel with that corner radius.
     void focusRing(const QRectF& rect, double radius);
     double cornerRadius(const PanelTile& tile, const QRectF& rect) const;

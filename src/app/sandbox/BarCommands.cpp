@@ -22,15 +22,6 @@ namespace {
 
 using Phase = ScriptRunner::Phase;
 
-double number(CommandContext& c, qsizetype i, const QString& what)
-{
-    bool ok = false;
-    const double v = c.need(i, what).toDouble(&ok);
-    if (!ok)
-        c.fail(QStringLiteral("%1 must be a number, not %2").arg(what, c.word(i)));
-    return v;
-}
-
 void engineCommand(CommandContext& c)
 {
     const QString what = c.need(1, QStringLiteral("available, unavailable or refuse"));
@@ -66,14 +57,14 @@ void hoverCommand(CommandContext& c)
     const QString target = c.need(1, QStringLiteral("the hover's target"));
     WindowServerPoint point;
     if (target == u"point") {
-        point = {number(c, 2, QStringLiteral("x")), number(c, 3, QStringLiteral("y"))};
+        point = {c.number(2, QStringLiteral("x")), c.number(3, QStringLiteral("y"))};
     } else if (target == u"near-main") {
         const SimStatusItem* main = c.session.statusBar().item(StatusBarController::mainName);
         const std::optional<WindowServerRect> f = main ? main->windowServerFrame() : std::nullopt;
         if (!f)
             c.fail(QStringLiteral("the main item is not in the bar"));
-        const double dx = number(c, 2, QStringLiteral("DX")),
-                     dy = number(c, 3, QStringLiteral("DY"));
+        const double dx = c.number(2, QStringLiteral("DX")),
+                     dy = c.number(3, QStringLiteral("DY"));
         point.x = dx < 0 ? f->x + dx : dx > 0 ? f->maxX() + dx : f->x + f->width / 2;
         point.y = dy < 0 ? f->y + dy : dy > 0 ? f->maxY() + dy : f->y + f->height / 2;
     } else if (target.startsWith(QStringLiteral("item:"))) {

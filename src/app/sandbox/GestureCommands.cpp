@@ -18,19 +18,10 @@ namespace {
 
 using Phase = ScriptRunner::Phase;
 
-double number(CommandContext& c, qsizetype i, const QString& what)
-{
-    bool ok = false;
-    const double v = c.need(i, what).toDouble(&ok);
-    if (!ok)
-        c.fail(QStringLiteral("%1 must be a number, not %2").arg(what, c.word(i)));
-    return v;
-}
-
 // menus WIDTH: the front application's menus take that much of every menu bar's left end.
 void menusCommand(CommandContext& c)
 {
-    const double width = number(c, 1, QStringLiteral("the menus' width"));
+    const double width = c.number(1, QStringLiteral("the menus' width"));
     if (width < 0)
         c.fail(QStringLiteral("the menus' width cannot be negative"));
     c.session.desktop().setAppMenusWidth(width);
@@ -44,7 +35,7 @@ WindowServerPoint scrollPoint(CommandContext& c, qsizetype& next)
     const SimScreen main = desktop.mainScreen();
     if (target == u"point") {
         next = 4;
-        return {number(c, 2, QStringLiteral("x")), number(c, 3, QStringLiteral("y"))};
+        return {c.number(2, QStringLiteral("x")), c.number(3, QStringLiteral("y"))};
     }
     if (target == u"menubar")
         return {main.width * 0.4, main.menuBarHeight / 2};

@@ -14,6 +14,15 @@ QString CommandContext::need(qsizetype i, const QString& what) const
     return line.words[i].text;
 }
 
+double CommandContext::number(qsizetype i, const QString& what) const
+{
+    bool ok = false;
+    const double v = need(i, what).toDouble(&ok);
+    if (!ok)
+        fail(QStringLiteral("%1 must be a number, not %2").arg(what, word(i)));
+    return v;
+}
+
 QMap<QString, QString> CommandContext::options(qsizetype from) const
 {
     QMap<QString, QString> result;

@@ -32,6 +32,8 @@ struct CommandContext {
     qsizetype wordCount() const { return line.words.size(); }
     // The word, or a script error naming what is missing.
     QString need(qsizetype i, const QString& what) const;
+    // The word read as a number, or a script error naming what it should have been.
+    double number(qsizetype i, const QString& what) const;
     // name=value options from word i on.
     QMap<QString, QString> options(qsizetype from) const;
     [[noreturn]] void fail(const QString& message) const { throw ScriptError{message}; }

@@ -4,11 +4,8 @@
 
 #include "core/app/AppDelegate.h"
 #include "core/app/UrlCommands.h"
-#include "sandbox/SandboxCommands.h"
-#include "sandbox/SandboxSession.h"
-#include "sandbox/ScriptRunner.h"
+#include "support/ScriptedSession.h"
 
-#include <QTextStream>
 
 #include <gtest/gtest.h>
 
@@ -19,20 +16,11 @@ namespace {
 
 // Two items whose names differ only in letter case: a name in a URL matches both. (Items
 // that would read alike are named apart, so only letter case can make a name ambiguous.)
-struct Started {
-    QString out, err;
-    QTextStream o{&out}, e{&err};
-    SandboxSession session{[] {
-        SandboxSession::Options options;
-        options.resourcesDir = test::resourcesDir();
-        return options;
-    }()};
-    ScriptRunner runner{session, o, e};
+struct Started : test::ScriptedSession {
     Started()
     {
-        registerAll(runner);
         const int status =
-            runner.run(QStringLiteral("app com.example.a \"Sync\"\n"
+            run(QStringLiteral("app com.example.a \"Sync\"\n"
                                       "item com.example.a \"A Status\" ax.title=\"Sync\"\n"
                                       "app com.example.b \"SYNC\"\n"
                                       "item com.example.b \"B Status\" ax.title=\"SYNC\"\n"
@@ -84,9 +72,7 @@ TEST(UrlCommands, NoURLWritesALineOfItsOwn)
 // line, and what waited is done once the start is over.
 TEST(UrlCommands, OnlyAFewWaitForTheStart)
 {
-    SandboxSession::Options options;
-    options.resourcesDir = test::resourcesDir();
-    SandboxSession session(options);
+    SandboxSession session(test::ScriptedSession::options());
     UrlCommands urls(session.app());
     ASSERT_EQ(session.app().statusBar(), nullptr);
     int waiting = 0;

@@ -4,14 +4,11 @@
 
 #include "core/app/AppDelegate.h"
 #include "core/bar/StatusBarController.h"
-#include "sandbox/SandboxCommands.h"
-#include "sandbox/SandboxSession.h"
-#include "sandbox/ScriptRunner.h"
+#include "support/ScriptedSession.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
-#include <QTextStream>
 
 #include <gtest/gtest.h>
 
@@ -22,19 +19,10 @@ using namespace ravlin::sandbox;
 
 namespace {
 
-struct Started {
-    QString out, err;
-    QTextStream o{&out}, e{&err};
-    SandboxSession session{[] {
-        SandboxSession::Options options;
-        options.resourcesDir = test::resourcesDir();
-        return options;
-    }()};
-    ScriptRunner runner{session, o, e};
+struct Started : test::ScriptedSession {
     Started()
     {
-        registerAll(runner);
-        const int status = runner.run(QStringLiteral(
+        const int status = run(QStringLiteral(
             "app com.example.chat \"Chat\"\nitem com.example.chat \"Chat Status\"\n"
             "app com.example.mail \"Mail\"\nitem com.example.mail \"Mail Status\"\n"
             "start\nadvance 3\n"));

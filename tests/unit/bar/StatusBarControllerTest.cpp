@@ -5,9 +5,7 @@
 #include "core/settings/Preferences.h"
 #include "foundation/NotificationCenter.h"
 #include "platform/sim/SimStatusBar.h"
-#include "sandbox/SandboxCommands.h"
-#include "sandbox/SandboxSession.h"
-#include "sandbox/ScriptRunner.h"
+#include "support/ScriptedSession.h"
 
 #include <QTextStream>
 
@@ -18,18 +16,7 @@ using namespace ravlin::sandbox;
 
 namespace {
 
-struct Started {
-    QString out, err;
-    QTextStream o{&out}, e{&err};
-    SandboxSession session{[] {
-        SandboxSession::Options options;
-        options.resourcesDir = test::resourcesDir();
-        return options;
-    }()};
-    ScriptRunner runner{session, o, e};
-    Started() { registerAll(runner); }
-    int run(const QString& script) { return runner.run(script); }
-};
+using Started = test::ScriptedSession;
 
 } // namespace
 
