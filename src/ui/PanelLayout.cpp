@@ -14,7 +14,7 @@ constexpr double gridGap = 7;  // the grid's flow, both directions
 constexpr double gridColumns = 4;
 constexpr double gridHeight = 72;
 constexpr double emptyNoteHeight = 34;
-constexpr double footnoteHeight = 30; // two short lines of small text
+constexpr double footnoteLineHeight = 15; // a line of small text
 
 double heightOf(const PanelTile& tile, TileStyle style)
 {
@@ -81,12 +81,14 @@ public:
         m_y += emptyNoteHeight;
     }
 
-    void footnote(PanelLayout& out)
+    // Never lower than two lines, so a short note keeps the room it always had.
+    void footnote(PanelLayout& out, int lines)
     {
+        const double height = footnoteLineHeight * std::max(2, lines);
         m_y += m_started ? PanelLayout::headerGap : 0;
         m_started = true;
-        out.footnote = QRectF(x0(), m_y, m_inner, footnoteHeight);
-        m_y += footnoteHeight;
+        out.footnote = QRectF(x0(), m_y, m_inner, height);
+        m_y += height;
     }
 
     void searchField(PanelLayout& out)
@@ -174,7 +176,7 @@ QRectF mirrored(const QRectF& r, double width)
 } // namespace
 
 PanelLayout PanelLayout::make(const std::vector<PanelSection>& sections, TileStyle style,
-                              double width, bool rightToLeft, bool noteEmpty, bool withFootnote,
+                              double width, bool rightToLeft, bool noteEmpty, int footnoteLines,
                               bool withSearchField, bool withSettingsButton)
 {
     PanelLayout out;
@@ -193,8 +195,8 @@ PanelLayout PanelLayout::make(const std::vector<PanelSection>& sections, TileSty
     }
     if (noteEmpty && !notePlaced)
         builder.emptyNote(out);
-    if (withFootnote)
-        builder.footnote(out);
+    if (footnoteLines > 0)
+        builder.footnote(out, footnoteLines);
     if (withSettingsButton)
         builder.settingsButton(out);
     out.height = builder.height();

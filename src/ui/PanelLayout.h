@@ -56,7 +56,7 @@ struct PanelLayout {
     // Lays the sections out for a panel `width` wide; right-to-left mirrors every rectangle.
     static PanelLayout make(const std::vector<PanelSection>& sections, TileStyle style,
                             double width, bool rightToLeft, bool noteEmpty,
-                            bool withFootnote = false, bool withSearchField = false,
+                            int footnoteLines = 0, bool withSearchField = false,
                             bool withSettingsButton = false);
 
     // The height the panel asks for: the content's, short of the strip's limit.

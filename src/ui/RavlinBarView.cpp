@@ -2,6 +2,7 @@
 
 #include "BarStyleLayout.h"
 #include "RavlinBarAccessible.h"
+#include "TilePainter.h"
 #include "core/sysinfo/SystemStats.h"
 #include "core/sysinfo/WeatherService.h"
 #include "core/tiles/PanelPlacement.h"
@@ -106,8 +107,11 @@ PanelLayout RavlinBarView::layoutFor(double width) const
     if (m_style == TileStyle::Bar)
         return BarStyleLayout::make(m_sections, m_barHeight, isRightToLeft(), noteEmpty,
                                     searching, true, !m_request.footnote.isEmpty());
+    const double footnoteWidth = width - 2 * PanelLayout::padding;
     return PanelLayout::make(m_sections, m_style, width, isRightToLeft(), noteEmpty,
-                             !m_request.footnote.isEmpty(), searching, true);
+                             TilePainter::footnoteLines(m_request.footnote, footnoteWidth,
+                                                        m_paintCache),
+                             searching, true);
 }
 
 QSize RavlinBarView::sizeHint() const

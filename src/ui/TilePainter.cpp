@@ -12,9 +12,13 @@
 #include <QTextLayout>
 
 #include <algorithm>
+#include <cmath>
 
 namespace ravlin {
 namespace {
+
+constexpr double footnotePointSize = 10.5;
+constexpr double footnoteInset = 4;
 
 // Measures inside a tile from its leading edge, so one description serves both directions.
 struct Box {
@@ -385,13 +389,25 @@ void TilePainter::header(const QString& title, const QRectF& rect)
 }
 
 // Small secondary text, wrapped over up to two lines, in the reading direction.
+int TilePainter::footnoteLines(const QString& note, double width, PaintCache* cache)
+{
+    if (note.isEmpty())
+        return 0;
+    const QFont font = cache ? cache->font(footnotePointSize, QFont::Normal)
+                             : Theme::font(footnotePointSize, QFont::Normal);
+    const QFontMetricsF metrics(font);
+    const QRectF wrapped = metrics.boundingRect(QRectF(0, 0, width - 2 * footnoteInset, 1e6),
+                                                int(Qt::AlignLeft | Qt::TextWordWrap), note);
+    return std::max(1, int(std::ceil(wrapped.height() / metrics.lineSpacing() - 0.01)));
+}
+
 void TilePainter::footnote(const QString& note, const QRectF& rect)
 {
     m_p.save();
-    m_p.setFont(fontOf(m_c, 10.5));
+    m_p.setFont(fontOf(m_c, footnotePointSize));
     m_p.setPen(m_c.palette.secondaryText());
     m_p.drawText(
-        rect.adjusted(4, 0, -4, 0),
+        rect.adjusted(footnoteInset, 0, -footnoteInset, 0),
         int((m_rtl ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute | Qt::AlignVCenter) |
             Qt::TextWordWrap,
         note);

@@ -46,6 +46,8 @@ public:
     void header(const QString& title, const QRectF& rect);
     void emptyNote(const QString& text, const QRectF& rect);
     void footnote(const QString& text, const QRectF& rect);
+    // How many lines the note takes when wrapped in a footnote that wide.
+    static int footnoteLines(const QString& text, double width, PaintCache* cache);
     // The field that shows what the user typed, with its caret; the text is noted.
     void searchField(const QString& query, const QRectF& rect, QStringList* painted = nullptr);
     // The small gear that opens the settings window.

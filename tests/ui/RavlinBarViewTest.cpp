@@ -4,9 +4,11 @@
 
 #include "core/settings/Preferences.h"
 #include "core/sysinfo/SystemStats.h"
+#include "core/tiles/PanelPlacement.h"
 #include "core/tiles/TileModel.h"
 #include "platform/sim/SimSystemProbe.h"
 #include "ui/RavlinBarView.h"
+#include "ui/Theme.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -308,4 +310,34 @@ TEST_F(ViewTest, ATallPanelScrollsAndOnlyWhatIsInSightIsDrawnAndHit)
     EXPECT_EQ(v->scrollOffset(), 0);
     v->scrollBy(-50); // never above the top
     EXPECT_EQ(v->scrollOffset(), 0);
+}
+
+// The note under the content takes as many lines as its words need, in every style, and the
+// gear stays below it: a long note (items out of reach and a rule in force) is never cut.
+TEST_F(ViewTest, TheNoteTakesTheLinesItsWordsNeed)
+{
+    const QString shortNote = QStringLiteral("Rule in force: Desk.");
+    const QString longNote = QStringLiteral(
+        "Set to stay in the menu bar: Notes, Chat and Mail. Click here to drag them there in "
+        "arrange mode. Rule in force: On battery, At the office.");
+    for (TileStyle style : panelTileStyles) {
+        auto heightFor = [&](const QString& text) {
+            PanelRequest request;
+            request.groups = PanelWorld::groups(3);
+            request.footnote = text;
+            RavlinBarView v(RavlinBarView::Sources{content, world.tiles(), world.stats(),
+                                                   world.weather(), QStringLiteral("none")},
+                            request, style);
+            v.resize(int(PanelPlacement::panelWidth), v.heightForWidth(int(PanelPlacement::panelWidth)));
+            const QRectF note = *v.panelLayout().footnote;
+            const QFontMetricsF metrics(Theme::font(10.5, QFont::Normal));
+            const QRectF words = metrics.boundingRect(QRectF(0, 0, note.width() - 8, 1e6),
+                                                      int(Qt::AlignLeft | Qt::TextWordWrap), text);
+            EXPECT_GE(note.height(), words.height()) << int(style);
+            EXPECT_LE(note.bottom(), v.panelLayout().settingsButton->top()) << int(style);
+            return note.height();
+        };
+        EXPECT_EQ(heightFor(shortNote), 30) << int(style);
+        EXPECT_GT(heightFor(longNote), 30) << int(style);
+    }
 }
